@@ -26,78 +26,80 @@ extern "C" {
 #endif
 
 typedef struct VelmorHeap VelmorHeap;
-typedef HostObject (*VelmorCommand)(const HostTable *host, HostObject argseq);
+typedef HostObject (*VelmorCommand)(const HostTable* host, HostObject argseq);
 
 /* Null when memory fails. Freeing a heap frees every object in it. */
-VelmorHeap *velmor_heap_new(void);
-void velmor_heap_free(VelmorHeap *heap);
-const HostTable *velmor_table(VelmorHeap *heap);
+VelmorHeap* velmor_heap_new(void);
+void velmor_heap_free(VelmorHeap* heap);
+const HostTable* velmor_table(VelmorHeap* heap);
 
 /* ---- Making values. Lists, sets and sequences copy `items`. ---- */
-HostObject velmor_integer(VelmorHeap *heap, int64_t value);
-HostObject velmor_big_integer(VelmorHeap *heap, const char *decimal); /* of any size */
-HostObject velmor_float(VelmorHeap *heap, double value);
-HostObject velmor_string(VelmorHeap *heap, const char *text);
-HostObject velmor_string_n(VelmorHeap *heap, const char *bytes, size_t length); /* no NUL inside */
-HostObject velmor_name(VelmorHeap *heap, const char *text); /* the one name with this text */
-HostObject velmor_sequence(VelmorHeap *heap, size_t n, const HostObject *items);
-HostObject velmor_list(VelmorHeap *heap, size_t n, const HostObject *items);
-HostObject velmor_set(VelmorHeap *heap, size_t n, const HostObject *items);
-HostObject velmor_range(VelmorHeap *heap, HostObject low, HostObject high);
-HostObject velmor_equation(VelmorHeap *heap, HostObject left, HostObject right);
-HostObject velmor_function(VelmorHeap *heap, HostObject name, HostObject argseq); /* f(x, ...) */
+HostObject velmor_integer(VelmorHeap* heap, int64_t value);
+HostObject velmor_big_integer(VelmorHeap* heap, const char* decimal); /* of any size */
+HostObject velmor_float(VelmorHeap* heap, double value);
+HostObject velmor_string(VelmorHeap* heap, const char* text);
+HostObject velmor_string_n(VelmorHeap* heap, const char* bytes, size_t length); /* no NUL inside */
+HostObject velmor_name(VelmorHeap* heap, const char* text); /* the one name with this text */
+HostObject velmor_sequence(VelmorHeap* heap, size_t n, const HostObject* items);
+HostObject velmor_list(VelmorHeap* heap, size_t n, const HostObject* items);
+HostObject velmor_set(VelmorHeap* heap, size_t n, const HostObject* items);
+HostObject velmor_range(VelmorHeap* heap, HostObject low, HostObject high);
+HostObject velmor_equation(VelmorHeap* heap, HostObject left, HostObject right);
+HostObject velmor_function(VelmorHeap* heap, HostObject name, HostObject argseq); /* f(x, ...) */
 
 /* ---- Reading values ---- */
 int velmor_tag(HostObject object);
-const char *velmor_text(HostObject string_or_name); /* null for anything else */
+const char* velmor_text(HostObject string_or_name); /* null for anything else */
 size_t velmor_text_length(HostObject string_or_name);
 int64_t velmor_to_integer(HostObject integer); /* 0 when it is none or does not fit */
 size_t velmor_size(HostObject sequence_or_list_or_set);
 HostObject velmor_element(HostObject sequence_or_list_or_set, size_t i); /* 1-based */
-/* The object in host syntax: "abc", [1, 2], a .. b, x = 1. The caller frees the text with free(). */
-char *velmor_print(VelmorHeap *heap, HostObject object);
+/* The object in host syntax: "abc", [1, 2], a .. b, x = 1. The caller frees the text with free().
+ */
+char* velmor_print(VelmorHeap* heap, HostObject object);
 
 /* ---- Names and evaluation ---- */
-void velmor_assign(VelmorHeap *heap, HostObject name, HostObject value);
-HostObject velmor_value(VelmorHeap *heap, HostObject name); /* 0 when it has none */
+void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value);
+HostObject velmor_value(VelmorHeap* heap, HostObject name); /* 0 when it has none */
 /* What HostEvalProc calls for a name other than convert and sprintf: 1 and *result, or 0 with a
  * message that velmor_fail has set. */
-typedef int (*VelmorEvaluator)(void *context, VelmorHeap *heap, HostObject procedure,
-                               HostObject argseq, HostObject *result);
-void velmor_set_evaluator(VelmorHeap *heap, VelmorEvaluator evaluator, void *context);
-void velmor_fail(VelmorHeap *heap, const char *message);
+typedef int (*VelmorEvaluator)(void* context, VelmorHeap* heap, HostObject procedure,
+                               HostObject argseq, HostObject* result);
+void velmor_set_evaluator(VelmorHeap* heap, VelmorEvaluator evaluator, void* context);
+void velmor_fail(VelmorHeap* heap, const char* message);
 
 /* ---- Calling ---- */
 /* Runs a command: 1 and *result, or 0 when it raised; velmor_error then tells what, with the
  * placeholders filled in. Nests: an evaluator may call commands. */
-int velmor_call(VelmorHeap *heap, VelmorCommand command, HostObject argseq, HostObject *result);
-const char *velmor_error(VelmorHeap *heap);
+int velmor_call(VelmorHeap* heap, VelmorCommand command, HostObject argseq, HostObject* result);
+const char* velmor_error(VelmorHeap* heap);
 
-/* ---- Output: HostPrintf (default: standard output) and HostUserInfo (default: standard error) --- */
-void velmor_set_output(VelmorHeap *heap, void (*print)(void *context, const char *text),
-                       void *context);
-void velmor_set_userinfo(VelmorHeap *heap,
-                         void (*info)(void *context, int64_t level, const char *package,
-                                      const char *text),
-                         void *context);
+/* ---- Output: HostPrintf (default: standard output) and HostUserInfo (default: standard error) ---
+ */
+void velmor_set_output(VelmorHeap* heap, void (*print)(void* context, const char* text),
+                       void* context);
+void velmor_set_userinfo(VelmorHeap* heap,
+                         void (*info)(void* context, int64_t level, const char* package,
+                                      const char* text),
+                         void* context);
 
 /* ---- Collecting ---- */
 /* Frees what neither a name, nor a protected object, nor a rooted one reaches, and scribbles over
  * it, so that a stale reference shows. Not during a call. Returns how many objects it freed. */
-size_t velmor_collect(VelmorHeap *heap);
-void velmor_root(VelmorHeap *heap, HostObject object); /* counted */
-void velmor_unroot(VelmorHeap *heap, HostObject object);
-size_t velmor_object_count(const VelmorHeap *heap);
-size_t velmor_protected_count(const VelmorHeap *heap); /* HostGcProtect less HostGcAllow */
+size_t velmor_collect(VelmorHeap* heap);
+void velmor_root(VelmorHeap* heap, HostObject object); /* counted */
+void velmor_unroot(VelmorHeap* heap, HostObject object);
+size_t velmor_object_count(const VelmorHeap* heap);
+size_t velmor_protected_count(const VelmorHeap* heap); /* HostGcProtect less HostGcAllow */
 
 /* ---- For tests ---- */
 /* Makes the k-th host operation from now (1-based) that can raise do so, once; 0 disarms. The
  * error reads "injected failure". */
-void velmor_fail_operation(VelmorHeap *heap, size_t k);
-size_t velmor_operation_count(const VelmorHeap *heap); /* of those operations, ever */
+void velmor_fail_operation(VelmorHeap* heap, size_t k);
+size_t velmor_operation_count(const VelmorHeap* heap); /* of those operations, ever */
 /* Faults of the library that the host noticed (an unlisted position called, a bad index, a value
  * of the wrong kind handed to an operation), as text; empty when there were none. */
-const char *velmor_faults(const VelmorHeap *heap);
+const char* velmor_faults(const VelmorHeap* heap);
 
 #ifdef __cplusplus
 }

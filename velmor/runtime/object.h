@@ -1,0 +1,70 @@
+// Layout of host objects.
+//
+// A word is an immediate integer when its lowest bit is set: its value is the word shifted right by
+// one. Any other word points to an object, whose first word is the header: length in words in bits
+// 0 .. 31, tag in bits 32 .. 37, the collector's mark in bit 63.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "host/vstring.h"
+
+namespace velmor {
+
+// Tags of this host's own, besides those that vstring.h lists.
+constexpr int kTagFloat = 0x03;
+constexpr int kTagQuoted = 0x12;    // guards word 1 from evaluation
+constexpr int kTagSequence = 0x1e;  // the elements from word 1 on; NULL is the one of no elements
+
+constexpr std::uint64_t kMarkBit = std::uint64_t{1} << 63;
+constexpr std::int64_t kMinImmediate = INT64_MIN / 2;
+constexpr std::int64_t kMaxImmediate = INT64_MAX / 2;
+
+inline bool is_immediate(HostObject object) { return (object & 1) != 0; }
+inline std::int64_t immediate_value(HostObject object) {
+  return static_cast<std::int64_t>(object) >> 1;
+}
+inline HostObject immediate(std::int64_t value) {
+  return (static_cast<std::uint64_t>(value) << 1) | 1;
+}
+
+// The words of an object that is no immediate.
+inline std::uint64_t* words(HostObject object) { return reinterpret_cast<std::uint64_t*>(object); }
+inline HostObject object_of(std::uint64_t* words) { return reinterpret_cast<HostObject>(words); }
+inline std::size_t length_in_words(HostObject object) { return words(object)[0] & 0xffffffff; }
+
+// The tag; 0 for the null word, the tag of its sign for an immediate.
+inline int tag_of(HostObject object) {
+  if (is_immediate(object))
+    return static_cast<std::int64_t>(object) < 0 ? HOST_TAG_NEGATIVE : HOST_TAG_NON_NEGATIVE;
+  return object == 0 ? 0 : static_cast<int>((words(object)[0] >> 32) & 0x3f);
+}
+
+inline bool is_integer(HostObject object) {
+  const int tag = tag_of(object);
+  return tag == HOST_TAG_NEGATIVE || tag == HOST_TAG_NON_NEGATIVE;
+}
+inline bool is_integer32(HostObject object) {
+  return is_immediate(object) && immediate_value(object) == std::int32_t(immediate_value(object));
+}
+inline bool is_text(HostObject object) {
+  const int tag = tag_of(object);
+  return tag == HOST_TAG_STRING || tag == HOST_TAG_NAME;
+}
+
+// Text of a string or name.
+constexpr std::size_t kTextWord = 3;
+inline const char* text_of(HostObject object) {
+  return reinterpret_cast<const char*>(words(object) + kTextWord);
+}
+std::size_t text_length(HostObject object);
+inline std::string_view text_view(HostObject object) {
+  return {text_of(object), text_length(object)};
+}
+
+// The sequence that holds the elements of a sequence, list or set; 0 for anything else.
+HostObject elements_of(HostObject object);
+inline std::size_t sequence_size(HostObject sequence) { return length_in_words(sequence) - 1; }
+
+}  // namespace velmor
