@@ -1,0 +1,24 @@
+// A set of byte values: 256 bits, so that making one from a short list costs next to nothing.
+#pragma once
+#include <cstdint>
+
+#include "runtime/bytes.h"
+
+namespace vstring {
+
+class ByteSet {
+ public:
+  constexpr ByteSet() = default;
+  explicit ByteSet(Bytes members) {
+    for (const Byte c : members) add(c);
+  }
+
+  constexpr void add(Byte c) { words_[c / 64] |= bit(c); }
+  constexpr bool has(Byte c) const { return (words_[c / 64] & bit(c)) != 0; }
+
+ private:
+  static constexpr std::uint64_t bit(Byte c) { return std::uint64_t{1} << (c % 64); }
+  std::uint64_t words_[4] = {};
+};
+
+}  // namespace vstring

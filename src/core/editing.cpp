@@ -1,0 +1,95 @@
+#include "core/editing.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "bytes/byte_set.h"
+
+namespace vstring::core {
+
+std::size_t prefix_without(Bytes text, Bytes set) {
+  const ByteSet stops(set);
+  std::size_t n = 0;
+  while (n < text.size() && !stops.has(text[n])) ++n;
+  return n;
+}
+
+std::size_t after_last_of(Bytes text, Bytes set) {
+  const ByteSet stops(set);
+  std::size_t n = text.size();
+  while (n > 0 && !stops.has(text[n - 1])) --n;
+  return n;
+}
+
+std::size_t prefix_of(Bytes text, Bytes set) {
+  const ByteSet members(set);
+  std::size_t n = 0;
+  while (n < text.size() && members.has(text[n])) ++n;
+  return n;
+}
+
+std::size_t prefix_of(Bytes text, CharTest test) {
+  std::size_t n = 0;
+  while (n < text.size() && test(text[n]) != 0) ++n;
+  return n;
+}
+
+bool is_prefix(Bytes prefix, Bytes text) {
+  return prefix.size() <= text.size() && equal(prefix, text.first(prefix.size()));
+}
+
+bool is_suffix(Bytes suffix, Bytes text) {
+  return suffix.size() <= text.size() && equal(suffix, text.last(suffix.size()));
+}
+
+std::size_t first_position(Bytes text, Byte c) {
+  if (text.empty()) return 0;
+  const void* const found = std::memchr(text.data(), c, text.size());
+  if (found == nullptr) return 0;
+  return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data()) + 1;
+}
+
+std::size_t last_position(Bytes text, Byte c) {
+  std::size_t n = text.size();
+  while (n > 0 && text[n - 1] != c) --n;
+  return n;
+}
+
+std::size_t count(Bytes text, Byte c) {
+  return static_cast<std::size_t>(std::count(text.begin(), text.end(), c));
+}
+
+Byte largest(Bytes text) { return *std::max_element(text.begin(), text.end()); }
+Byte smallest(Bytes text) { return *std::min_element(text.begin(), text.end()); }
+
+void repeat(Bytes text, MutableBytes out) {
+  if (out.empty()) return;
+  // Doubling what is there already keeps the copies long.
+  copy_into(out, text);
+  for (std::size_t done = text.size(); done < out.size();) {
+    const std::size_t more = std::min(done, out.size() - done);
+    std::memcpy(out.data() + done, out.data(), more);
+    done += more;
+  }
+}
+
+void reverse(Bytes text, MutableBytes out) {
+  std::reverse_copy(text.begin(), text.end(), out.begin());
+}
+
+void rotate_right(Bytes text, std::int64_t distance, MutableBytes out) {
+  const std::size_t magnitude = static_cast<std::size_t>(distance < 0 ? -distance : distance);
+  const std::size_t moved = magnitude % text.size();
+  copy_into(copy_into(out, text.last(moved)), text.first(text.size() - moved));
+}
+
+void shift(Bytes text, std::int32_t amount, MutableBytes out) {
+  const auto by = static_cast<Byte>(amount);
+  for (std::size_t i = 0; i < text.size(); ++i) out[i] = static_cast<Byte>(text[i] + by);
+}
+
+void iota(Byte first, MutableBytes out) {
+  for (std::size_t i = 0; i < out.size(); ++i) out[i] = static_cast<Byte>(first + i);
+}
+
+}  // namespace vstring::core

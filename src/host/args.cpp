@@ -1,0 +1,94 @@
+#include "host/args.h"
+
+#include <cstdio>
+
+#include "runtime/memory.h"
+
+namespace vstring {
+
+Args::Args(const HostTable* host, HostObject argseq, const Signature& signature)
+    : host_(host), argseq_(argseq), signature_(signature), count_(0) {
+  memory::begin_call();
+  count_ = host->HostNumArgs(argseq);
+  if (count_ >= signature.required) return;
+  if (signature.too_few != nullptr) raise(signature.too_few);
+  char message[80];
+  const long count = count_;
+  if (signature.required == 1) {
+    std::snprintf(message, sizeof message, messages::kOneArgument, count);
+  } else {
+    std::snprintf(message, sizeof message, messages::kSeveralArguments, signature.required, count);
+  }
+  raise(message);
+}
+
+Bytes Args::text(int position) const {
+  const HostObject argument = object(position);
+  if (!is_text(argument)) refuse_kind(position, messages::kStringExpected);
+  return text_of(argument);
+}
+
+std::int32_t Args::integer32(int position) const {
+  const HostObject argument = object(position);
+  if (!is_integer32(argument)) refuse_kind(position, messages::kInteger32Expected);
+  return host_->HostToInteger32(argument);
+}
+
+std::int32_t Args::non_negative(int position) const {
+  const std::int32_t value = integer32(position);
+  if (value < 0) refuse(position);
+  return value;
+}
+
+std::int32_t Args::positive(int position) const {
+  const std::int32_t value = integer32(position);
+  if (value < 1) refuse(position);
+  return value;
+}
+
+Stretch Args::range(int position, std::size_t text_length, EmptyRange empty) const {
+  const HostObject argument = object(position);
+  if (!is_range(argument)) refuse_kind(position, messages::kRangeExpected);
+  std::int64_t low = 0;
+  std::int64_t high = 0;
+  const std::int64_t span = GetRange(host_, argument, &low, &high);
+  if (span == 0 && empty == EmptyRange::anywhere) return {0, 0};
+  const std::int64_t count = NormalRange(static_cast<std::int64_t>(text_length), &low, &high);
+  if (count < 0) raise(messages::kInvalidRange);
+  return {static_cast<std::size_t>(low), static_cast<std::size_t>(count)};
+}
+
+Elements Args::strings(int position, bool sets_too) const {
+  const HostObject argument = object(position);
+  const bool is_collection = is_list(argument) || (sets_too && is_set(argument));
+  if (!is_collection) raise(messages::kListOfStrings);
+  const Elements elements = Elements::of_list(argument);
+  if (!all_texts(elements)) raise(messages::kListOfStrings);
+  return elements;
+}
+
+void Args::refuse_kind(int position, const char* const* ordinary) const {
+  const char* const own = words(position).wrong_kind;
+  raise(own != nullptr ? own : ordinary[position - 1]);
+}
+
+void Args::refuse(int position) const { raise(words(position).bad_value); }
+
+void Args::raise(const char* message) const {
+  host_->HostError(message);
+  __builtin_trap();
+}
+
+void Args::raise(const char* message, HostObject a) const {
+  host_->HostError(message, a);
+  __builtin_trap();
+}
+
+void Args::raise(const char* message, HostObject a, HostObject b) const {
+  host_->HostError(message, a, b);
+  __builtin_trap();
+}
+
+void Args::raise(Status) const { raise(messages::kOutOfMemory); }
+
+}  // namespace vstring

@@ -1,0 +1,90 @@
+// The arguments of one call: checked, decoded, and the place from which errors are raised.
+//
+// An entry point makes an Args first, decodes its arguments in order, calls one algorithm and
+// builds the result (host/result.h). Every decoder may raise, and raising does not return, so
+// nothing with a destructor may be alive in an entry point.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "host/messages.h"
+#include "host/object.h"
+#include "host/vstring.h"
+#include "runtime/bytes.h"
+#include "runtime/status.h"
+
+namespace vstring {
+
+// What an entry point says of one argument, where the ordinary words do not do.
+struct ArgumentText {
+  const char* wrong_kind = nullptr;  // null: the ordinary text for the position
+  const char* bad_value = nullptr;   // of the right kind, but not acceptable
+};
+
+// An entry point's arity and vocabulary.
+struct Signature {
+  int required;
+  ArgumentText arguments[messages::kPositions] = {};
+  const char* too_few = nullptr;  // instead of "expecting ... arguments, but got ..."
+};
+
+// A stretch of a text: 0-based offset of its first byte, and how many bytes it has.
+struct Stretch {
+  std::size_t first;
+  std::size_t count;
+};
+
+// Whether a range one step backwards (a = b + 1) is empty wherever it lies, or must lie in the
+// text.
+enum class EmptyRange { in_text, anywhere };
+
+class Args {
+ public:
+  // Raises when there are fewer arguments than the signature asks for.
+  Args(const HostTable* host, HostObject argseq, const Signature& signature);
+
+  const HostTable* host() const { return host_; }
+  HostObject sequence() const { return argseq_; }
+  std::int64_t count() const { return count_; }
+  bool has(int position) const { return position <= count_; }
+
+  // Argument `position` (1-based) as it came.
+  HostObject object(int position) const {
+    return word_of(argseq_, static_cast<std::size_t>(position));
+  }
+
+  // Each raises, in the signature's words, what it cannot decode.
+  Bytes text(int position) const;
+  std::int32_t integer32(int position) const;
+  std::int32_t non_negative(int position) const;  // a 32-bit integer of 0 or more
+  std::int32_t positive(int position) const;      // a 32-bit integer of 1 or more
+  Stretch range(int position, std::size_t text_length,
+                EmptyRange empty = EmptyRange::in_text) const;
+  Elements strings(int position, bool sets_too = false) const;  // a list of strings and names
+
+  bool is_integer32(HostObject object) const { return host_->HostIsInteger32(object) != 0; }
+  bool is_integer(HostObject object) const { return host_->HostIsInteger(object) != 0; }
+
+  // The message is raised with up to three objects for its placeholders. The first form says that
+  // argument `position` has an unacceptable value.
+  [[noreturn]] void refuse(int position) const;
+  [[noreturn]] void raise(const char* message) const;
+  [[noreturn]] void raise(const char* message, HostObject a) const;
+  [[noreturn]] void raise(const char* message, HostObject a, HostObject b) const;
+  // Only "out of memory" has words of its own.
+  [[noreturn]] void raise(Status status) const;
+  void require(Status status) const {
+    if (status != Status::ok) raise(status);
+  }
+
+ private:
+  const ArgumentText& words(int position) const { return signature_.arguments[position - 1]; }
+  [[noreturn]] void refuse_kind(int position, const char* const* ordinary) const;
+
+  const HostTable* host_;
+  HostObject argseq_;
+  const Signature& signature_;
+  std::int64_t count_;
+};
+
+}  // namespace vstring

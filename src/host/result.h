@@ -1,0 +1,67 @@
+// Building results.
+//
+// A text result is assembled in the scratch buffer when it fits there, else in one block that is
+// released as soon as the host has made its string; should the host raise while it does, the next
+// call releases the block (runtime/memory.h).
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+#include "host/args.h"
+#include "runtime/bytes.h"
+#include "runtime/memory.h"
+
+namespace vstring {
+
+class TextResult {
+ public:
+  // Room for `length` bytes and a terminator; raises "out of memory".
+  TextResult(const Args& args, std::size_t length);
+
+  MutableBytes bytes() const { return {text_, length_}; }
+  // The host string of what bytes() holds, or of its first `length` bytes. Ends the result.
+  HostObject object() { return object(length_); }
+  HostObject object(std::size_t length);
+
+ private:
+  const HostTable* host_;
+  Byte* text_;
+  std::size_t length_;
+  HeldArray<Byte> block_;
+};
+static_assert(std::is_trivially_destructible_v<TextResult>);
+
+// A new host string with these bytes.
+HostObject new_string(const Args& args, Bytes bytes);
+inline HostObject empty_string(const Args& args) { return args.host()->HostNewString(""); }
+
+inline HostObject new_integer(const Args& args, std::size_t value) {
+  return args.host()->HostNewInteger(static_cast<std::int64_t>(value));
+}
+inline HostObject new_boolean(const Args& args, bool value) {
+  return args.host()->HostToBoolean(value ? 1 : 0);
+}
+
+// A new list whose element i (0-based) is make(i).
+template <typename Make>
+HostObject new_list(const Args& args, std::size_t n, Make make) {
+  const HostObject list = args.host()->HostNewList(static_cast<std::int64_t>(n));
+  for (std::size_t i = 0; i < n; ++i) {
+    args.host()->HostListAssign(list, static_cast<std::int64_t>(i + 1), make(i));
+  }
+  return list;
+}
+
+// A new expression sequence whose element i (0-based) is make(i).
+template <typename Make>
+HostObject new_sequence(const Args& args, std::size_t n, Make make) {
+  const HostObject sequence = args.host()->HostNewExpSeq(static_cast<std::int64_t>(n));
+  for (std::size_t i = 0; i < n; ++i) {
+    const HostObject element = make(i);
+    reinterpret_cast<HostObject*>(sequence)[i + 1] = element;
+  }
+  return sequence;
+}
+
+}  // namespace vstring
