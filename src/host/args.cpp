@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "host/raise.h"
 #include "runtime/memory.h"
 
 namespace vstring {
@@ -74,19 +75,12 @@ void Args::refuse_kind(int position, const char* const* ordinary) const {
 
 void Args::refuse(int position) const { raise(words(position).bad_value); }
 
-void Args::raise(const char* message) const {
-  host_->HostError(message);
-  __builtin_trap();
-}
+void Args::raise(const char* message) const { vstring::raise(host_, message); }
 
-void Args::raise(const char* message, HostObject a) const {
-  host_->HostError(message, a);
-  __builtin_trap();
-}
+void Args::raise(const char* message, HostObject a) const { vstring::raise(host_, message, a); }
 
 void Args::raise(const char* message, HostObject a, HostObject b) const {
-  host_->HostError(message, a, b);
-  __builtin_trap();
+  vstring::raise(host_, message, a, b);
 }
 
 void Args::raise(Status) const { raise(messages::kOutOfMemory); }

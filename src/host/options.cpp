@@ -1,5 +1,6 @@
 // Host booleans and options: `name = value`, or a bare name.
 #include "host/object.h"
+#include "host/raise.h"
 
 namespace {
 
@@ -39,10 +40,7 @@ VstringOption* find_option(VstringOption* options, HostObject name, bool bare_on
 
 int VelmorToBoolean(const HostTable* host, HostObject object) {
   const int value = truth_value(object);
-  if (value == 2) {
-    host->HostError("cannot convert to boolean: %1", object);
-    __builtin_trap();
-  }
+  if (value == 2) vstring::raise(host, "cannot convert to boolean: %1", object);
   return value;
 }
 

@@ -1,17 +1,9 @@
 // Ranges and single positions, from the host's 1-based counting to 0-based offsets.
-#include "host/vstring.h"
+#include "host/raise.h"
+
+using vstring::raise;
 
 namespace {
-
-[[noreturn]] void raise(const HostTable* host, const char* message) {
-  host->HostError(message);
-  __builtin_trap();
-}
-
-[[noreturn]] void raise(const HostTable* host, const char* message, HostObject object) {
-  host->HostError(message, object);
-  __builtin_trap();
-}
 
 int64_t endpoint(const HostTable* host, HostObject object, const char* refusal) {
   if (host->HostIsInteger32(object) == 0) raise(host, refusal);
