@@ -1,0 +1,130 @@
+// Every command, called at random: no crash, no fault, no changed argument, no growing memory.
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/allocations.h"
+#include "support/fingerprint.h"
+#include "support/random_arguments.h"
+
+namespace vstring_test {
+namespace {
+
+constexpr std::size_t kDefaultCalls = 100000;
+constexpr std::size_t kMemoryLimit = std::size_t{1} << 21;
+constexpr std::size_t kCacheBlocks = 16;  // compiled pattern, dictionaries' slots, generator ...
+
+struct Command {
+  std::string name;
+  VelmorCommand entry;
+};
+
+std::vector<Command> all_commands() {
+  std::vector<Command> commands;
+  std::ifstream names(VSTRING_EXPORTS);
+  for (std::string name; std::getline(names, name);) {
+    if (!name.starts_with("vstring_") && name != "vstringVersion") continue;
+    const auto entry = reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()));
+    if (entry != nullptr) commands.push_back({name, entry});
+  }
+  return commands;
+}
+
+// What commands write to the process's own streams while it lives goes nowhere.
+class Silence {
+ public:
+  Silence() {
+    const int nowhere = open("/dev/null", O_WRONLY);
+    for (const int stream : {1, 2}) {
+      std::fflush(nullptr);
+      saved_[stream - 1] = dup(stream);
+      dup2(nowhere, stream);
+    }
+    close(nowhere);
+  }
+  ~Silence() {
+    std::fflush(nullptr);
+    for (const int stream : {1, 2}) {
+      dup2(saved_[stream - 1], stream);
+      close(saved_[stream - 1]);
+    }
+  }
+
+ private:
+  int saved_[2];
+};
+
+class RandomCalls : public testing::Test {
+ protected:
+  void SetUp() override {
+    velmor_set_output(
+        heap_, [](void*, const char*) {}, nullptr);
+    velmor_set_userinfo(
+        heap_, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
+    limit_before_ = limit_allocation(kMemoryLimit);
+  }
+  void TearDown() override {
+    limit_allocation(limit_before_);
+    velmor_heap_free(heap_);
+  }
+
+  void run(std::size_t calls) {
+    for (std::size_t i = 0; i < calls && !HasFailure(); ++i) {
+      call(commands_[arguments_.below(commands_.size())]);
+      if (i % 256 == 0) velmor_collect(heap_);
+    }
+  }
+
+  // Blocks that stay once the dictionaries are gone.
+  std::size_t live() {
+    const auto dictionary =
+        reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, "vstring_dictObjFree"));
+    for (std::int64_t id = 0; dictionary != nullptr && id < 512; ++id) {
+      const HostObject argument = velmor_integer(heap_, id);
+      HostObject result = 0;
+      velmor_call(heap_, dictionary, velmor_sequence(heap_, 1, &argument), &result);
+    }
+    velmor_collect(heap_);
+    return live_blocks();
+  }
+
+  VelmorHeap* heap_ = velmor_heap_new();
+  std::vector<Command> commands_ = all_commands();
+  RandomArguments arguments_{heap_, 20260117};
+
+ private:
+  void call(const Command& command) {
+    const HostObject argseq = arguments_.sequence();
+    const std::uint64_t before = fingerprint(argseq);
+    HostObject result = 0;
+    const int ok = velmor_call(heap_, command.entry, argseq, &result);
+    ASSERT_EQ(before, fingerprint(argseq)) << command.name;
+    ASSERT_STREQ("", velmor_faults(heap_)) << command.name;
+    if (ok != 0) {
+      std::free(velmor_print(heap_, result));
+    } else {
+      ASSERT_STRNE("", velmor_error(heap_)) << command.name;
+    }
+  }
+
+  std::size_t limit_before_ = 0;
+};
+
+TEST_F(RandomCalls, AreSound) {
+  const char* const wanted = std::getenv("VSTRING_RANDOM_CALLS");
+  const std::size_t calls = wanted != nullptr ? std::stoul(wanted) : kDefaultCalls;
+  const Silence silence;
+  run(2000);
+  const std::size_t before = live();
+  run(calls);
+  EXPECT_LE(live(), before + kCacheBlocks);
+}
+
+}  // namespace
+}  // namespace vstring_test

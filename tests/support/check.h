@@ -1,0 +1,48 @@
+// The driver that all families' tests go through.
+//
+// A row is a call, written as a user writes it, and what the host prints for it. Every row runs as
+// it stands, then again with each host operation and each allocation failing in turn; after each of
+// these runs the arguments must be unchanged, nothing may have leaked once the next call is over,
+// and the same call must answer right again. A row must therefore leave no state behind that
+// changes its own answer: nest the calls where one undoes another, as in
+// dictObjFree(dictCreate(w)).
+#pragma once
+#include <initializer_list>
+#include <source_location>
+#include <string>
+#include <vector>
+
+#include "language/session.h"
+
+namespace vstring_test {
+
+struct Row {
+  std::string call;
+  std::string expected;             // the printed value, or "error: <message>"
+  std::string without_memory = {};  // what it may say besides when memory fails; default: an
+                                    // error that reads "out of memory"
+};
+
+// The host session that the whole test program shares; commands come from the static library.
+velmor::Session& session();
+
+// Prints what the call gives, as in Row::expected.
+std::string evaluate(const std::string& call);
+
+void Check(const std::vector<Row>& rows,
+           std::source_location where = std::source_location::current());
+
+// For calls whose answer depends on what was called before: each row runs once, without failures.
+void CheckInOrder(const std::vector<Row>& rows,
+                  std::source_location where = std::source_location::current());
+
+// True in the long tier (VSTRING_LONG_TESTS=1).
+bool long_tier();
+
+// Commands that have run in any row so far, by entry point.
+const std::vector<std::string>& commands_seen();
+
+// A text as a literal of the host's language.
+std::string quoted(const std::string& bytes);
+
+}  // namespace vstring_test

@@ -1,0 +1,124 @@
+#include "support/random_arguments.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vstring_test {
+namespace {
+
+// Words that commands know: options, classes, keywords, and texts that exercise several families.
+constexpr const char* kWords[] = {
+    "true",       "false",      "FAIL",           "builtin",    "last",         "binary",
+    "alpha",      "digit",      "space",          "method",     "md4",          "stemmer",
+    "lancaster",  "plural",     "prefix",         "timestamp",  "offset",       "words",
+    "characters", "paragraphs", "countbytes",     "obeylines",  "obeyspaces",   "expandtabs",
+    "porter",     "[a-c]",      "[^:alpha:]",     "a*b?[c-]",   "(a|b)+c?",     "^(a*)b$",
+    "\\1&\\\\",   "%1 %-2 %0",  "%Y-%m-%d %V %G", "relational", "hello, world",
+};
+
+constexpr std::int64_t kIntegers[] = {
+    0,
+    1,
+    2,
+    3,
+    4,
+    5,
+    8,
+    -1,
+    -2,
+    -3,
+    10,
+    64,
+    80,
+    255,
+    256,
+    511,
+    512,
+    8190,
+    8191,
+    INT32_MAX,
+    INT32_MIN,
+    INT64_C(1) << 31,
+    INT64_C(1) << 40,
+};
+
+constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
+
+}  // namespace
+
+HostObject RandomArguments::sequence() {
+  std::vector<HostObject> items(below(16) == 0 ? below(15) : below(5));
+  for (HostObject& item : items) item = value(2);
+  return velmor_sequence(heap_, items.size(), items.data());
+}
+
+HostObject RandomArguments::value(int depth) {
+  switch (below(depth > 0 ? 12 : 8)) {
+    case 0:
+    case 1:
+    case 2:
+    case 3:
+      return text();
+    case 4:
+    case 5:
+      return integer();
+    case 6:
+      return word();
+    case 7:
+      return below(8) == 0 ? velmor_float(heap_, 1.5) : integer();
+    case 8:
+      return list(depth - 1);
+    case 9:
+      return range();
+    case 10:
+      return equation(depth - 1);
+    default: {
+      const HostObject argument = velmor_sequence(heap_, 0, nullptr);
+      return below(4) == 0 ? velmor_function(heap_, velmor_name(heap_, "f"), argument) : text();
+    }
+  }
+}
+
+HostObject RandomArguments::text() {
+  std::string bytes;
+  const std::size_t kind = below(40);
+  const std::size_t length = kind == 0 ? 8185 + below(10) : kind < 8 ? below(80) : below(8);
+  const bool any_byte = below(4) == 0;
+  const std::string alphabet = kAlphabets[below(std::size(kAlphabets))];
+  for (std::size_t i = 0; i < length; ++i) {
+    bytes += any_byte ? static_cast<char>(1 + below(255)) : alphabet[below(alphabet.size())];
+  }
+  if (below(6) == 0) return velmor_name(heap_, bytes.c_str());
+  return velmor_string_n(heap_, bytes.data(), bytes.size());
+}
+
+HostObject RandomArguments::integer() {
+  if (below(20) == 0) return velmor_big_integer(heap_, "-123456789012345678901234567890");
+  return velmor_integer(heap_, kIntegers[below(std::size(kIntegers))]);
+}
+
+HostObject RandomArguments::word() {
+  const char* const chosen = kWords[below(std::size(kWords))];
+  return below(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
+}
+
+HostObject RandomArguments::list(int depth) {
+  std::vector<HostObject> items(below(5));
+  const bool texts_only = below(3) != 0;
+  for (HostObject& item : items) item = texts_only ? text() : value(depth);
+  return below(5) == 0 ? velmor_set(heap_, items.size(), items.data())
+                       : velmor_list(heap_, items.size(), items.data());
+}
+
+HostObject RandomArguments::range() {
+  if (below(4) == 0) return velmor_range(heap_, value(0), value(0));
+  return velmor_range(heap_, velmor_integer(heap_, static_cast<std::int64_t>(below(12)) - 4),
+                      velmor_integer(heap_, static_cast<std::int64_t>(below(12)) - 4));
+}
+
+HostObject RandomArguments::equation(int depth) {
+  return velmor_equation(heap_, below(2) == 0 ? word() : text(), value(depth));
+}
+
+}  // namespace vstring_test
