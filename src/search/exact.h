@@ -1,0 +1,48 @@
+// Exact search for one pattern: the first occurrence, or all of them.
+//
+// Ordinary texts are scanned by memchr for the pattern's rarest byte, at the speed of memory. What
+// the candidates cost is counted: where they come too thick (a small alphabet, a periodic text, a
+// rare byte that is not rare here) the rest of the text is left to the two-way matcher, so that
+// every search is linear in pattern and text.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+#include "runtime/memory.h"
+#include "runtime/status.h"
+#include "search/two_way.h"
+
+namespace vstring::search {
+
+inline constexpr std::size_t npos = SIZE_MAX;
+
+// The occurrences of `pattern` in `text` from left to right, overlapping ones included. The empty
+// pattern occurs nowhere. Both spans must outlive the finder, which allocates nothing.
+class Finder {
+ public:
+  Finder(Bytes pattern, Bytes text);
+
+  // Offset of the next occurrence, or npos.
+  std::size_t next();
+
+ private:
+  bool has_spent_budget() const;
+
+  Bytes pattern_;
+  Bytes text_;
+  std::size_t at_ = 0;     // the next alignment to try; npos at the end
+  std::size_t spent_ = 0;  // cost of the candidates so far, in bytes of scanning
+  std::size_t rare_ = 0;   // offset of the pattern's rarest byte
+  std::size_t guard_ = 0;  // offset of another byte, asked before a comparison in full
+  bool is_two_way_ = false;
+  TwoWay two_way_;
+};
+
+// Offset of the first occurrence of `pattern` in `text`, or npos. The empty pattern occurs nowhere.
+std::size_t find(Bytes pattern, Bytes text);
+
+// Appends the offsets of all occurrences, overlapping ones included, in increasing order.
+Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets);
+
+}  // namespace vstring::search
