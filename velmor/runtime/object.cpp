@@ -2,8 +2,6 @@
 
 #include <bit>
 
-#include "velmor_runtime.h"
-
 namespace velmor {
 
 std::size_t text_length(HostObject object) {
@@ -13,6 +11,21 @@ std::size_t text_length(HostObject object) {
   return 8 * (length - kTextWord) - static_cast<std::size_t>(std::countl_zero(last)) / 8;
 }
 
+std::span<HostObject> references(HostObject object) {
+  switch (tag_of(object)) {
+    case kTagSequence:
+    case HOST_TAG_LIST:
+    case HOST_TAG_SET:
+    case kTagQuoted:
+    case HOST_TAG_EQUATION:
+    case HOST_TAG_RANGE:
+    case HOST_TAG_CALL:
+      return {words(object) + 1, length_in_words(object) - 1};
+    default:
+      return {};
+  }
+}
+
 HostObject elements_of(HostObject object) {
   const int tag = tag_of(object);
   if (tag == kTagSequence) return object;
@@ -20,20 +33,3 @@ HostObject elements_of(HostObject object) {
 }
 
 }  // namespace velmor
-
-using namespace velmor;
-
-int velmor_tag(HostObject object) { return tag_of(object); }
-
-const char* velmor_text(HostObject object) { return is_text(object) ? text_of(object) : nullptr; }
-
-size_t velmor_text_length(HostObject object) { return is_text(object) ? text_length(object) : 0; }
-
-size_t velmor_size(HostObject object) {
-  const HostObject sequence = elements_of(object);
-  return sequence == 0 ? 0 : sequence_size(sequence);
-}
-
-HostObject velmor_element(HostObject object, size_t i) {
-  return i >= 1 && i <= velmor_size(object) ? words(elements_of(object))[i] : 0;
-}

@@ -2,10 +2,11 @@
 //
 // A word is an immediate integer when its lowest bit is set: its value is the word shifted right by
 // one. Any other word points to an object, whose first word is the header: length in words in bits
-// 0 .. 31, tag in bits 32 .. 37, the collector's mark in bit 63.
+// 0 .. 31, tag in bits 32 .. 37; bits 62 and 63 are the heap's own.
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "host/vstring.h"
@@ -17,7 +18,9 @@ constexpr int kTagFloat = 0x03;
 constexpr int kTagQuoted = 0x12;    // guards word 1 from evaluation
 constexpr int kTagSequence = 0x1e;  // the elements from word 1 on; NULL is the one of no elements
 
-constexpr std::uint64_t kMarkBit = std::uint64_t{1} << 63;
+constexpr std::uint64_t kMarkBit = std::uint64_t{1} << 63;   // the collector has reached it
+constexpr std::uint64_t kBoundBit = std::uint64_t{1} << 62;  // a name that has had a slot filled
+constexpr std::size_t kMaxLength = 0xffffffff;
 constexpr std::int64_t kMinImmediate = INT64_MIN / 2;
 constexpr std::int64_t kMaxImmediate = INT64_MAX / 2;
 
@@ -32,7 +35,10 @@ inline HostObject immediate(std::int64_t value) {
 // The words of an object that is no immediate.
 inline std::uint64_t* words(HostObject object) { return reinterpret_cast<std::uint64_t*>(object); }
 inline HostObject object_of(std::uint64_t* words) { return reinterpret_cast<HostObject>(words); }
-inline std::size_t length_in_words(HostObject object) { return words(object)[0] & 0xffffffff; }
+inline std::size_t length_in_words(HostObject object) { return words(object)[0] & kMaxLength; }
+constexpr std::uint64_t header(int tag, std::size_t length) {
+  return (static_cast<std::uint64_t>(tag) << 32) | length;
+}
 
 // The tag; 0 for the null word, the tag of its sign for an immediate.
 inline int tag_of(HostObject object) {
@@ -53,7 +59,9 @@ inline bool is_text(HostObject object) {
   return tag == HOST_TAG_STRING || tag == HOST_TAG_NAME;
 }
 
-// Text of a string or name.
+// Text of a string or name. A name's words 1 and 2 are its slots, 0 while empty.
+constexpr std::size_t kValueWord = 1;
+constexpr std::size_t kAttributeWord = 2;
 constexpr std::size_t kTextWord = 3;
 inline const char* text_of(HostObject object) {
   return reinterpret_cast<const char*>(words(object) + kTextWord);
@@ -62,6 +70,10 @@ std::size_t text_length(HostObject object);
 inline std::string_view text_view(HostObject object) {
   return {text_of(object), text_length(object)};
 }
+
+// The words of a compound object that refer to others; the elements, for a sequence. Empty for
+// the rest, names included.
+std::span<HostObject> references(HostObject object);
 
 // The sequence that holds the elements of a sequence, list or set; 0 for anything else.
 HostObject elements_of(HostObject object);

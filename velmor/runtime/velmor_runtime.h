@@ -14,8 +14,8 @@
  *     velmor_heap_free(heap);
  *
  * The operations of a table take no heap, so one heap is current at a time: the one of the running
- * velmor_call. Objects live until velmor_collect finds nothing that leads to them; it runs only
- * when called. */
+ * velmor_call, else the one whose table was asked for last. Objects live until velmor_collect finds
+ * nothing that leads to them; it runs only when called. */
 #ifndef VELMOR_RUNTIME_H
 #define VELMOR_RUNTIME_H
 
@@ -33,13 +33,17 @@ VelmorHeap* velmor_heap_new(void);
 void velmor_heap_free(VelmorHeap* heap);
 const HostTable* velmor_table(VelmorHeap* heap);
 
-/* ---- Making values. Lists, sets and sequences copy `items`. ---- */
+/* ---- Making values ----
+ * Lists, sets and sequences copy `items`; a sequence among the items is spliced in, as everywhere
+ * in the host's language, and the empty sequence is NULL. Sets keep their order and drop
+ * duplicates. 0 when memory fails. */
 HostObject velmor_integer(VelmorHeap* heap, int64_t value);
-HostObject velmor_big_integer(VelmorHeap* heap, const char* decimal); /* of any size */
+HostObject velmor_big_integer(VelmorHeap* heap, const char* decimal); /* 0 unless -?[0-9]+ */
 HostObject velmor_float(VelmorHeap* heap, double value);
 HostObject velmor_string(VelmorHeap* heap, const char* text);
-HostObject velmor_string_n(VelmorHeap* heap, const char* bytes, size_t length); /* no NUL inside */
-HostObject velmor_name(VelmorHeap* heap, const char* text); /* the one name with this text */
+HostObject velmor_string_n(VelmorHeap* heap, const char* bytes,
+                           size_t length);                  /* up to its first NUL */
+HostObject velmor_name(VelmorHeap* heap, const char* text); /* the one with this text, for good */
 HostObject velmor_sequence(VelmorHeap* heap, size_t n, const HostObject* items);
 HostObject velmor_list(VelmorHeap* heap, size_t n, const HostObject* items);
 HostObject velmor_set(VelmorHeap* heap, size_t n, const HostObject* items);
@@ -54,15 +58,17 @@ size_t velmor_text_length(HostObject string_or_name);
 int64_t velmor_to_integer(HostObject integer); /* 0 when it is none or does not fit */
 size_t velmor_size(HostObject sequence_or_list_or_set);
 HostObject velmor_element(HostObject sequence_or_list_or_set, size_t i); /* 1-based */
-/* The object in host syntax: "abc", [1, 2], a .. b, x = 1. The caller frees the text with free().
- */
+/* The object in host syntax: "abc", [1, 2], a .. b, x = 1; bytes below 32 and from 127 as escapes.
+ * The caller frees the text with free(). */
 char* velmor_print(VelmorHeap* heap, HostObject object);
 
 /* ---- Names and evaluation ---- */
-void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value);
-HostObject velmor_value(VelmorHeap* heap, HostObject name); /* 0 when it has none */
-/* What HostEvalProc calls for a name other than convert and sprintf: 1 and *result, or 0 with a
- * message that velmor_fail has set. */
+void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value); /* 0: unassign */
+HostObject velmor_value(VelmorHeap* heap, HostObject name);              /* 0 when it has none */
+/* What HostEvalProc calls for anything but convert(x, string) and sprintf("%a", x): 1 and *result,
+ * or 0 with a message that velmor_fail (or a nested velmor_call) has set. Names among the arguments
+ * have been replaced by their values, unless HostQuote guarded them. Operations of the table are
+ * for commands: an evaluator makes values with the functions above. */
 typedef int (*VelmorEvaluator)(void* context, VelmorHeap* heap, HostObject procedure,
                                HostObject argseq, HostObject* result);
 void velmor_set_evaluator(VelmorHeap* heap, VelmorEvaluator evaluator, void* context);
@@ -70,12 +76,11 @@ void velmor_fail(VelmorHeap* heap, const char* message);
 
 /* ---- Calling ---- */
 /* Runs a command: 1 and *result, or 0 when it raised; velmor_error then tells what, with the
- * placeholders filled in. Nests: an evaluator may call commands. */
+ * placeholders filled in. Nests: an evaluator may call commands. `result` may be null. */
 int velmor_call(VelmorHeap* heap, VelmorCommand command, HostObject argseq, HostObject* result);
 const char* velmor_error(VelmorHeap* heap);
 
-/* ---- Output: HostPrintf (default: standard output) and HostUserInfo (default: standard error) ---
- */
+/* ---- Output: HostPrintf (by default to stdout) and HostUserInfo (by default to stderr) ---- */
 void velmor_set_output(VelmorHeap* heap, void (*print)(void* context, const char* text),
                        void* context);
 void velmor_set_userinfo(VelmorHeap* heap,
@@ -85,11 +90,14 @@ void velmor_set_userinfo(VelmorHeap* heap,
 
 /* ---- Collecting ---- */
 /* Frees what neither a name, nor a protected object, nor a rooted one reaches, and scribbles over
- * it, so that a stale reference shows. Not during a call. Returns how many objects it freed. */
+ * it, so that a stale reference shows. Returns how many objects it freed; does nothing during a
+ * call. The cost is that of the objects that live and of those made since: collect when their
+ * count or size has doubled. */
 size_t velmor_collect(VelmorHeap* heap);
 void velmor_root(VelmorHeap* heap, HostObject object); /* counted */
 void velmor_unroot(VelmorHeap* heap, HostObject object);
-size_t velmor_object_count(const VelmorHeap* heap);
+size_t velmor_object_count(const VelmorHeap* heap); /* names, which stay for good, not counted */
+size_t velmor_object_bytes(const VelmorHeap* heap);
 size_t velmor_protected_count(const VelmorHeap* heap); /* HostGcProtect less HostGcAllow */
 
 /* ---- For tests ---- */
@@ -98,8 +106,11 @@ size_t velmor_protected_count(const VelmorHeap* heap); /* HostGcProtect less Hos
 void velmor_fail_operation(VelmorHeap* heap, size_t k);
 size_t velmor_operation_count(const VelmorHeap* heap); /* of those operations, ever */
 /* Faults of the library that the host noticed (an unlisted position called, a bad index, a value
- * of the wrong kind handed to an operation), as text; empty when there were none. */
+ * of the wrong kind handed to an operation), a line each; empty when there were none. */
 const char* velmor_faults(const VelmorHeap* heap);
+void velmor_clear_faults(VelmorHeap* heap);
+/* Fills the attribute slot of a name (word 2 of the object), which is 0 otherwise. */
+void velmor_set_attribute(VelmorHeap* heap, HostObject name, HostObject value);
 
 #ifdef __cplusplus
 }
