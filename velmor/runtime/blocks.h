@@ -1,8 +1,8 @@
 // Memory for objects: blocks of whole words.
 //
 // Small blocks are carved from chunks and kept in a free list per size, so that a loop of calls
-// runs in the same few cache lines; large ones come from operator new. Under AddressSanitizer, or
-// with VELMOR_EXACT_BLOCKS (for valgrind), every block is one of operator new's: an overrun shows.
+// runs in the same few cache lines; large ones come from operator new. With VELMOR_EXACT_BLOCKS
+// (for sanitizers and valgrind) every block is one of operator new's: an overrun shows.
 #pragma once
 #include <array>
 #include <cstddef>
@@ -20,7 +20,7 @@ class Blocks {
   void give_back(std::uint64_t* block, std::size_t n) noexcept;
 
  private:
-#if defined(__SANITIZE_ADDRESS__) || defined(VELMOR_EXACT_BLOCKS)
+#ifdef VELMOR_EXACT_BLOCKS
   static constexpr std::size_t kLargestSmall = 0;
 #else
   static constexpr std::size_t kLargestSmall = 64;

@@ -68,13 +68,20 @@ auto raising(Body body) {
 
 constexpr int kNothing = 0;  // what the body of an operation without a result returns
 
-std::string position_text(int position) {
-  return "unlisted position " + std::to_string(position) + " called";
-}
-
 template <std::size_t Position>
 void unlisted() {
-  checked([](VelmorHeap&) -> int { throw LibraryFault(position_text(Position)); });
+  checked([](VelmorHeap&) -> int {
+    throw LibraryFault("unlisted position " + std::to_string(Position) + " called");
+  });
+}
+
+// The same for an operation that the library knows of but this host leaves out.
+template <std::size_t Position, class Result, class... Arguments>
+void leave_out(Result (*&operation)(Arguments...)) {
+  operation = [](Arguments...) {
+    unlisted<Position>();
+    return Result();
+  };
 }
 
 std::size_t checked_count(std::int64_t n, const char* fault) {
@@ -90,6 +97,11 @@ std::vector<HostObject> read_objects(std::int64_t n, std::va_list& list, const c
     require(object != 0, fault);
   }
   return objects;
+}
+
+HostObject host_rtable_create(void* /*settings*/, ...) {
+  unlisted<55>();
+  return 0;
 }
 
 // ---- Raising ----
@@ -322,6 +334,11 @@ HostTable table_of_faults(std::index_sequence<Position...>) {
 
 HostTable make_table() {
   HostTable t = table_of_faults(std::make_index_sequence<kPositions>());
+  t.HostRTableCreate = host_rtable_create;
+  leave_out<56>(t.HostRTableData);
+  leave_out<57>(t.HostRTableSettings);
+  leave_out<58>(t.HostRTableGetSettings);
+  leave_out<63>(t.HostRTableNumElements);
   t.HostAssign = host_assign;
   t.HostError = host_error;
   t.HostSeqToList = host_sequence_to_list;
