@@ -45,23 +45,40 @@ inline HostObject new_boolean(const Args& args, bool value) {
 
 // A new list whose element i (0-based) is make(i).
 template <typename Make>
-HostObject new_list(const Args& args, std::size_t n, Make make) {
-  const HostObject list = args.host()->HostNewList(static_cast<std::int64_t>(n));
+HostObject new_list(const HostTable* host, std::size_t n, Make make) {
+  const HostObject list = host->HostNewList(static_cast<std::int64_t>(n));
   for (std::size_t i = 0; i < n; ++i) {
-    args.host()->HostListAssign(list, static_cast<std::int64_t>(i + 1), make(i));
+    host->HostListAssign(list, static_cast<std::int64_t>(i + 1), make(i));
   }
   return list;
+}
+template <typename Make>
+HostObject new_list(const Args& args, std::size_t n, Make make) {
+  return new_list(args.host(), n, make);
 }
 
 // A new expression sequence whose element i (0-based) is make(i).
 template <typename Make>
-HostObject new_sequence(const Args& args, std::size_t n, Make make) {
-  const HostObject sequence = args.host()->HostNewExpSeq(static_cast<std::int64_t>(n));
+HostObject new_sequence(const HostTable* host, std::size_t n, Make make) {
+  const HostObject sequence = host->HostNewExpSeq(static_cast<std::int64_t>(n));
   for (std::size_t i = 0; i < n; ++i) {
     const HostObject element = make(i);
     reinterpret_cast<HostObject*>(sequence)[i + 1] = element;
   }
   return sequence;
+}
+template <typename Make>
+HostObject new_sequence(const Args& args, std::size_t n, Make make) {
+  return new_sequence(args.host(), n, make);
+}
+
+inline HostObject empty_list(const HostTable* host) { return host->HostNewList(0); }
+inline HostObject empty_list(const Args& args) { return empty_list(args.host()); }
+
+// A new list of two integers, such as a position and what was found there.
+inline HostObject new_pair(const HostTable* host, std::int64_t first, std::int64_t second) {
+  const std::int64_t pair[2] = {first, second};
+  return new_list(host, 2, [&](std::size_t i) { return host->HostNewInteger(pair[i]); });
 }
 
 }  // namespace vstring
