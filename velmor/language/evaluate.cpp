@@ -1,0 +1,197 @@
+// Turning trees to objects.
+#include <cstdlib>
+#include <new>
+
+#include "language/parser.h"
+#include "language/session.h"
+#include "runtime/object.h"
+
+namespace velmor {
+namespace {
+
+constexpr int kLongestChainOfNames = 100;
+
+HostObject made(HostObject object) {
+  if (object == 0) throw Failure("out of memory");
+  return object;
+}
+
+bool is_constant(NodeKind kind) {
+  return kind == NodeKind::kString || kind == NodeKind::kInteger || kind == NodeKind::kFloat;
+}
+
+// A sequence of one element is that element.
+HostObject simplified(HostObject object) {
+  if (velmor_tag(object) == kTagSequence && velmor_size(object) == 1)
+    return velmor_element(object, 1);
+  return object;
+}
+
+std::int64_t operand(HostObject object, const Node& tree) {
+  if (!is_integer(object)) throw Failure("expecting integers around `" + tree.text + "'");
+  const std::int64_t value = velmor_to_integer(object);
+  if (value == 0 && object != immediate(0)) throw Failure("integer too large for arithmetic");
+  return value;
+}
+
+}  // namespace
+
+void Expression::Release::operator()(Node* tree) const {
+  const auto release_constants = [this](const auto& self, const Node& node) -> void {
+    if (is_constant(node.kind) && node.object != 0) velmor_unroot(heap, node.object);
+    for (const auto& part : node.parts) self(self, *part);
+  };
+  release_constants(release_constants, *tree);
+  delete tree;
+}
+
+// Constants are made once, however often the tree is evaluated: objects do not change.
+void Session::make_constants(Node& tree) {
+  switch (tree.kind) {
+    case NodeKind::kString:
+      tree.object = made(velmor_string_n(heap(), tree.text.data(), tree.text.size()));
+      break;
+    case NodeKind::kInteger:
+      tree.object = made(velmor_big_integer(heap(), tree.text.c_str()));
+      break;
+    case NodeKind::kFloat:
+      tree.object = made(velmor_float(heap(), std::strtod(tree.text.c_str(), nullptr)));
+      break;
+    case NodeKind::kName:
+    case NodeKind::kCall:
+    case NodeKind::kAssign:
+      tree.object = made(velmor_name(heap(), tree.text.c_str()));
+      break;
+    default:
+      break;
+  }
+  if (is_constant(tree.kind)) velmor_root(heap(), tree.object);
+  for (const auto& part : tree.parts) make_constants(*part);
+}
+
+HostObject Session::value(const Node& tree) {
+  switch (tree.kind) {
+    case NodeKind::kName:
+      return value_of_name(tree.object);
+    case NodeKind::kCall:
+      return call(tree);
+    case NodeKind::kAssign:
+      return assign(tree);
+    default:
+      return compound(tree, true);
+  }
+}
+
+HostObject Session::unevaluated(const Node& tree) {
+  switch (tree.kind) {
+    case NodeKind::kName:
+      return tree.object;
+    case NodeKind::kCall:
+      return made(velmor_function(heap(), tree.object, collection(tree, false)));
+    default:
+      return compound(tree, false);
+  }
+}
+
+HostObject Session::compound(const Node& tree, bool evaluated) {
+  switch (tree.kind) {
+    case NodeKind::kUnevaluated:
+      return unevaluated(*tree.parts[0]);
+    case NodeKind::kSequence:
+      return simplified(collection(tree, evaluated));
+    case NodeKind::kList:
+    case NodeKind::kSet:
+      return collection(tree, evaluated);
+    case NodeKind::kRange: {
+      const HostObject low = side(*tree.parts[0], evaluated, "..");
+      return made(velmor_range(heap(), low, side(*tree.parts[1], evaluated, "..")));
+    }
+    case NodeKind::kEquation: {
+      const HostObject left = side(*tree.parts[0], evaluated, "=");
+      return made(velmor_equation(heap(), left, side(*tree.parts[1], evaluated, "=")));
+    }
+    case NodeKind::kAdd:
+    case NodeKind::kSubtract:
+    case NodeKind::kMultiply:
+    case NodeKind::kNegate:
+      return arithmetic(tree, evaluated);
+    default:
+      return tree.object;
+  }
+}
+
+// The list or set, or else the sequence, of a tree's parts.
+HostObject Session::collection(const Node& tree, bool evaluated) {
+  const std::size_t begin = stack_.size();
+  for (const auto& part : tree.parts) {
+    const HostObject element = evaluated ? value(*part) : unevaluated(*part);
+    stack_.push_back(element);
+  }
+  const std::size_t n = stack_.size() - begin;
+  const HostObject* const items = stack_.data() + begin;
+  HostObject object;
+  if (tree.kind == NodeKind::kList)
+    object = velmor_list(heap(), n, items);
+  else if (tree.kind == NodeKind::kSet)
+    object = velmor_set(heap(), n, items);
+  else
+    object = velmor_sequence(heap(), n, items);
+  stack_.resize(begin);
+  return made(object);
+}
+
+HostObject Session::side(const Node& tree, bool evaluated, const char* op) {
+  const HostObject object = evaluated ? value(tree) : unevaluated(tree);
+  if (velmor_tag(object) == kTagSequence)
+    throw Failure(std::string("expecting one value on each side of `") + op + "'");
+  return object;
+}
+
+HostObject Session::arithmetic(const Node& tree, bool evaluated) {
+  const auto part = [&](std::size_t i) {
+    const Node& node = *tree.parts[i];
+    return operand(evaluated ? value(node) : unevaluated(node), tree);
+  };
+  std::int64_t result = 0;
+  bool overflow = false;
+  if (tree.kind == NodeKind::kNegate) {
+    overflow = __builtin_sub_overflow(std::int64_t{0}, part(0), &result);
+  } else {
+    const std::int64_t left = part(0);
+    const std::int64_t right = part(1);
+    if (tree.kind == NodeKind::kAdd) overflow = __builtin_add_overflow(left, right, &result);
+    if (tree.kind == NodeKind::kSubtract) overflow = __builtin_sub_overflow(left, right, &result);
+    if (tree.kind == NodeKind::kMultiply) overflow = __builtin_mul_overflow(left, right, &result);
+  }
+  if (overflow) throw Failure("integer too large for arithmetic");
+  return made(velmor_integer(heap(), result));
+}
+
+// The value of a name, or that of the name which is its value, and so on.
+HostObject Session::value_of_name(HostObject name) {
+  if (name == null_name_) return null_;
+  for (int i = 0; i < kLongestChainOfNames; ++i) {
+    const HostObject found = velmor_value(heap(), name);
+    if (found == 0 || found == name) return name;
+    if (velmor_tag(found) != HOST_TAG_NAME) return found;
+    name = found;
+  }
+  throw Failure("name defined by itself: " + print(name));
+}
+
+HostObject Session::assign(const Node& tree) {
+  const HostObject name = tree.object;
+  const HostObject assigned = value(*tree.parts[0]);
+  if (is_protected(name)) throw Failure(print(name) + " is protected");
+  velmor_assign(heap(), name, assigned == name ? 0 : assigned);
+  return assigned;
+}
+
+// What scripts rely on cannot be assigned.
+bool Session::is_protected(HostObject name) const {
+  const std::string_view text = velmor_text(name);
+  return text == "true" || text == "false" || text == "FAIL" || name == null_name_ ||
+         name == with_name_ || name == try_name_ || commands_.contains(name);
+}
+
+}  // namespace velmor

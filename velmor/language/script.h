@@ -1,0 +1,35 @@
+// Runs statements as their text arrives.
+#pragma once
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include "language/session.h"
+#include "language/statements.h"
+
+namespace velmor {
+
+class Script {
+ public:
+  // Values go to `out`, failures to `err`, each flushed in its turn, so that both interleave as
+  // they arose. `name` as in Session::run.
+  Script(Session& session, std::ostream& out, std::ostream& err, std::string name = {});
+
+  void feed(std::string_view text);  // runs the statements that end in what was fed so far
+  bool finish();                     // runs what is left; false when a statement ever failed
+
+  // Whether a statement has begun but not ended.
+  bool open() const { return statements_.open(); }
+
+ private:
+  void run(const Statement& statement);
+
+  Session& session_;
+  std::ostream& out_;
+  std::ostream& err_;
+  std::string name_;
+  StatementSplitter statements_;
+  bool ok_ = true;
+};
+
+}  // namespace velmor

@@ -1,0 +1,111 @@
+#include "language/session.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <ostream>
+
+#include "language/parser.h"
+#include "language/script.h"
+#include "lexiva/commands.h"
+#include "runtime/object.h"
+
+namespace velmor {
+namespace {
+
+// Less garbage than this is not worth a collection.
+constexpr std::size_t kLeastObjects = 10'000;
+constexpr std::size_t kLeastBytes = std::size_t{16} << 20;
+
+}  // namespace
+
+Session::Session(Resolver resolver)
+    : heap_(velmor_heap_new()),
+      resolver_(std::move(resolver)),
+      collect_at_objects_(kLeastObjects),
+      collect_at_bytes_(kLeastBytes) {
+  if (heap_ == nullptr) throw std::bad_alloc();
+  null_ = velmor_sequence(heap(), 0, nullptr);
+  velmor_root(heap(), null_);
+  with_name_ = velmor_name(heap(), "with");
+  try_name_ = velmor_name(heap(), "TRY");
+  null_name_ = velmor_name(heap(), "NULL");
+  velmor_set_evaluator(heap(), evaluate_procedure, this);
+}
+
+Session::~Session() = default;
+
+void Session::load_lexiva() {
+  const auto bind = [this](const char* name, const lexiva::Command& command) {
+    const VelmorCommand address = resolver_(command.entry_point);
+    if (address != nullptr)
+      commands_.insert_or_assign(velmor_name(heap(), name), Command{command.name, address});
+  };
+  for (const lexiva::Family& family : lexiva::families())
+    for (const lexiva::Command& command : family.commands) bind(command.name, command);
+  for (const lexiva::Alias& alias : lexiva::aliases())
+    if (const lexiva::Command* command = lexiva::find(alias.command)) bind(alias.name, *command);
+}
+
+Outcome Session::evaluate(std::string_view expression) {
+  if (last_value_ != 0) velmor_unroot(heap(), std::exchange(last_value_, 0));
+  collect_garbage();
+  try {
+    const HostObject value = value_of(prepare(expression));
+    velmor_root(heap(), value);
+    last_value_ = value;
+    return {true, value, print(value)};
+  } catch (const Failure& failure) {
+    return {false, 0, std::string("error: ") + failure.what()};
+  }
+}
+
+bool Session::run(std::string_view source, std::ostream& out, std::ostream& err,
+                  const std::string& name) {
+  Script script(*this, out, err, name);
+  script.feed(source);
+  return script.finish();
+}
+
+void Session::execute(std::string_view statement, bool prints, std::ostream& out) {
+  collect_garbage();
+  const Expression expression = prepare(statement);
+  const HostObject value = value_of(expression);
+  if (!prints) return;
+  if (expression.tree_->kind == NodeKind::kAssign)
+    out << print(expression.tree_->object) << " := " << print(value) << '\n';
+  else if (!is_null(value))
+    out << print(value) << '\n';
+}
+
+Expression Session::prepare(std::string_view statement) {
+  Expression expression(heap(), parse_statement(statement));
+  make_constants(*expression.tree_);
+  return expression;
+}
+
+HostObject Session::value_of(const Expression& expression) {
+  stack_.clear();
+  return value(*expression.tree_);
+}
+
+std::string Session::print(HostObject object) {
+  const std::unique_ptr<char, decltype(&std::free)> text(velmor_print(heap(), object), &std::free);
+  if (text == nullptr) throw Failure("out of memory");
+  return text.get();
+}
+
+bool Session::is_null(HostObject object) {
+  return velmor_tag(object) == kTagSequence && velmor_size(object) == 0;
+}
+
+void Session::collect_garbage() {
+  if (velmor_object_count(heap()) < collect_at_objects_ &&
+      velmor_object_bytes(heap()) < collect_at_bytes_)
+    return;
+  velmor_collect(heap());
+  collect_at_objects_ = std::max(kLeastObjects, 2 * velmor_object_count(heap()));
+  collect_at_bytes_ = std::max(kLeastBytes, 2 * velmor_object_bytes(heap()));
+}
+
+}  // namespace velmor

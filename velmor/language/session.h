@@ -1,0 +1,133 @@
+// A session of the language: names with their values, the Lexiva package, evaluation.
+//
+// A name without a value stands for itself, and so does a call of a function that nobody knows.
+// Sequences flatten into whatever sequence, list, set or argument list they stand in; a sequence of
+// one element is that element, and NULL is the one of none. Integers are added, subtracted and
+// multiplied within 64 bits. Besides the commands there are two functions:
+//   with(Lexiva)              binds the commands of the package
+//   TRY(n, call, expected)    fails unless the call has the expected value
+#pragma once
+#include <cstddef>
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "language/failure.h"
+#include "language/syntax.h"
+#include "runtime/velmor_runtime.h"
+
+namespace velmor {
+
+struct Outcome {
+  bool ok = false;
+  HostObject value = 0;
+  std::string text;  // the printed value, or "error: <message>"
+};
+
+// A statement parsed once, to be evaluated often. Must not outlive its session.
+class Expression {
+ public:
+  Expression(Expression&&) = default;
+  Expression& operator=(Expression&&) = default;
+
+ private:
+  friend class Session;
+  // Keeps the constants of a tree alive.
+  struct Release {
+    VelmorHeap* heap;
+    void operator()(Node* tree) const;
+  };
+  Expression(VelmorHeap* heap, std::unique_ptr<Node> tree) : tree_(tree.release(), {heap}) {}
+
+  std::unique_ptr<Node, Release> tree_;
+};
+
+class Session {
+ public:
+  // Address of the entry point with this name, such as "vstring_reverse", or null.
+  using Resolver = std::function<VelmorCommand(const std::string& entry_point)>;
+
+  explicit Session(Resolver resolver);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  VelmorHeap* heap() { return heap_.get(); }
+
+  // What with(Lexiva) does. Commands whose entry point is not found stay unknown.
+  void load_lexiva();
+
+  // Evaluates one expression (or assignment). Its value lives until the next call of evaluate.
+  Outcome evaluate(std::string_view expression);
+
+  // Runs a script: the values of statements ended by ";" and failures are printed, each on a line
+  // of its own. False when a statement failed; those behind it run nevertheless. `name`, that of
+  // the script's file if it has one, is told with a syntax error.
+  bool run(std::string_view source, std::ostream& out, std::ostream& err,
+           const std::string& name = {});
+
+  // The parts of evaluate, for those who evaluate often. The value lives until the next
+  // collect_garbage. prepare throws SyntaxError, value_of Failure.
+  Expression prepare(std::string_view statement);
+  HostObject value_of(const Expression& expression);
+  std::string print(HostObject object);
+  static bool is_null(HostObject object);  // the empty sequence
+
+  // Collects when enough was made since the last time to make it worth while.
+  void collect_garbage();
+
+  // Called right before and after each command that an expression calls, also when it raises.
+  std::function<void(const std::string&command, HostObject argseq)> before_call, after_call;
+
+ private:
+  friend class Script;
+
+  struct Command {
+    std::string name;
+    VelmorCommand address;
+  };
+  using Commands = std::unordered_map<HostObject, Command>;  // by the name object
+
+  // Runs one statement as run() does, except that failures are thrown.
+  void execute(std::string_view statement, bool prints, std::ostream& out);
+
+  // Turning trees to objects (evaluate.cpp).
+  void make_constants(Node& tree);
+  HostObject value(const Node& tree);
+  HostObject unevaluated(const Node& tree);
+  HostObject compound(const Node& tree, bool evaluated);
+  HostObject collection(const Node& tree, bool evaluated);
+  HostObject side(const Node& tree, bool evaluated, const char* op);
+  HostObject arithmetic(const Node& tree, bool evaluated);
+  HostObject value_of_name(HostObject name);
+  HostObject assign(const Node& tree);
+  bool is_protected(HostObject name) const;
+
+  // Calls (call.cpp).
+  HostObject call(const Node& tree);
+  HostObject call_command(const Command& command, HostObject argseq);
+  HostObject with(const Node& call);
+  HostObject compare(const Node& call);
+  static int evaluate_procedure(void* context, VelmorHeap* heap, HostObject procedure,
+                                HostObject argseq, HostObject* result);
+
+  struct FreeHeap {
+    void operator()(VelmorHeap* heap) const { velmor_heap_free(heap); }
+  };
+
+  std::unique_ptr<VelmorHeap, FreeHeap> heap_;
+  Resolver resolver_;
+  Commands commands_;
+  HostObject null_;
+  HostObject with_name_, try_name_, null_name_;
+  std::vector<HostObject> stack_;  // elements of the collections being built
+  HostObject last_value_ = 0;      // rooted
+  std::size_t collect_at_objects_;
+  std::size_t collect_at_bytes_;
+};
+
+}  // namespace velmor

@@ -1,0 +1,47 @@
+// Cuts a script into statements as its text arrives.
+//
+// A statement ends with ";" (its value is printed) or ":" (it is not), outside strings, quoted
+// names and comments. Nothing in the language nests statements, so this needs no parser, and a
+// faulty statement does not spoil the next one.
+#pragma once
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmor {
+
+struct Statement {
+  std::string text;  // with its terminator
+  bool prints = true;
+  std::size_t line = 1;  // of the script, where the text begins
+};
+
+class StatementSplitter {
+ public:
+  void feed(std::string_view text);
+
+  // The next whole statement of what was fed.
+  std::optional<Statement> next();
+
+  // What is left at the end of the script: a statement without a terminator prints.
+  std::optional<Statement> rest();
+
+  // Whether a statement has begun but not ended; asks after next() had nothing more.
+  bool open() const { return begun_; }
+
+ private:
+  enum class State { kPlain, kString, kName, kComment };
+
+  Statement cut(bool prints);
+
+  std::string text_;       // what was fed, from some statement on
+  std::size_t begin_ = 0;  // of text_: the end of the last statement
+  std::size_t at_ = 0;     // of text_: looked at so far
+  State state_ = State::kPlain;
+  bool begun_ = false;          // there is more than blanks and comments
+  std::size_t line_ = 1;        // of at_
+  std::size_t first_line_ = 1;  // of begin_
+};
+
+}  // namespace velmor

@@ -1,0 +1,70 @@
+#include "lexiva/commands.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace velmor::lexiva {
+namespace {
+
+using Rows = std::initializer_list<Command>;
+
+constexpr Rows kEditing = {
+#include "lexiva/rows/editing.inc"
+};
+constexpr Rows kCharacters = {
+#include "lexiva/rows/characters.inc"
+};
+constexpr Rows kJoining = {
+#include "lexiva/rows/joining.inc"
+};
+constexpr Rows kFinding = {
+#include "lexiva/rows/finding.inc"
+};
+constexpr Rows kRegex = {
+#include "lexiva/rows/regex.inc"
+};
+constexpr Rows kWords = {
+#include "lexiva/rows/words.inc"
+};
+constexpr Rows kRandom = {
+#include "lexiva/rows/random.inc"
+};
+constexpr Rows kLanguage = {
+#include "lexiva/rows/language.inc"
+};
+
+constexpr std::span<const Command> span_of(Rows rows) { return {rows.begin(), rows.size()}; }
+
+constexpr Family kFamilies[] = {
+    {"Substrings and editing", span_of(kEditing)},
+    {"Character classes, case and translation", span_of(kCharacters)},
+    {"Joining, splitting, orders", span_of(kJoining)},
+    {"Searching and replacing", span_of(kFinding)},
+    {"Regular expressions and wildcards", span_of(kRegex)},
+    {"Combinatorics on words, distances", span_of(kWords)},
+    {"Randomness and digests", span_of(kRandom)},
+    {"Layout, language, time", span_of(kLanguage)},
+};
+
+constexpr Alias kAliases[] = {
+    {"Version", "version"},
+    {"WildcardMatch", "wild"},
+};
+
+}  // namespace
+
+std::span<const Family> families() { return kFamilies; }
+
+std::span<const Alias> aliases() { return kAliases; }
+
+const Command* find(std::string_view name) {
+  for (const Alias& alias : kAliases)
+    if (name == alias.name) name = alias.command;
+  for (const Family& family : kFamilies) {
+    const auto found = std::ranges::find(family.commands, name, &Command::name);
+    if (found != family.commands.end()) return &*found;
+  }
+  return nullptr;
+}
+
+}  // namespace velmor::lexiva
