@@ -1,0 +1,42 @@
+#include "command_line/prompt.h"
+
+#include <editline/readline.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "language/script.h"
+
+namespace velmor {
+namespace {
+
+bool says_quit(const std::string& line) {
+  return line == "quit" || line == "quit;" || line == "exit" || line == "exit;";
+}
+
+}  // namespace
+
+void prompt(Session& session) {
+  std::cout << "velmor " VELMOR_VERSION ": with(Lexiva); loads the string commands, quit; leaves.\n"
+            << std::flush;
+  Script script(session, std::cout, std::cerr);
+  for (;;) {
+    const std::unique_ptr<char, decltype(&std::free)> line(readline(script.open() ? "  " : "> "),
+                                                           &std::free);
+    if (line == nullptr) break;
+    if (!script.open() && says_quit(line.get())) return;
+    script.feed(line.get() + std::string("\n"));
+  }
+  std::cout << '\n';
+  script.finish();
+}
+
+bool run_standard_input(Session& session) {
+  Script script(session, std::cout, std::cerr);
+  for (std::string line; std::getline(std::cin, line);) script.feed(line + '\n');
+  return script.finish();
+}
+
+}  // namespace velmor

@@ -1,0 +1,16 @@
+// Statements typed or piped in.
+#pragma once
+#include <iosfwd>
+
+#include "language/session.h"
+
+namespace velmor {
+
+// Talks with the user at a terminal until the end of input or a line that says quit. A failure is
+// the user's to see, not the run's.
+void prompt(Session& session);
+
+// Runs standard input line by line, each answered as it comes; false when a statement failed.
+bool run_standard_input(Session& session);
+
+}  // namespace velmor
