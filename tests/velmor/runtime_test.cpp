@@ -120,7 +120,7 @@ TEST_F(Runtime, PrintsHostSyntax) {
   const HostObject equation = velmor_equation(heap, x, one);
   const HostObject range = velmor_range(heap, one, integer(-2));
   const std::pair<HostObject, const char*> rows[] = {
-      {string("a\"b\\\n\t\x01\x7f\xff`"), R"("a\"b\\\n\t\x01\x7f\xff`")"},
+      {string("a\"b\\\n\t\x01\x7f\xff`"), R"("a\"b\\\n\t\001\177\377`")"},
       {name("x_1"), "x_1"},
       {name("1x"), "`1x`"},
       {name(""), "``"},

@@ -46,7 +46,7 @@ class SessionTest : public testing::Test {
 
 TEST_F(SessionTest, ValuesReadBackAsTheyPrint) {
   for (const std::string text :
-       {"\"a\\n\\t\\\\\\\"\\x01\\xff\"", "`a name`", "x", "-1", "123456789012345678901234567890",
+       {"\"a\\n\\t\\\\\\\"\\001\\377\"", "`a name`", "x", "-1", "123456789012345678901234567890",
         "-9223372036854775808", "1.5", "1e+300", "[1, [], {2, x}]", "1 .. x", "x = 1 .. 2",
         "f(x, \"y\", g())", "1, 2", "(1 .. 2) .. 3", "(a = b) = c", "true", ""})
     EXPECT_EQ(evaluated(text.empty() ? "NULL" : text), text);

@@ -17,7 +17,7 @@ namespace {
 void append_escaped(std::string& out, std::string_view text, char quote) {
   static constexpr std::string_view kControls = "\a\b\t\n\v\f\r";
   static constexpr std::string_view kLetters = "abtnvfr";
-  static constexpr std::string_view kHex = "0123456789abcdef";
+  const auto octal = [](int digit) { return static_cast<char>('0' + digit); };
   out += quote;
   for (const char c : text) {
     const auto code = static_cast<unsigned char>(c);
@@ -26,7 +26,7 @@ void append_escaped(std::string& out, std::string_view text, char quote) {
     } else if (const std::size_t i = kControls.find(c); i != std::string_view::npos) {
       out += {'\\', kLetters[i]};
     } else if (code < 32 || code >= 127) {
-      out += {'\\', 'x', kHex[code / 16], kHex[code % 16]};
+      out += {'\\', octal(code / 64), octal(code / 8 % 8), octal(code % 8)};
     } else {
       out += c;
     }

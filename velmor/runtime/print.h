@@ -11,7 +11,7 @@ namespace velmor {
 
 // "abc", x, `two words`, -5, 2.5, [1, 2], {1, 2}, a .. b, x = 1, f(x, y); a sequence is its
 // elements with commas between, NULL nothing. Bytes below 32 and from 127 print as \n, \t, ... or
-// \xHH. Any depth of nesting is safe.
+// \ooo. Any depth of nesting is safe.
 std::string print(HostObject object);
 
 // The greatest d of the placeholders %d and %-d in `message`, d from 1 to 3; 0 when it has none.
