@@ -4,6 +4,8 @@ include(CMakePackageConfigHelpers)
 install(TARGETS vstring EXPORT vstring-targets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES src/host/vstring.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
+# The file finds its prefix from where it stands, so that an installed tree may be moved.
+file(RELATIVE_PATH pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/vstring.pc.in vstring.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/vstring.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
