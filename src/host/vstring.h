@@ -350,16 +350,40 @@ VSTRING_API HostObject MatchListToList(const HostTable* host, const VstringMatch
 /* 1-based position of the first occurrence of pattern[0, m) in text[0, n), or 0. */
 VSTRING_API int64_t Search(const char* pattern, int64_t m, const char* text, int64_t n);
 
-/* The Aho-Corasick automaton (A. V. Aho, M. J. Corasick, "Efficient string matching", 1975). */
-struct VstringAutomatonNode;
+/* The Aho-Corasick automaton (A. V. Aho, M. J. Corasick, "Efficient string matching", 1975).
+ * Everything but the record itself lives in its pool. */
+typedef struct VstringOutput {
+  struct VstringOutput* next;
+  const char* text; /* a copy of the pattern */
+  int32_t number;
+  size_t length;
+} VstringOutput;
+
+typedef struct VstringEdge {
+  struct VstringEdge* next;
+  struct VstringAutomatonNode* target;
+  unsigned char byte;
+  int32_t end; /* number of the pattern that was inserted when it ends here, else 0 */
+} VstringEdge;
+
+typedef struct VstringAutomatonNode {
+  struct VstringAutomatonNode* next; /* of the same depth */
+  struct VstringAutomatonNode* fail; /* null: the root */
+  VstringOutput* output;             /* the pattern that ends here; shorter ones follow `fail` */
+  VstringEdge* edges;
+} VstringAutomatonNode;
 
 typedef struct VstringAutomaton {
-  struct VstringAutomatonNode* root[256];
-  int32_t capacity; /* of depth; -1 once freed */
-  struct VstringAutomatonNode** depth;
+  VstringAutomatonNode* root[256];
+  int32_t capacity;             /* entries of `depth`; -1 once freed */
+  VstringAutomatonNode** depth; /* depth[d]: the nodes at depth d, from 1 on */
   VstringPool* pool;
 } VstringAutomaton;
 
+/* ac_init destroys a pool that the record holds, so clear a record before its first use. ac_insert
+ * and ac_prep return 1, or 0 when memory fails. Patterns inserted after ac_prep need another one.
+ * ac_search calls fn for every match until it returns 0, and returns how many calls it made.
+ * ac_free leaves the record itself to its owner. */
 VSTRING_API VstringAutomaton* ac_alloc(void);
 VSTRING_API VstringAutomaton* ac_init(VstringAutomaton* automaton);
 VSTRING_API int ac_insert(VstringAutomaton* automaton, const char* pattern, int32_t number);

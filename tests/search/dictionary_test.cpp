@@ -1,0 +1,203 @@
+// Dictionaries: the builtin one, and those made from lists.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <vector>
+
+#include "support/allocations.h"
+#include "support/check.h"
+
+namespace vstring_test {
+namespace {
+
+void collect_info(void* context, std::int64_t level, const char* package, const char* text) {
+  *static_cast<std::string*>(context) = std::to_string(level) + " " + package + ": " + text;
+}
+
+class Dictionary : public testing::Test {
+ protected:
+  void SetUp() override { velmor_set_userinfo(heap(), collect_info, &info_); }
+  void TearDown() override {
+    for (int id = 0; id < 512; ++id) evaluate("dictObjFree(" + std::to_string(id) + ")");
+    velmor_set_userinfo(heap(), nullptr, nullptr);
+  }
+  static VelmorHeap* heap() { return session().heap(); }
+
+  std::string info_;
+};
+
+TEST_F(Dictionary, Values) {
+  CheckInOrder({
+      {"dictCreate([\"he\", \"she\", \"his\", \"hers\"])", "1"},
+      {"dictObjSearch(1, \"ushers\")", "[3, 1], [2, 2], [3, 4]"},
+      {"dictObjSearch(1, `ushers`)", "[3, 1], [2, 2], [3, 4]"},
+      {"dictObjSearch(1, \"HE\")", "[]"},
+      {"dictObjSearch(1, \"\")", "[]"},
+      {"dictCreate([c, bc, abcd, c, \"\"])", "2"},
+      {"dictObjSearch(2, \"abcd\")", "[2, 2], [3, 1], [1, 3]"},
+      {"dictObjSize(2)", "5"},
+      {"dictObjGet(2, 2), dictObjGet(2, 4), dictObjGet(2, 5)", "\"bc\", \"c\", \"\""},
+      {"dictObjGet(2, 0)", "\"\""},
+      {"dictCreate([])", "3"},
+      {"dictObjSearch(3, \"abc\"), dictObjSize(3)", "[], 0"},
+      {"dictObjFree(1)", "1"},
+      {"dictCreate([\"x\"])", "1"},
+  });
+}
+
+TEST_F(Dictionary, Refusals) {
+  const std::string invalid = "error: invalid dictionary ID";
+  const std::string not_integer = "error: argument must be a 32-bit integer";
+  const std::string not_words =
+      "error: argument must be a list of strings, or the special name `builtin'";
+  CheckInOrder({
+      {"dictCreate()", "error: expecting one argument, but got 0"},
+      {"dictCreate(\"builtin\")", not_words},
+      {"dictCreate({\"a\"})", not_words},
+      {"dictCreate(builti)", not_words},
+      {"dictCreate([\"a\", 1])", "error: first argument must be a list of strings"},
+      {"dictObjSize()", "error: expecting one argument, but got 0"},
+      {"dictObjSize(\"0\")", not_integer},
+      {"dictObjSize(1)", invalid},
+      {"dictObjSize(-1)", invalid},
+      {"dictObjSize(512)", invalid},
+      {"dictObjGet(0)", "error: expecting 2 arguments, but got 1"},
+      {"dictObjGet(x, y)", not_integer},
+      {"dictObjGet(0, 2147483648)", not_integer},
+      {"dictObjGet(1, -5)", "\"\""},
+      {"dictObjGet(512, 1)", "\"\""},
+      {"dictObjGet(0, 25951)", "error: invalid word ID for dictionary"},
+      {"dictObjGet(0, -1)", "error: invalid word ID for dictionary"},
+      {"dictObjSearch(0)", "error: expecting 2 arguments, but got 1"},
+      {"dictObjSearch(\"a\", 1)", "error: first argument must be a 32-bit integer"},
+      {"dictObjSearch(0, 1)", invalid},
+      {"dictObjSearch(600, 1)", invalid},
+      {"dictCreate([\"a\"])", "1"},
+      {"dictObjSearch(1, 1)", "error: second argument must be a string"},
+      {"dictObjGet(1, 2)", "error: invalid word ID for dictionary"},
+      {"dictObjGet(1, -1)", "error: invalid word ID for dictionary"},
+      {"dictObjFree()", "error: expecting one argument, but got 0"},
+      {"dictObjFree(1.5)", not_integer},
+  });
+}
+
+TEST_F(Dictionary, FreeingTellsFirst) {
+  const auto free_and_tell = [&](const char* call) {
+    info_.clear();
+    const std::string answer = evaluate(call);
+    return answer + " / " + info_;
+  };
+  const char* const builtin = "10 PatternDictionary: freeing builtin dictionary search automaton";
+  EXPECT_EQ(std::string("0 / ") + builtin, free_and_tell("dictObjFree(0)"));
+  EXPECT_EQ("0", evaluate("dictCreate(builtinEnglish)"));
+  EXPECT_EQ(std::string("1 / ") + builtin, free_and_tell("dictObjFree(0)"));
+  EXPECT_EQ("error: invalid dictionary ID / 10 PatternDictionary: freeing dictionary ID #511",
+            free_and_tell("dictObjFree(511)"));
+  EXPECT_EQ("error: invalid dictionary ID / ", free_and_tell("dictObjFree(512)"));
+  EXPECT_EQ("error: invalid dictionary ID / ", free_and_tell("dictObjFree(-1)"));
+}
+
+TEST_F(Dictionary, BuiltinWords) {
+  evaluate("dictObjSize(0)");
+  std::vector<std::string> words;
+  for (int k = 1; k <= 25950; ++k) {
+    const std::string call = "dictObjGet(0, " + std::to_string(k) + ")";
+    words.push_back(velmor_text(session().evaluate(call).value));
+  }
+  const auto is_capital = [](char c) { return c >= 'A' && c <= 'Z'; };
+  const auto is_letter = [](char c) { return (c | 32) >= 'a' && (c | 32) <= 'z'; };
+  const auto lower = [](std::string word) {
+    for (char& c : word) c = static_cast<char>(std::tolower(c));
+    return word;
+  };
+  const auto before = [&](const std::string& v, const std::string& w) {
+    return std::pair(lower(v), v) < std::pair(lower(w), w);
+  };
+  EXPECT_EQ(words.end(), std::adjacent_find(words.begin(), words.end(), std::not_fn(before)));
+  EXPECT_EQ(5487, std::ranges::count_if(words, [&](const std::string& word) {
+              return std::ranges::any_of(word, is_capital);
+            }));
+  EXPECT_EQ(153, std::ranges::count_if(words, [&](const std::string& word) {
+              return !std::ranges::all_of(word, is_letter);
+            }));
+  EXPECT_TRUE(std::ranges::all_of(
+      words, [](const std::string& word) { return word.size() >= 1 && word.size() <= 39; }));
+
+  // Every word is found in itself, under its number.
+  EXPECT_EQ("0, 0", evaluate("dictCreate(builtin), dictCreate(builtin)"));
+  for (std::size_t k = 0; k < words.size(); k += long_tier() ? 1 : 37) {
+    const std::string found = evaluate("dictObjSearch(0, \"" + words[k] + "\")");
+    EXPECT_NE(std::string::npos, found.find("[1, " + std::to_string(k + 1) + "]")) << words[k];
+  }
+}
+
+TEST_F(Dictionary, AsManyAsThereAreNumbers) {
+  for (int id = 1; id <= 511; ++id) {
+    ASSERT_EQ(std::to_string(id), evaluate("dictCreate([\"w" + std::to_string(id) + "\"])"));
+  }
+  CheckInOrder({
+      {"dictCreate([\"x\"])", "error: too many dictionaries"},
+      {"dictCreate([1])", "error: too many dictionaries"},
+      {"dictObjFree(300), dictObjFree(77)", "1, 1"},
+      {"dictCreate([\"x\"]), dictCreate([\"y\"])", "77, 300"},
+      {"dictObjSearch(511, \"w511\"), dictObjSearch(77, \"x\")", "[1, 1], [1, 1]"},
+  });
+}
+
+TEST_F(Dictionary, WordsOutliveTheCollector) {
+  const std::size_t protected_before = velmor_protected_count(heap());
+  evaluate("dictCreate([\"he\", she, repeat(\"ab\", 2)])");
+  for (int i = 0; i < 3; ++i) {
+    evaluate("length(\"something else\")");
+    velmor_collect(heap());
+  }
+  EXPECT_EQ(protected_before + 1, velmor_protected_count(heap()));
+  EXPECT_EQ("\"he\", \"abab\"", evaluate("dictObjGet(1, 1), dictObjGet(1, 3)"));
+  EXPECT_EQ("1", evaluate("dictObjFree(1)"));
+  EXPECT_EQ(protected_before, velmor_protected_count(heap()));
+}
+
+// A creation that fails, for whatever reason, leaves no dictionary, block or protection.
+TEST_F(Dictionary, FailedCreationLeavesNothing) {
+  evaluate("length(\"\")");
+  const std::size_t live = live_blocks();
+  const std::size_t protected_before = velmor_protected_count(heap());
+  for (const char* const call : {"dictCreate([\"he\", \"she\"])", "dictCreate(builtin)"}) {
+    const bool is_list = call[11] == '[';
+    const char* const free_call = is_list ? "dictObjFree(1)" : "dictObjFree(0)";
+    for (const bool in_host : {true, false}) {
+      for (std::size_t k = 1;; k += 1 + k / 16) {  // dictionary 0 takes thousands of blocks
+
+        in_host ? velmor_fail_operation(heap(), k) : fail_allocation(k);
+        const std::string answer = evaluate(call);
+        in_host ? velmor_fail_operation(heap(), 0) : fail_allocation(0);
+        if (answer.rfind("error", 0) != 0) break;
+        EXPECT_EQ(in_host ? "error: injected failure" : "error: out of memory", answer);
+        EXPECT_EQ("\"\"", evaluate("reverse(\"\")"));
+        // The builtin dictionary holds no host objects, so it may outlive a result that failed.
+        if (is_list) {
+          EXPECT_EQ("error: invalid dictionary ID", evaluate(free_call));
+        } else {
+          evaluate(free_call);
+        }
+        EXPECT_EQ(live, live_blocks()) << call << ", failure " << k;
+        EXPECT_EQ(protected_before, velmor_protected_count(heap())) << call << ", failure " << k;
+        ASSERT_LT(k, 5000u);
+      }
+      EXPECT_EQ("1", evaluate(free_call));
+    }
+  }
+}
+
+TEST_F(Dictionary, FailedSearchIsNotAnAnswer) {
+  EXPECT_EQ("1", evaluate("dictCreate([\"a\"])"));
+  Check({{"dictObjSearch(1, \"banana\")", "[2, 1], [4, 1], [6, 1]"},
+         {"dictObjSearch(1, \"nn\")", "[]"},
+         {"dictObjGet(1, 1)", "\"a\""},
+         {"dictObjSize(1)", "1"}});
+}
+
+}  // namespace
+}  // namespace vstring_test
