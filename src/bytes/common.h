@@ -1,0 +1,48 @@
+// How far two texts agree, read eight bytes at a time.
+#pragma once
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "runtime/bytes.h"
+
+namespace vstring {
+
+static_assert(std::endian::native == std::endian::little);
+
+// Eight bytes as one number, the first one lowest.
+inline std::uint64_t load8(const Byte* bytes) {
+  std::uint64_t word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+// Length of the longest common prefix.
+inline std::size_t common_prefix(Bytes a, Bytes b) {
+  const std::size_t n = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    const std::uint64_t differing = load8(a.data() + i) ^ load8(b.data() + i);
+    if (differing != 0) return i + static_cast<std::size_t>(std::countr_zero(differing)) / 8;
+  }
+  while (i < n && a[i] == b[i]) ++i;
+  return i;
+}
+
+// Length of the longest common suffix.
+inline std::size_t common_suffix(Bytes a, Bytes b) {
+  const std::size_t n = std::min(a.size(), b.size());
+  const Byte* const a_end = a.data() + a.size();
+  const Byte* const b_end = b.data() + b.size();
+  std::size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    const std::uint64_t differing = load8(a_end - i - 8) ^ load8(b_end - i - 8);
+    if (differing != 0) return i + static_cast<std::size_t>(std::countl_zero(differing)) / 8;
+  }
+  while (i < n && a[a.size() - 1 - i] == b[b.size() - 1 - i]) ++i;
+  return i;
+}
+
+}  // namespace vstring

@@ -1,0 +1,65 @@
+#include "words/border.h"
+
+#include <algorithm>
+
+#include "runtime/memory.h"
+
+namespace vstring::words {
+namespace {
+
+bool fits_short_cells(Bytes word) { return word.size() <= UINT32_MAX; }
+
+template <typename Cell>
+Result<std::size_t> last_border(Bytes word) {
+  Buffer<Cell> border;
+  if (!border.resize(word.size() + 1)) return Status::out_of_memory;
+  border_array<Cell>(word, {border.data(), border.size()});
+  return static_cast<std::size_t>(border.back());
+}
+
+// Longest prefix of `t` matched where the scan of `s` ends. `links` is the word whose borders the
+// scan falls back along; its first |s| letters suffice, since no more are ever matched.
+template <typename Cell>
+Result<std::size_t> matched_at_end(Bytes s, Bytes t, Bytes links) {
+  Buffer<Cell> border;
+  if (!border.resize(links.size() + 1)) return Status::out_of_memory;
+  border_array<Cell>(links, {border.data(), border.size()});
+  std::size_t j = 0;
+  for (const Byte c : s) {
+    if (j == t.size()) break;
+    while (j > 0 && c != t[j]) j = border[j];
+    if (c == t[j]) ++j;
+  }
+  return j;
+}
+
+}  // namespace
+
+template <typename Cell>
+void border_array(Bytes word, std::span<Cell> border) {
+  border[0] = 0;
+  if (word.empty()) return;
+  border[1] = 0;
+  std::size_t k = 0;  // longest border of word[0, i)
+  for (std::size_t i = 1; i < word.size(); ++i) {
+    while (k > 0 && word[i] != word[k]) k = border[k];
+    if (word[i] == word[k]) ++k;
+    border[i + 1] = static_cast<Cell>(k);
+  }
+}
+
+template void border_array(Bytes word, std::span<std::uint32_t> border);
+template void border_array(Bytes word, std::span<std::uint64_t> border);
+
+Result<std::size_t> longest_border_by_array(Bytes word) {
+  return fits_short_cells(word) ? last_border<std::uint32_t>(word)
+                                : last_border<std::uint64_t>(word);
+}
+
+Result<std::size_t> overlap(Bytes s, Bytes t) {
+  const Bytes links = (t.size() >= s.size() ? t : s).first(std::min(s.size(), t.size()));
+  return fits_short_cells(links) ? matched_at_end<std::uint32_t>(s, t, links)
+                                 : matched_at_end<std::uint64_t>(s, t, links);
+}
+
+}  // namespace vstring::words

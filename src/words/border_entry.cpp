@@ -1,0 +1,73 @@
+// Entry points: period, isperiod, border, borderlen, borderarray, overlap.
+#include "host/args.h"
+#include "host/result.h"
+#include "words/border.h"
+#include "words/period.h"
+
+using namespace vstring;
+
+constexpr Signature kOneWord = {1, {{messages::kArgumentString}}};
+
+// Without memory for a border array the word counts as having a border of length -1: scripts test
+// for a period longer than the word, or for a negative border.
+HostObject vstring_period(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOneWord);
+  const Bytes word = args.text(1);
+  const Result<std::size_t> period = words::smallest_period(word);
+  return new_integer(args, period.ok() ? *period : word.size() + 1);
+}
+
+HostObject vstring_borderlen(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOneWord);
+  const Result<std::size_t> border = words::longest_border(args.text(1));
+  return border.ok() ? new_integer(args, *border) : host->HostNewInteger(-1);
+}
+
+HostObject vstring_border(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOneWord);
+  const Bytes word = args.text(1);
+  const Result<std::size_t> border = words::longest_border(word);
+  args.require(border.status());
+  return new_string(args, word.last(*border));
+}
+
+constexpr Signature kIsperiod = {2, {{}, {nullptr, "second argument must be positive"}}};
+
+HostObject vstring_isperiod(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kIsperiod);
+  const Bytes word = args.text(1);
+  const auto p = static_cast<std::size_t>(args.positive(2));
+  return new_boolean(args, words::has_period(word, p));
+}
+
+HostObject vstring_borderarray(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOneWord);
+  const Bytes word = args.text(1);
+  // No list holds 2^32 elements: its length in words is a 32-bit number.
+  if (word.size() >= UINT32_MAX) args.raise(Status::out_of_memory);
+  std::uint32_t few_cells[512];
+  HeldArray<std::uint32_t> many_cells;
+  std::span<std::uint32_t> border(few_cells, word.size() < 512 ? word.size() + 1 : 0);
+  if (border.empty()) {
+    if (!many_cells.resize(word.size() + 1)) args.raise(Status::out_of_memory);
+    border = {many_cells.data(), many_cells.size()};
+  }
+  words::border_array(word, border);
+  const HostObject list = new_list(args, word.size(), [&args, border](std::size_t i) {
+    return new_integer(args, border[i + 1]);
+  });
+  many_cells.free();
+  return list;
+}
+
+constexpr Signature kOverlap = {2};
+
+HostObject vstring_overlap(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOverlap);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  if (args.object(1) == args.object(2)) return new_integer(args, s.size());
+  const Result<std::size_t> length = words::overlap(s, t);
+  args.require(length.status());
+  return new_integer(args, *length);
+}

@@ -1,0 +1,29 @@
+// Commands called straight through the runtime, without the host's language: for loops over many
+// texts. Works on the driver's session, so allocations are still watched there.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/vstring.h"
+#include "runtime/velmor_runtime.h"
+
+namespace vstring_test {
+
+// The printed result, or "error: ...", of a command called with these values, which may be
+// collected afterwards.
+std::string call(VelmorCommand command, const std::vector<HostObject>& arguments);
+
+// The same with texts, read as what the command is known to give.
+std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts);
+bool truth(VelmorCommand command, const std::vector<std::string>& texts);
+std::string text(VelmorCommand command, const std::vector<std::string>& texts);
+std::vector<std::string> texts(VelmorCommand command, const std::vector<std::string>& texts);
+std::vector<std::int64_t> integers(VelmorCommand command, const std::vector<std::string>& texts);
+
+// All words over `alphabet` of at most `longest` letters, the empty one first.
+std::vector<std::string> all_words(std::string_view alphabet, std::size_t longest);
+
+}  // namespace vstring_test

@@ -1,0 +1,139 @@
+// Distances.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "support/check.h"
+#include "support/direct.h"
+#include "words/sample_words.h"
+
+namespace vstring_test {
+namespace {
+
+// R. A. Wagner and M. J. Fischer, 1974.
+std::size_t edits(const std::string& s, const std::string& t) {
+  std::vector<std::size_t> row(t.size() + 1);
+  std::iota(row.begin(), row.end(), 0);
+  for (const char c : s) {
+    std::size_t diagonal = row[0]++;
+    for (std::size_t j = 1; j <= t.size(); ++j) {
+      const std::size_t substituted = diagonal + (c == t[j - 1] ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({row[j] + 1, row[j - 1] + 1, substituted});
+    }
+  }
+  return row.back();
+}
+
+void check_levenshtein(const std::string& s, const std::string& t) {
+  ASSERT_EQ(edits(s, t), integer(vstring_levenshtein, {s, t})) << s << ", " << t;
+}
+
+std::size_t lee(const std::string& s, const std::string& t) {
+  std::size_t sum = 0;
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    const unsigned d = (static_cast<unsigned char>(s[i]) - static_cast<unsigned char>(t[i])) & 255u;
+    sum += std::min(d, 256 - d);
+  }
+  return sum;
+}
+
+TEST(Distances, AllShortPairsByDefinition) {
+  VelmorHeap* const heap = session().heap();
+  const auto words = all_words("abc", 5);
+  for (const std::string& s : words) {
+    for (const std::string& t : words) {
+      const std::size_t shorter = std::min(s.size(), t.size());
+      const std::size_t total = s.size() + t.size();
+      std::size_t differing = std::max(s.size(), t.size()) - shorter;
+      std::size_t prefix = shorter;
+      std::size_t suffix = shorter;
+      for (std::size_t i = 0; i < shorter; ++i) differing += s[i] != t[i] ? 1 : 0;
+      while (s.substr(0, prefix) != t.substr(0, prefix)) --prefix;
+      while (s.substr(s.size() - suffix) != t.substr(t.size() - suffix)) --suffix;
+      const std::size_t distance = edits(s, t);
+      ASSERT_EQ(differing, integer(vstring_hd, {s, t}));
+      ASSERT_EQ(total - 2 * prefix, integer(vstring_prefixdist, {s, t}));
+      ASSERT_EQ(total - 2 * suffix, integer(vstring_suffixdist, {s, t}));
+      ASSERT_EQ(distance, integer(vstring_levenshtein, {s, t})) << s << ", " << t;
+      const std::string answer =
+          call(vstring_editdist, {velmor_string(heap, s.c_str()), velmor_string(heap, t.c_str())});
+      ASSERT_EQ(
+          2 * distance > total ? "error: out of memory" : std::to_string(total - 2 * distance),
+          answer);
+    }
+  }
+}
+
+// Lengths around multiples of the 64 rows of a stripe and the 64 columns of a run; words that are
+// close and words that are not.
+TEST(Distances, LevenshteinOfLongerWords) {
+  unsigned seed = 0;
+  for (const std::size_t m : {1, 7, 63, 64, 65, 127, 128, 130, 300}) {
+    for (const std::size_t n : {2, 64, 66, 129, 192, 200, 450}) {
+      for (const int letters : {2, 4, 255}) {
+        const std::string s = random_word(m, letters, ++seed);
+        check_levenshtein(s, random_word(n, letters, ++seed));
+        std::string close = s;
+        for (std::size_t i = 0; i < close.size(); i += 1 + n / 4) {
+          if (i % 3 == 0) close.erase(i, 1);
+          if (i % 3 == 1) close.insert(i, "b");
+          if (i % 3 == 2) close[i] = 'c';
+        }
+        check_levenshtein("x" + s, close + "y");
+      }
+    }
+  }
+  check_levenshtein(random_word(1500, 3, 1), random_word(1100, 3, 2));
+  check_levenshtein(fibonacci_word(2000), "b" + fibonacci_word(1500));
+  check_levenshtein(periodic_word("abc", 1200), periodic_word("acb", 1300));
+}
+
+TEST(Distances, LeeOverAllResidues) {
+  const std::string all = [] {
+    std::string bytes;
+    for (int c = 1; c < 256; ++c) bytes += static_cast<char>(c);
+    return bytes;
+  }();
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const std::string turned = all.substr(i) + all.substr(0, i);
+    ASSERT_EQ(lee(all, turned), integer(vstring_leedist, {all, turned}));
+  }
+  const std::string zeroes(all.size(), '\0');
+  EXPECT_EQ(lee(all, zeroes), integer(vstring_leewt, {all}));
+  EXPECT_EQ(128 * 10000, integer(vstring_leewt, {std::string(10000, '\x80')}));
+}
+
+TEST(Distances, ValuesAndRefusals) {
+  const std::string long_word = quoted(random_word(1100, 4, 5));
+  const std::string other = quoted(random_word(1100, 4, 6));
+  Check({
+      {"hd(\"abc\", \"abd\"), hd(`abc`, \"a\"), hd(\"\", \"\")", "1, 2, 0"},
+      {"leedist(\"abc\", \"bad\"), leedist(\"\", \"\"), leedist(\"\\377\", \"\\001\")", "3, 0, 2"},
+      {"leedist(\"ab\", \"a\")", "error: strings must be of equal length"},
+      {"leewt(\"\\310\"), leewt(\"\"), leewt(`\001`)", "56, 0, 1"},
+      {"prefixdist(\"abcd\", \"abxy\"), suffixdist(\"xbcd\", \"ybcd\")", "4, 2"},
+      {"levenshtein(\"flaw\", \"lawn\"), levenshtein(`abc`, \"abc\"), levenshtein(\"\", \"ab\")",
+       "2, 0, 2"},
+      {"editdist(\"abcde\", \"abcde\"), editdist(\"\", \"\"), editdist(\"ab\", \"cd\")",
+       "10, 0, 0"},
+      {"editdist(\"\", \"x\")", "error: out of memory"},
+      {"editdist(\"a\", \"bcd\")", "error: out of memory"},
+      {"levenshtein(" + long_word + ", " + long_word + ")", "0"},
+      {"levenshtein(" + long_word + ", " + other + ")",
+       std::to_string(edits(random_word(1100, 4, 5), random_word(1100, 4, 6)))},
+      {"hd(\"a\")", "error: expecting 2 arguments, but got 1"},
+      {"leewt()", "error: expecting one argument, but got 0"},
+      {"leewt(7)", "error: first argument must be a string"},
+      {"leedist(1, 2)", "error: first argument must be a string"},
+      {"leedist(\"ab\", 2)", "error: second argument must be a string"},
+      {"prefixdist(\"a\", 2)", "error: second argument must be a string"},
+      {"suffixdist(2, \"a\")", "error: first argument must be a string"},
+      {"levenshtein(x, 2)", "error: second argument must be a string"},
+      {"editdist(1)", "error: expecting 2 arguments, but got 1"},
+  });
+}
+
+}  // namespace
+}  // namespace vstring_test
