@@ -39,9 +39,6 @@ void CheckInOrder(const std::vector<Row>& rows,
 // True in the long tier (VSTRING_LONG_TESTS=1).
 bool long_tier();
 
-// Commands that have run in any row so far, by entry point.
-const std::vector<std::string>& commands_seen();
-
 // A text as a literal of the host's language.
 std::string quoted(const std::string& bytes);
 

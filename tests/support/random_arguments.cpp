@@ -43,14 +43,50 @@ constexpr std::int64_t kIntegers[] = {
     INT64_C(1) << 40,
 };
 
+// Argument kinds that commands ask for: string, small integer, range, list of strings, equation,
+// weights, keyword, number of an algorithm.
+constexpr const char* kShapes[] = {
+    "s",  "ss",  "sss", "ssi", "ssia", "si", "sii", "sis", "i",   "l", "ls", "sl", "sr",  "e", "es",
+    "se", "sie", "k",   "ik",  "ssw",  "r",  "w",   "sk",  "ske", "a", "aa", "as", "ksr", ""};
+
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
 }  // namespace
 
 HostObject RandomArguments::sequence() {
-  std::vector<HostObject> items(below(16) == 0 ? below(15) : below(5));
-  for (HostObject& item : items) item = value(2);
+  std::vector<HostObject> items;
+  if (below(2) == 0) {
+    for (const char* kind = kShapes[below(std::size(kShapes))]; *kind != '\0'; ++kind) {
+      items.push_back(of_kind(*kind));
+    }
+  } else {
+    items.resize(below(16) == 0 ? below(15) : below(5));
+    for (HostObject& item : items) item = value(2);
+  }
   return velmor_sequence(heap_, items.size(), items.data());
+}
+
+HostObject RandomArguments::of_kind(char kind) {
+  switch (kind) {
+    case 's':
+      return text();
+    case 'i':
+      return integer();
+    case 'a':
+      return velmor_integer(heap_, static_cast<std::int64_t>(1 + below(3)));
+    case 'r':
+      return range();
+    case 'l':
+      return list(0);
+    case 'e':
+      return equation(0);
+    case 'k':
+      return word();
+    default: {
+      const HostObject weight = velmor_equation(heap_, velmor_string(heap_, "a"), integer());
+      return velmor_list(heap_, 1, &weight);
+    }
+  }
 }
 
 HostObject RandomArguments::value(int depth) {

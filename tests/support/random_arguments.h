@@ -18,6 +18,7 @@ class RandomArguments {
   }
 
  private:
+  HostObject of_kind(char kind);
   HostObject value(int depth);
   HostObject text();
   HostObject integer();

@@ -1,0 +1,37 @@
+// The binding table is complete and tells the truth.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+#include <string>
+
+#include "lexiva/commands.h"
+#include "support/check.h"
+
+namespace vstring_test {
+namespace {
+
+TEST(BindingTable, ExamplesGiveWhatTheySay) {
+  for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
+    for (const velmor::lexiva::Command& command : family.commands) {
+      SCOPED_TRACE(command.name);
+      Check({{command.example, command.result}});
+    }
+  }
+}
+
+TEST(BindingTable, HasARowForEveryCommand) {
+  std::set<std::string> bound;
+  for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
+    for (const velmor::lexiva::Command& command : family.commands) {
+      EXPECT_TRUE(bound.insert(command.entry_point).second) << command.name << " stands twice";
+    }
+  }
+  std::ifstream names(VSTRING_EXPORTS);
+  for (std::string name; std::getline(names, name);) {
+    EXPECT_TRUE(!name.starts_with("vstring_") || bound.contains(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace vstring_test
