@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -77,7 +78,7 @@ class RandomCalls : public testing::Test {
 
   void run(std::size_t calls) {
     for (std::size_t i = 0; i < calls && !HasFailure(); ++i) {
-      call(commands_[arguments_.below(commands_.size())]);
+      call(commands_[below(commands_.size())]);
       if (i % 256 == 0) velmor_collect(heap_);
     }
   }
@@ -97,9 +98,13 @@ class RandomCalls : public testing::Test {
 
   VelmorHeap* heap_ = velmor_heap_new();
   std::vector<Command> commands_ = all_commands();
-  RandomArguments arguments_{heap_, 20260117};
+  RandomArguments arguments_{heap_, [this](std::size_t n) { return below(n); }};
 
  private:
+  std::size_t below(std::size_t n) {
+    return std::uniform_int_distribution<std::size_t>(0, n - 1)(engine_);
+  }
+
   void call(Command& command) {
     const HostObject argseq = arguments_.sequence();
     const std::uint64_t before = fingerprint(argseq);
@@ -115,6 +120,7 @@ class RandomCalls : public testing::Test {
     }
   }
 
+  std::mt19937 engine_{20260117};
   std::size_t limit_before_ = 0;
 };
 

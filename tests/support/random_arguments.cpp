@@ -55,12 +55,12 @@ constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbC
 
 HostObject RandomArguments::sequence() {
   std::vector<HostObject> items;
-  if (below(2) == 0) {
-    for (const char* kind = kShapes[below(std::size(kShapes))]; *kind != '\0'; ++kind) {
+  if (below_(2) == 0) {
+    for (const char* kind = kShapes[below_(std::size(kShapes))]; *kind != '\0'; ++kind) {
       items.push_back(of_kind(*kind));
     }
   } else {
-    items.resize(below(16) == 0 ? below(15) : below(5));
+    items.resize(below_(16) == 0 ? below_(15) : below_(5));
     for (HostObject& item : items) item = value(2);
   }
   return velmor_sequence(heap_, items.size(), items.data());
@@ -73,7 +73,7 @@ HostObject RandomArguments::of_kind(char kind) {
     case 'i':
       return integer();
     case 'a':
-      return velmor_integer(heap_, static_cast<std::int64_t>(1 + below(3)));
+      return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
     case 'r':
       return range();
     case 'l':
@@ -90,7 +90,7 @@ HostObject RandomArguments::of_kind(char kind) {
 }
 
 HostObject RandomArguments::value(int depth) {
-  switch (below(depth > 0 ? 12 : 8)) {
+  switch (below_(depth > 0 ? 12 : 8)) {
     case 0:
     case 1:
     case 2:
@@ -102,7 +102,7 @@ HostObject RandomArguments::value(int depth) {
     case 6:
       return word();
     case 7:
-      return below(8) == 0 ? velmor_float(heap_, 1.5) : integer();
+      return below_(8) == 0 ? velmor_float(heap_, 1.5) : integer();
     case 8:
       return list(depth - 1);
     case 9:
@@ -111,50 +111,50 @@ HostObject RandomArguments::value(int depth) {
       return equation(depth - 1);
     default: {
       const HostObject argument = velmor_sequence(heap_, 0, nullptr);
-      return below(4) == 0 ? velmor_function(heap_, velmor_name(heap_, "f"), argument) : text();
+      return below_(4) == 0 ? velmor_function(heap_, velmor_name(heap_, "f"), argument) : text();
     }
   }
 }
 
 HostObject RandomArguments::text() {
   std::string bytes;
-  const std::size_t kind = below(40);
-  const std::size_t length = kind == 0 ? 8185 + below(10) : kind < 8 ? below(80) : below(8);
-  const bool any_byte = below(4) == 0;
-  const std::string alphabet = kAlphabets[below(std::size(kAlphabets))];
+  const std::size_t kind = below_(40);
+  const std::size_t length = kind == 0 ? 8185 + below_(10) : kind < 8 ? below_(80) : below_(8);
+  const bool any_byte = below_(4) == 0;
+  const std::string alphabet = kAlphabets[below_(std::size(kAlphabets))];
   for (std::size_t i = 0; i < length; ++i) {
-    bytes += any_byte ? static_cast<char>(1 + below(255)) : alphabet[below(alphabet.size())];
+    bytes += any_byte ? static_cast<char>(1 + below_(255)) : alphabet[below_(alphabet.size())];
   }
-  if (below(6) == 0) return velmor_name(heap_, bytes.c_str());
+  if (below_(6) == 0) return velmor_name(heap_, bytes.c_str());
   return velmor_string_n(heap_, bytes.data(), bytes.size());
 }
 
 HostObject RandomArguments::integer() {
-  if (below(20) == 0) return velmor_big_integer(heap_, "-123456789012345678901234567890");
-  return velmor_integer(heap_, kIntegers[below(std::size(kIntegers))]);
+  if (below_(20) == 0) return velmor_big_integer(heap_, "-123456789012345678901234567890");
+  return velmor_integer(heap_, kIntegers[below_(std::size(kIntegers))]);
 }
 
 HostObject RandomArguments::word() {
-  const char* const chosen = kWords[below(std::size(kWords))];
-  return below(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
+  const char* const chosen = kWords[below_(std::size(kWords))];
+  return below_(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
 }
 
 HostObject RandomArguments::list(int depth) {
-  std::vector<HostObject> items(below(5));
-  const bool texts_only = below(3) != 0;
+  std::vector<HostObject> items(below_(5));
+  const bool texts_only = below_(3) != 0;
   for (HostObject& item : items) item = texts_only ? text() : value(depth);
-  return below(5) == 0 ? velmor_set(heap_, items.size(), items.data())
-                       : velmor_list(heap_, items.size(), items.data());
+  return below_(5) == 0 ? velmor_set(heap_, items.size(), items.data())
+                        : velmor_list(heap_, items.size(), items.data());
 }
 
 HostObject RandomArguments::range() {
-  if (below(4) == 0) return velmor_range(heap_, value(0), value(0));
-  return velmor_range(heap_, velmor_integer(heap_, static_cast<std::int64_t>(below(12)) - 4),
-                      velmor_integer(heap_, static_cast<std::int64_t>(below(12)) - 4));
+  if (below_(4) == 0) return velmor_range(heap_, value(0), value(0));
+  return velmor_range(heap_, velmor_integer(heap_, static_cast<std::int64_t>(below_(12)) - 4),
+                      velmor_integer(heap_, static_cast<std::int64_t>(below_(12)) - 4));
 }
 
 HostObject RandomArguments::equation(int depth) {
-  return velmor_equation(heap_, below(2) == 0 ? word() : text(), value(depth));
+  return velmor_equation(heap_, below_(2) == 0 ? word() : text(), value(depth));
 }
 
 }  // namespace vstring_test

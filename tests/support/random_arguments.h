@@ -2,7 +2,8 @@
 // at the edges of what commands accept.
 #pragma once
 #include <cstddef>
-#include <random>
+#include <functional>
+#include <utility>
 
 #include "runtime/velmor_runtime.h"
 
@@ -10,12 +11,11 @@ namespace vstring_test {
 
 class RandomArguments {
  public:
-  RandomArguments(VelmorHeap* heap, unsigned seed) : heap_(heap), engine_(seed) {}
+  // choose(n) gives a number below n: from a random engine, or from a fuzzer's bytes.
+  using Choose = std::function<std::size_t(std::size_t n)>;
+  RandomArguments(VelmorHeap* heap, Choose choose) : heap_(heap), below_(std::move(choose)) {}
 
   HostObject sequence();
-  std::size_t below(std::size_t n) {
-    return std::uniform_int_distribution<std::size_t>(0, n - 1)(engine_);
-  }
 
  private:
   HostObject of_kind(char kind);
@@ -28,7 +28,7 @@ class RandomArguments {
   HostObject equation(int depth);
 
   VelmorHeap* heap_;
-  std::mt19937 engine_;
+  Choose below_;
 };
 
 }  // namespace vstring_test

@@ -1,0 +1,69 @@
+// Any command with any arguments: the fuzzer's bytes choose both. A fault that the host notices, a
+// changed argument or a crash is a finding.
+#include <dlfcn.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/allocations.h"
+#include "support/fingerprint.h"
+#include "support/random_arguments.h"
+
+namespace {
+
+struct Command {
+  std::string name;
+  VelmorCommand entry;
+};
+
+std::vector<Command> all_commands() {
+  std::vector<Command> commands;
+  std::ifstream names(VSTRING_EXPORTS);
+  for (std::string name; std::getline(names, name);) {
+    // The one command that writes to standard output, always the same.
+    if (!name.starts_with("vstring_") || name == "vstring_wildTester") continue;
+    commands.push_back({name, reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()))});
+  }
+  return commands;
+}
+
+void require(bool holds, const std::string& command, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "%s: %s\n", command.c_str(), what);
+  std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const std::vector<Command> commands = all_commands();
+  vstring_test::limit_allocation(std::size_t{1} << 22);
+  VelmorHeap* const heap = velmor_heap_new();
+  velmor_set_output(
+      heap, [](void*, const char*) {}, nullptr);
+  velmor_set_userinfo(
+      heap, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
+
+  std::size_t at = 0;
+  const auto choose = [&](std::size_t n) {
+    std::size_t value = at < size ? data[at++] : 0;
+    if (n > 256 && at < size) value = 256 * value + data[at++];
+    return value % n;
+  };
+  vstring_test::RandomArguments arguments(heap, choose);
+  while (at < size) {
+    const Command& command = commands[choose(commands.size())];
+    const HostObject argseq = arguments.sequence();
+    const std::uint64_t before = vstring_test::fingerprint(argseq);
+    HostObject result = 0;
+    velmor_call(heap, command.entry, argseq, &result);
+    require(before == vstring_test::fingerprint(argseq), command.name, "changed its arguments");
+    require(*velmor_faults(heap) == '\0', command.name, velmor_faults(heap));
+  }
+  velmor_heap_free(heap);
+  return 0;
+}
