@@ -1,0 +1,59 @@
+#include "charclass/case_map.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vstring::charclass {
+namespace {
+
+// Whether the class table has all of first..last in the class, as it has unless the host changed
+// it. The maps then need no table, and compile to vector code.
+bool holds_all(Class wanted, char first, char last) {
+  std::uint32_t common = wanted;
+  for (int c = first; c <= last; ++c) common &= cclbm[c];
+  return common != 0;
+}
+
+constexpr std::size_t kTooShortToAsk = 32;
+
+constexpr std::array<Byte, 256> kIdentity = [] {
+  std::array<Byte, 256> map{};
+  for (std::size_t c = 0; c < map.size(); ++c) map[c] = static_cast<Byte>(c);
+  return map;
+}();
+
+}  // namespace
+
+void lowercase(Bytes text, MutableBytes out) {
+  if (text.size() > kTooShortToAsk && holds_all(kUpper, 'A', 'Z')) {
+    std::transform(text.begin(), text.end(), out.begin(), to_lower);
+  } else {
+    std::transform(text.begin(), text.end(), out.begin(), lowered);
+  }
+}
+
+void uppercase(Bytes text, MutableBytes out) {
+  if (text.size() > kTooShortToAsk && holds_all(kLower, 'a', 'z')) {
+    std::transform(text.begin(), text.end(), out.begin(), to_upper);
+  } else {
+    std::transform(text.begin(), text.end(), out.begin(), raised);
+  }
+}
+
+void capitalise(Bytes text, MutableBytes out) {
+  bool inside = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const Byte c = text[i];
+    const bool in_word = is(c, kAlnum);
+    out[i] = !in_word ? c : inside ? to_lower(c) : to_upper(c);
+    inside = in_word;
+  }
+}
+
+void translate(Bytes from, Bytes to, Bytes text, MutableBytes out) {
+  std::array<Byte, 256> map = kIdentity;
+  for (std::size_t k = from.size(); k > 0; --k) map[from[k - 1]] = to[k - 1];  // the first one wins
+  std::transform(text.begin(), text.end(), out.begin(), [&map](Byte c) { return map[c]; });
+}
+
+}  // namespace vstring::charclass

@@ -1,0 +1,130 @@
+// Entry points: join, implode, explode, split, casejoin, casesplit.
+#include <cstring>
+
+#include "charclass/case_map.h"
+#include "core/joining.h"
+#include "host/args.h"
+#include "host/result.h"
+#include "runtime/memory.h"
+
+using namespace vstring;
+
+namespace {
+
+// Summed length of the elements, each with `between` bytes after it; SIZE_MAX, which no allocation
+// satisfies, when that overflows.
+std::size_t total_length(Elements texts, std::size_t between) {
+  std::size_t total = 0;
+  for (const HostObject text : texts) {
+    if (__builtin_add_overflow(total, text_of(text).size() + between, &total)) return SIZE_MAX;
+  }
+  return total;
+}
+
+}  // namespace
+
+constexpr Signature kJoin = {1};
+
+HostObject vstring_join(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kJoin);
+  const HostObject list = args.object(1);
+  if (!is_list(list)) args.raise(messages::kListOfStrings);
+  const Elements elements = Elements::of_list(list);
+  if (elements.empty()) return empty_string(args);
+  if (elements.size() == 1) return elements[0];  // whatever it is
+  const Elements texts = args.strings(1);
+  const Bytes separator = args.has(2) ? args.text(2) : bytes_of(" ");
+
+  const std::size_t total = total_length(texts, separator.size());
+  TextResult result(args, total == SIZE_MAX ? total : total - separator.size());
+  MutableBytes rest = copy_into(result.bytes(), text_of(texts[0]));
+  for (std::size_t i = 1; i < texts.size(); ++i) {
+    rest = copy_into(copy_into(rest, separator), text_of(texts[i]));
+  }
+  return result.object();
+}
+
+constexpr Signature kImplode = {1};
+
+HostObject vstring_implode(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kImplode);
+  if (!is_list(args.object(1))) args.raise("argument must be a list");
+  const Elements texts = args.strings(1);
+  TextResult result(args, texts.size());
+  std::size_t n = 0;
+  for (const HostObject element : texts) {
+    const Bytes text = text_of(element);
+    if (!text.empty()) result.bytes()[n++] = text[0];
+  }
+  return result.object(n);
+}
+
+constexpr Signature kExplode = {1};
+
+HostObject vstring_explode(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kExplode);
+  Bytes text = args.text(1);
+  if (text.empty()) return host->HostNewList(0);
+  if (args.has(2)) {
+    const Stretch range = args.range(2, text.size());
+    text = text.subspan(range.first, range.count);
+  }
+  return new_list(args, text.size(), [&](std::size_t i) {
+    const char letter[2] = {static_cast<char>(text[i]), '\0'};
+    return host->HostNewString(letter);
+  });
+}
+
+constexpr Signature kSplit = {1};
+
+// Words in running text stand between these; a vertical tab is part of a word.
+constexpr const char* kBlanks = " \t\n\f\r";
+
+HostObject vstring_split(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kSplit);
+  const Bytes text = args.text(1);
+  const Bytes separators = args.has(2) ? args.text(2) : bytes_of(kBlanks);
+  HeldArray<Byte> fields;
+  if (!fields.resize(text.size() + 1)) args.raise(Status::out_of_memory);
+  const MutableBytes copy(fields.data(), text.size());
+  const std::size_t ends = core::terminate_fields(text, separators, copy);
+  fields.back() = '\0';
+  const char* next = chars(fields.data());
+  const HostObject list = new_list(args, ends + 1, [&](std::size_t) {
+    const char* const field = next;
+    next += std::strlen(field) + 1;
+    return host->HostNewString(field);
+  });
+  fields.free();
+  return list;
+}
+
+constexpr Signature kCasejoin = {1};
+
+HostObject vstring_casejoin(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kCasejoin);
+  const Elements words = args.strings(1);
+  TextResult result(args, total_length(words, 0));
+  MutableBytes rest = result.bytes();
+  for (const HostObject word : words) {
+    const Bytes text = text_of(word);
+    const MutableBytes copy = rest;
+    rest = copy_into(rest, text);
+    if (!text.empty()) copy[0] = charclass::raised(text[0]);
+  }
+  return result.object();
+}
+
+constexpr Signature kCasesplit = {1, {{messages::kArgumentString}}};
+
+HostObject vstring_casesplit(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kCasesplit);
+  Bytes rest = args.text(1);
+  const std::size_t pieces = core::count_case_pieces(rest);
+  if (pieces == 1) return new_string(args, rest);
+  return new_sequence(args, pieces, [&](std::size_t) {
+    const Bytes piece = rest.first(core::first_case_piece(rest));
+    rest = rest.subspan(piece.size());
+    return new_string(args, piece);
+  });
+}

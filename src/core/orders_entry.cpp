@@ -1,0 +1,179 @@
+// Entry points: lex, revlex, shortlex, shortrevlex, wslo, wreathorder, lrpo, rrpo, compare,
+// compareci, sort, issorted.
+#include "bytes/byte_set.h"
+#include "core/orders.h"
+#include "host/args.h"
+#include "host/result.h"
+
+using namespace vstring;
+
+namespace {
+
+HostObject order_result(const Args& args, int order) { return args.host()->HostNewInteger(order); }
+
+HostObject one_letter(const Args& args, Byte c) { return new_string(args, {&c, 1}); }
+
+constexpr Signature kTwoWords = {2};
+
+// The orders that take a support string as an optional third argument.
+using SupportedOrder = Result<int> (*)(Bytes s, Bytes t, const core::Support& support);
+
+HostObject supported(const HostTable* host, HostObject argseq, SupportedOrder order) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  core::Support support;
+  if (args.has(3)) {
+    support = args.text(3);
+    const Byte repeated = core::first_repeated(*support);
+    if (repeated != 0) {
+      args.raise("repeated character `%1' detected in support", one_letter(args, repeated));
+    }
+  }
+  const Result<int> result = order(s, t, support);
+  if (!result.ok()) args.raise("invalid support string");
+  return order_result(args, *result);
+}
+
+// The weights read last, and the list object that they were read from: sorting a list of words
+// compares under the same weights over and over. The host keeps the list alive for us, so another
+// list cannot come to lie at its address.
+struct RememberedWeights {
+  HostObject list;
+  core::Weights weights;
+} remembered = {};
+
+void forget_weights(const HostTable* host) {
+  if (remembered.list == 0) return;
+  const HostObject list = remembered.list;
+  remembered = {};
+  host->HostGcAllow(list);
+}
+
+core::Weights read_weights(const Args& args, Elements equations) {
+  core::Weights weights = {};
+  ByteSet given;
+  for (std::size_t i = 0; i < equations.size(); ++i) {
+    const HostObject equation = equations[i];
+    if (!is_equation(equation)) args.raise("expecting a list of equations");
+    const HostObject left = left_side(equation);
+    if (!is_text(left)) args.raise("left side of equations must be strings");
+    const Bytes letter = text_of(left);
+    if (letter.empty()) {
+      args.raise("left hand sides of equations must be non-empty strings (characters)");
+    }
+    const HostObject right = right_side(equation);
+    if (!args.is_integer32(right)) {
+      args.raise("right sides of equations must be (small) integers");
+    }
+    const std::int32_t weight = args.host()->HostToInteger32(right);
+    if (weight < 0) {
+      args.raise(
+          "right hand sides of equations must be non-negative, but got %1 for the %-2 equation",
+          right, new_integer(args, i + 1));
+    }
+    if (given.has(letter[0])) {
+      args.raise("repeated character `%1' found", one_letter(args, letter[0]));
+    }
+    given.add(letter[0]);
+    weights[letter[0]] = weight;
+  }
+  return weights;
+}
+
+const core::Weights& weights_argument(const Args& args, int position) {
+  const HostObject list = args.object(position);
+  if (!is_list(list)) args.raise("expecting a list");
+  if (list != remembered.list) {
+    forget_weights(args.host());
+    const core::Weights weights = read_weights(args, Elements::of_list(list));
+    args.host()->HostGcProtect(list);
+    remembered = {list, weights};
+  }
+  return remembered.weights;
+}
+
+constexpr Signature kWeighted = {3};
+
+using WeightedOrder = int (*)(Bytes s, Bytes t, const core::Weights& weights);
+
+HostObject weighted(const HostTable* host, HostObject argseq, WeightedOrder order) {
+  const Args args(host, argseq, kWeighted);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  return order_result(args, order(s, t, weights_argument(args, 3)));
+}
+
+using PlainOrder = int (*)(Bytes s, Bytes t);
+
+HostObject plain(const HostTable* host, HostObject argseq, PlainOrder order) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  return order_result(args, order(s, args.text(2)));
+}
+
+using Precedence = bool (*)(Bytes s, Bytes t);
+
+HostObject compared(const HostTable* host, HostObject argseq, Precedence precedes) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  return new_boolean(args, precedes(s, args.text(2)));
+}
+
+}  // namespace
+
+HostObject vstring_lex(const HostTable* host, HostObject argseq) {
+  return supported(host, argseq, core::lex);
+}
+
+HostObject vstring_revlex(const HostTable* host, HostObject argseq) {
+  return supported(host, argseq, core::revlex);
+}
+
+HostObject vstring_shortlex(const HostTable* host, HostObject argseq) {
+  return supported(host, argseq, core::shortlex);
+}
+
+HostObject vstring_shortrevlex(const HostTable* host, HostObject argseq) {
+  return supported(host, argseq, core::shortrevlex);
+}
+
+HostObject vstring_wslo(const HostTable* host, HostObject argseq) {
+  return weighted(host, argseq, core::weight_order);
+}
+
+HostObject vstring_wreathorder(const HostTable* host, HostObject argseq) {
+  return weighted(host, argseq, core::wreath_order);
+}
+
+HostObject vstring_lrpo(const HostTable* host, HostObject argseq) {
+  return plain(host, argseq, core::recursive_path_from_right);
+}
+
+HostObject vstring_rrpo(const HostTable* host, HostObject argseq) {
+  return plain(host, argseq, core::recursive_path_from_left);
+}
+
+HostObject vstring_compare(const HostTable* host, HostObject argseq) {
+  return compared(host, argseq, core::precedes);
+}
+
+HostObject vstring_compareci(const HostTable* host, HostObject argseq) {
+  return compared(host, argseq, core::precedes_ignoring_case);
+}
+
+constexpr Signature kSorting = {1, {{messages::kArgumentString}}};
+
+HostObject vstring_sort(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kSorting);
+  const Bytes text = args.text(1);
+  if (text.size() < 2) return args.object(1);
+  TextResult result(args, text.size());
+  core::sort_bytes(text, result.bytes());
+  return result.object();
+}
+
+HostObject vstring_issorted(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kSorting);
+  return new_boolean(args, core::is_sorted(args.text(1)));
+}
