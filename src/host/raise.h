@@ -13,4 +13,12 @@ template <typename... Objects>
   __builtin_trap();  // should a host return all the same
 }
 
+// Reports a condition that must hold whatever the arguments are. The file that the host's users
+// see is that of the library's common routines.
+[[noreturn]] inline void raise_assertion(const HostTable* host, int line, const char* condition) {
+  const HostObject file = host->HostNewString("vstring-misc");
+  const HostObject number = host->HostNewInteger(line);
+  raise(host, "assertion failed [%1:%2]: %3", file, number, host->HostNewString(condition));
+}
+
 }  // namespace vstring
