@@ -508,8 +508,8 @@ VSTRING_COMMAND(vstring_shortlex);    /* (s, t [, support]): shorter first, then
 VSTRING_COMMAND(vstring_shortrevlex); /* (s, t [, support]): shorter first, then revlex */
 VSTRING_COMMAND(vstring_wslo);        /* (s, t, weights): lighter first, then lex */
 VSTRING_COMMAND(vstring_wreathorder); /* (s, t, weights): wreath order */
-VSTRING_COMMAND(vstring_lrpo);        /* (s, t): recursive path order from the left */
-VSTRING_COMMAND(vstring_rrpo);        /* (s, t): recursive path order from the right */
+VSTRING_COMMAND(vstring_lrpo);        /* (s, t): recursive path order from the last byte */
+VSTRING_COMMAND(vstring_rrpo);        /* (s, t): recursive path order from the first byte */
 VSTRING_COMMAND(vstring_compare);     /* (s, t): s comes before t or equals it */
 VSTRING_COMMAND(vstring_compareci);   /* (s, t): the same, case ignored */
 VSTRING_COMMAND(vstring_sort);        /* (s): its bytes in increasing order */
