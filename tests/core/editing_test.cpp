@@ -154,7 +154,7 @@ TEST(Editing, ReturnsTheArgumentItself) {
 
 // The scratch buffer holds 8189 bytes and a terminator; one more goes to the heap.
 TEST(Editing, AroundTheScratchBuffer) {
-  for (const std::size_t n : {8188, 8189, 8190, 8191, 8192}) {
+  for (const std::size_t n : {8188U, 8189U, 8190U, 8191U, 8192U}) {
     const std::string whole = text(n);
     Check({{"reverse(" + whole + ")", whole},
            {"insert(" + text(n - 1) + ", 0, \"x\")", whole},

@@ -88,17 +88,15 @@ velmor::Session& session() {
 
 std::string evaluate(const std::string& call) { return session().evaluate(call).text; }
 
-void Check(const std::vector<Row>& rows, std::source_location where) {
-  CheckInOrder(rows, where);
-  const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "rows");
+void Check(const std::vector<Row>& rows) {
+  CheckInOrder(rows);
   for (const Row& row : rows) {
     fail_operations(row);
     fail_allocations(row);
   }
 }
 
-void CheckInOrder(const std::vector<Row>& rows, std::source_location where) {
-  const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "rows");
+void CheckInOrder(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     EXPECT_EQ(row.expected, evaluate(row.call)) << row.call;
     check_sound(row);

@@ -7,8 +7,6 @@
 // changes its own answer: nest the calls where one undoes another, as in
 // dictObjFree(dictCreate(w)).
 #pragma once
-#include <initializer_list>
-#include <source_location>
 #include <string>
 #include <vector>
 
@@ -29,12 +27,10 @@ velmor::Session& session();
 // Prints what the call gives, as in Row::expected.
 std::string evaluate(const std::string& call);
 
-void Check(const std::vector<Row>& rows,
-           std::source_location where = std::source_location::current());
+void Check(const std::vector<Row>& rows);
 
 // For calls whose answer depends on what was called before: each row runs once, without failures.
-void CheckInOrder(const std::vector<Row>& rows,
-                  std::source_location where = std::source_location::current());
+void CheckInOrder(const std::vector<Row>& rows);
 
 // True in the long tier (VSTRING_LONG_TESTS=1).
 bool long_tier();
