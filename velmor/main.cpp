@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -72,7 +73,8 @@ bool help(const Options& options) {
   if (options.help_command.empty())
     velmor::list_commands(std::cout);
   else if (!velmor::describe_command(std::cout, options.help_command))
-    throw std::runtime_error("no such command: " + options.help_command + "; velmor help lists them");
+    throw std::runtime_error("no such command: " + options.help_command +
+                             "; velmor help lists them");
   return true;
 }
 
@@ -111,6 +113,7 @@ void declare(CLI::App& app, Options& options) {
       ->type_name("PATH");
   app.add_flag("--version", options.version, "Print the versions of velmor and of the library");
 
+  app.require_subcommand(0, 1);  // what follows one is its own, also a file called help
   CLI::App* map = app.add_subcommand("map", "Evaluate EXPR for every line, written _");
   map->fallthrough();
   map->add_option("EXPR", options.map_expression, "For instance reverse(_)")->required();
@@ -126,21 +129,21 @@ void declare(CLI::App& app, Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("velmor runs the commands of the string library vstring.", "velmor");
-  Options options;
-  declare(app, options);
   try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : 2;
-  }
-  try {
+    CLI::App app("velmor runs the commands of the string library vstring.", "velmor");
+    Options options;
+    declare(app, options);
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      return app.exit(error) == 0 ? 0 : 2;
+    }
     const bool ok = run(app, options);
     std::cout.flush();
     if (!std::cout) throw std::runtime_error("cannot write");
     return ok ? 0 : 1;
   } catch (const std::exception& error) {
-    std::cerr << "Error, " << error.what() << std::endl;
+    std::fprintf(stderr, "Error, %s\n", error.what());
     return 1;
   }
 }
