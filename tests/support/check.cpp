@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <set>
 
 #include "support/allocations.h"
 #include "support/fingerprint.h"
@@ -66,9 +67,17 @@ void fail_operations(const Row& row) {
             [](const std::string& answer) { return answer == "error: injected failure"; });
 }
 
+// What commands say when memory fails.
+const std::set<std::string> kNoMemory = {
+    "error: out of memory",
+    "error: cannot preprocess pattern list",
+    "error: cannot compile regular expression: out of space",
+    "error: cannot execute compiled regular expression: out of space",
+};
+
 void fail_allocations(const Row& row) {
   fail_each(row, fail_allocation, allocation_failed, [&](const std::string& answer) {
-    return answer == "error: out of memory" || answer == row.expected ||
+    return kNoMemory.contains(answer) || answer == row.expected ||
            (!row.without_memory.empty() && answer == row.without_memory);
   });
 }

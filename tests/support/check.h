@@ -17,8 +17,7 @@ namespace vstring_test {
 struct Row {
   std::string call;
   std::string expected;             // the printed value, or "error: <message>"
-  std::string without_memory = {};  // what it may say besides when memory fails; default: an
-                                    // error that reads "out of memory"
+  std::string without_memory = {};  // what else it may say when memory fails
 };
 
 // The host session that the whole test program shares; commands come from the static library.
