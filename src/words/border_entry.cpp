@@ -1,6 +1,7 @@
 // Entry points: period, isperiod, border, borderlen, borderarray, overlap.
 #include "host/args.h"
 #include "host/result.h"
+#include "runtime/small_array.h"
 #include "words/border.h"
 #include "words/period.h"
 
@@ -45,18 +46,12 @@ HostObject vstring_borderarray(const HostTable* host, HostObject argseq) {
   const Bytes word = args.text(1);
   // No list holds 2^32 elements: its length in words is a 32-bit number.
   if (word.size() >= UINT32_MAX) args.raise(Status::out_of_memory);
-  std::uint32_t few_cells[512];
-  HeldArray<std::uint32_t> many_cells;
-  std::span<std::uint32_t> border(few_cells, word.size() < 512 ? word.size() + 1 : 0);
-  if (border.empty()) {
-    if (!many_cells.resize(word.size() + 1)) args.raise(Status::out_of_memory);
-    border = {many_cells.data(), many_cells.size()};
-  }
-  words::border_array(word, border);
-  const HostObject list = new_list(args, word.size(), [&args, border](std::size_t i) {
-    return new_integer(args, border[i + 1]);
-  });
-  many_cells.free();
+  SmallArray<std::uint32_t, 512> border;
+  if (!border.allocate(word.size() + 1)) args.raise(Status::out_of_memory);
+  words::border_array(word, border.view());
+  const HostObject list = new_list(
+      args, word.size(), [&](std::size_t i) { return new_integer(args, border.view()[i + 1]); });
+  border.free();
   return list;
 }
 

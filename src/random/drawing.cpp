@@ -1,0 +1,46 @@
+#include "random/drawing.h"
+
+#include <cstddef>
+#include <numeric>
+#include <utility>
+
+namespace vstring::random {
+
+void draw_bytes(Generator& generator, MutableBytes out) {
+  const std::size_t n = out.size();
+  std::size_t i = 0;
+  do {
+    std::uint32_t number = generator.next();
+    for (int k = 0; k < 4 && i < n; ++k) {
+      const auto byte = static_cast<Byte>(number);
+      number >>= 8;
+      out[i] = byte;  // overwritten by the next one when it is 0
+      if (byte != 0) ++i;
+    }
+  } while (i < n);
+}
+
+void draw_bits(Generator& generator, MutableBytes out) {
+  unsigned bits = 0;
+  for (std::size_t i = 0; i < out.size(); ++i) {
+    if (i % 8 == 0) bits = generator.next_byte();
+    out[i] = static_cast<Byte>('0' + (bits & 1));
+    bits >>= 1;
+  }
+}
+
+void draw_members(Generator& generator, const ByteSet& members, MutableBytes out) {
+  for (Byte& c : out) {
+    do {
+      c = generator.next_byte();
+    } while (!members.has(c));
+  }
+}
+
+void draw_permutation(Generator& generator, std::span<std::uint32_t> out) {
+  std::iota(out.begin(), out.end(), std::uint32_t{0});
+  const auto n = static_cast<std::uint32_t>(out.size());
+  for (std::uint32_t i = 0; i < n; ++i) std::swap(out[i], out[i + generator.next() % (n - i)]);
+}
+
+}  // namespace vstring::random

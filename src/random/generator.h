@@ -1,0 +1,40 @@
+// The library's pseudo-random generator.
+//
+// A multiplicative lagged Fibonacci sequence of odd numbers (G. Marsaglia, "A current view of
+// random number generators", 1985), read as x[n] = x[n-29] x[n-95] in a ring of 128 words filled
+// from the end, added to a multiply-with-carry sequence (G. Marsaglia, 1994). The ring is filled
+// from four further multiply-with-carry generators. Nothing of it is secret: whoever knows the
+// seed knows the stream, which is the point of seeding.
+#pragma once
+#include <array>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+
+namespace vstring::random {
+
+class Generator {
+ public:
+  // Starts the stream of `seed`. Sixteen bits of it matter: the low half of each byte. The place in
+  // the ring, its last word and the bytes not yet handed out by next_byte stay as they are.
+  void seed(std::uint32_t seed);
+
+  // The next number of the stream; that of seed 0 when none was given.
+  std::uint32_t next();
+
+  // The next byte of the stream, each number giving four of them, most significant first.
+  Byte next_byte();
+
+ private:
+  std::array<std::uint32_t, 128> ring_ = {};
+  std::uint32_t position_ = 0;
+  std::uint32_t carry_ = 0;
+  bool seeded_ = false;
+  std::uint32_t bytes_ = 0;  // what next_byte has not handed out, from the top
+  std::uint32_t byte_count_ = 0;
+};
+
+// The one generator of the process.
+extern Generator process_generator;
+
+}  // namespace vstring::random
