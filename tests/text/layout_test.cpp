@@ -1,0 +1,188 @@
+// wrap, fill and placeholder text.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "support/check.h"
+
+namespace vstring_test {
+namespace {
+
+struct Options {
+  bool count_bytes;
+  bool expand_tabs;
+  bool obey_lines;
+  bool obey_spaces;
+};
+
+// The rules of wrapping spelled out, a byte at a time.
+std::string model(const std::string& text, unsigned width, const Options& options) {
+  const auto is_space = [](char c) {
+    return std::string(" \t\n\v\f\r").find(c) != std::string::npos;
+  };
+  std::string out;
+  unsigned column = 0;
+  for (std::size_t i = 0; i < text.size();) {
+    const char c = text[i];
+    if (!is_space(c)) {
+      std::string word;
+      const std::size_t first = i;
+      while (i < text.size() && !is_space(text[i])) word += text[i++];
+      if (column + word.size() > width && first > 0 && (options.obey_lines || out.back() != '\n')) {
+        out += '\n';
+        column = 0;
+      }
+      out += word;
+      column += static_cast<unsigned>(word.size());
+      continue;
+    }
+    ++i;
+    if (c == '\t' && (options.count_bytes || !options.expand_tabs)) {
+      out += c;
+      ++column;
+    } else if (options.obey_lines && c == '\n') {
+      out += c;
+      column = 0;
+    } else if (!options.obey_spaces) {
+      if (i >= 2 && is_space(text[i - 2])) continue;
+      out += c;
+      ++column;
+    } else {
+      do {
+        out += c == '\t' ? ' ' : c;
+        ++column;
+      } while (c == '\t' && column % 8 != 0);
+      if (column > width) {
+        out += '\n';
+        column = 0;
+      }
+    }
+  }
+  return out;
+}
+
+std::string wrap_call(const std::string& text, unsigned width, const Options& options) {
+  const auto option = [](const char* name, bool value) {
+    return std::string(", ") + name + (value ? " = true" : " = false");
+  };
+  return "wrap(" + quoted(text) + ", " + std::to_string(width) +
+         option("countbytes", options.count_bytes) + option("expandtabs", options.expand_tabs) +
+         option("obeylines", options.obey_lines) + option("obeyspaces", options.obey_spaces) + ")";
+}
+
+void expect_as_model(const std::string& text, unsigned width, unsigned option_set) {
+  const Options options = {(option_set & 1) != 0, (option_set & 2) != 0, (option_set & 4) != 0,
+                           (option_set & 8) != 0};
+  const std::string call = wrap_call(text, width, options);
+  const std::string expected = text.size() <= width ? text : model(text, width, options);
+  ASSERT_EQ(quoted(expected), evaluate(call)) << call;
+}
+
+TEST(Wrap, RandomTextsAgreeWithTheRules) {
+  std::mt19937 random(1);
+  const std::string alphabet = "aaaaabcd    \t\n\b\v\xff";
+  for (unsigned width = 1; width <= 80; ++width) {
+    for (unsigned option_set = 0; option_set < 16; ++option_set) {
+      std::string text(random() % 250, ' ');
+      for (char& c : text) c = alphabet[random() % alphabet.size()];
+      expect_as_model(text, width, option_set);
+    }
+  }
+}
+
+// Every result size around the limits of the scratch buffer, and texts that grow most.
+TEST(Wrap, LongResults) {
+  for (unsigned option_set = 0; option_set < 16; ++option_set) {
+    for (const char* piece : {"a ", "a\t", "\t", "ab cd\n"}) {
+      std::string text;
+      while (text.size() < 1020) text += piece;
+      for (int i = 0; i < 5; ++i) expect_as_model(text += 'x', 1, option_set);
+      while (text.size() < 8180) text += text;
+      expect_as_model(text, 3, option_set);
+    }
+    for (unsigned n = 8186; n <= 8194; ++n) {
+      expect_as_model(std::string(20, 'a') + " " + std::string(n - 21, 'b'), 20, option_set);
+    }
+  }
+}
+
+TEST(Wrap, ValuesAndRefusals) {
+  Check({
+      {"wrap(\"aaa bbb ccc\", 7)", "\"aaa bbb \\nccc\""},
+      {"wrap(`aaa bbb`, 7)", "`aaa bbb`"},
+      {"wrap(`aaa bbb`, 3)", "\"aaa \\nbbb\""},
+      {"wrap(\"a\\tb\\n\")", "\"a\\tb\\n\""},
+      {"wrap(\"abcdef ghi\", 3)", "\"abcdef \\nghi\""},
+      {"wrap(\"a   b\", 2)", "\"a \\nb\""},
+      {"wrap(\"a   b\", 2, obeyspaces = true)", "\"a  \\n b\""},
+      {"wrap(\"a\\tb\", 2, obeyspaces = true)", "\"a       \\nb\""},
+      {"wrap(\"ab\\ncd\", 2)", "\"ab\\ncd\""},
+      {"wrap(\"ab\\ncde\", 2, obeylines = true)", "\"ab\\n\\ncde\""},
+      {"wrap(\"a\\bb c\", 2)", "\"a\\bb \\nc\""},
+      {"wrap(\"a b c\", 1, obeylines = true, obeylines = false)", "\"a \\nb \\nc\""},
+      {"wrap(\"a b\", 1, unknown = 7, obeylines)", "\"a \\nb\""},
+      {"wrap()", "error: at least one argument expected"},
+      {"wrap(7)", "error: first argument must be a string"},
+      {"wrap(7, 0)", "error: second argument must be positive"},
+      {"wrap(7, obeylines = true)", "error: second argument must be an integer"},
+      {"wrap(7, 4294967296)", "error: second argument must be an integer"},
+      {"wrap(7, 0, obeyspaces = 1, countbytes = FAIL)",
+       "error: the `countbytes' value must be either `true' or `false', but received FAIL"},
+      {"wrap(7, 0, expandtabs = \"true\")",
+       "error: the `expandtabs' value must be either `true' or `false', but received \"true\""},
+      {"wrap(7, 0, obeylines = 0, obeyspaces = true)",
+       "error: the `obeylines' value must be either `true' or `false', but received 0"},
+      {"wrap(7, 0, obeyspaces = yes)",
+       "error: the `obeyspaces' value must be either `true' or `false', but received yes"},
+  });
+}
+
+TEST(Fill, ValuesAndRefusals) {
+  Check({
+      {"fill(\"ab\", 3)", "\"aaa\""},
+      {"fill(`\377`, 2)", "\"\\377\\377\""},
+      {"fill(\"a\", 0)", "\"\""},
+      {"length(fill(\"a\", 8189))", "8189"},
+      {"length(fill(\"a\", 8190))", "8190"},
+      {"numboccur(fill(\"a\", 100000), \"a\")", "100000"},
+      {"fill(\"a\")", "error: expecting 2 arguments, but got 1"},
+      {"fill(1, -1)", "error: first argument must be a string"},
+      {"fill(\"\", 1.5)", "error: second argument must be a 32-bit integer"},
+      {"fill(\"\", 2147483648)", "error: second argument must be a 32-bit integer"},
+      {"fill(\"\", -1)", "error: second argument must be non-negative"},
+      {"fill(\"\", 0)", "error: the first argument may not be the empty string"},
+  });
+}
+
+TEST(Ipsum, ParagraphsCharactersAndRefusals) {
+  const std::string refusal =
+      "error: optional argument must be an equation of the form `paragraphs = N', `words = N' or "
+      "`characters = N', with N an integer";
+  Check({
+      {"length(ipsum())", "544"},
+      {"substr(ipsum(), 1 .. 26)", "\"Lorem ipsum dolor sit amet\""},
+      {"substr(ipsum(), -20 .. -1)", "\"ait nulla facilisi. \""},
+      {"ipsum(paragraphs = 0)", "\"\""},
+      {"length(ipsum(paragraphs = 1))", "544"},
+      {"length(ipsum(paragraphs = 2, 7))", "1091"},
+      {"substr(ipsum(paragraphs = 2), 543 .. 551)", "\". \\n\\nLorem\""},
+      {"substr(ipsum(paragraphs = 2), -3 .. -1)", "\". \\n\""},
+      {"length(ipsum(paragraphs = 15))", "8189"},
+      {"length(ipsum(paragraphs = 16))", "8735"},
+      {"ipsum(characters = 5)", "\"Lorem\""},
+      {"length(ipsum(characters = 543))", "543"},
+      {"length(ipsum(characters = 8192))", "544"},
+      {"ipsum(words = 3)", "\"\""},
+      {"ipsum(words = -1)", "error: number of words must be non-negative"},
+      {"ipsum(`paragraphs` = -1)", "error: number of paragraphs must be non-negative"},
+      {"ipsum(\"paragraphs\" = 1)", refusal},
+      {"ipsum(lines = 1)", refusal},
+      {"ipsum(paragraphs = 2147483648)", refusal},
+      {"ipsum(paragraphs)", refusal},
+      {"ipsum(3)", refusal},
+  });
+}
+
+}  // namespace
+}  // namespace vstring_test
