@@ -35,6 +35,9 @@ inline constexpr const char* kArgumentInteger32 = "argument must be a 32-bit int
 inline constexpr const char* kListOfStrings = "first argument must be a list of strings";
 inline constexpr const char* kInvalidRange = "invalid range";
 inline constexpr const char* kOutOfMemory = "out of memory";
+inline constexpr const char* kWordTooLong = "word is too long";
+inline constexpr const char* kWordNotAlphabetic =
+    "word must consist entirely of alphabetic characters";
 
 // Formats of the count check; the count is a long.
 inline constexpr const char* kOneArgument = "expecting one argument, but got %ld";
