@@ -1,0 +1,237 @@
+// my_strftime and fmttime.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <clocale>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+#include "host/vstring.h"
+#include "support/check.h"
+
+namespace vstring_test {
+namespace {
+
+// The formatted record, or "<0>" when the formatter gives up.
+std::string formatted(const char* format, const std::tm& time, std::size_t size = 512) {
+  std::string buffer(size, '#');
+  const std::size_t n = my_strftime(buffer.data(), size, format, &time);
+  return n == 0 ? "<0>" : std::string(buffer.c_str(), n - 1);
+}
+
+// libc's own formatter: the same but for %c, %Z and %z, which are left out here.
+std::string by_libc(const char* format, const std::tm& time) {
+  char buffer[512];
+  return {buffer, std::strftime(buffer, sizeof buffer, format, &time)};
+}
+
+constexpr const char* kEveryConversion =
+    "%a %A %b %B %h %C %D %x %d %e %G %g %H %k %I %l %j %M %m %n %p %R %r %S %T %t %U %u %V %W %w "
+    "%X %Y %y %% %EY %Od";
+
+std::tm record(std::chrono::sys_days day, int second_of_day) {
+  using namespace std::chrono;
+  const year_month_day date(day);
+  std::tm time = {};
+  time.tm_year = int{date.year()} - 1900;
+  time.tm_mon = static_cast<int>(unsigned{date.month()}) - 1;
+  time.tm_mday = static_cast<int>(unsigned{date.day()});
+  time.tm_wday = static_cast<int>(weekday(day).c_encoding());
+  time.tm_yday = static_cast<int>((day - sys_days(date.year() / January / 1)).count());
+  time.tm_hour = second_of_day / 3600;
+  time.tm_min = second_of_day / 60 % 60;
+  time.tm_sec = second_of_day % 60;
+  return time;
+}
+
+// The week that holds a day belongs to the year of its Thursday, and is counted from there.
+std::string iso_week(std::chrono::sys_days day) {
+  using namespace std::chrono;
+  const int from_monday = static_cast<int>((weekday(day) - Monday).count());
+  const sys_days thursday = day - days(from_monday) + days(3);
+  const year the_year = year_month_day(thursday).year();
+  const auto number = (thursday - sys_days(the_year / January / 1)).count() / 7 + 1;
+  char text[32];
+  std::snprintf(text, sizeof text, "%d %02d %02d", int{the_year}, int{the_year} % 100,
+                static_cast<int>(number));
+  return text;
+}
+
+TEST(Strftime, EveryDayOf400Years) {
+  using namespace std::chrono;
+  for (sys_days day = 1900y / January / 1; day < sys_days(2300y / January / 1); day += days(1)) {
+    const std::tm time =
+        record(day, static_cast<int>((day.time_since_epoch().count() + 40000) * 7919 % 86400));
+    ASSERT_EQ(by_libc(kEveryConversion, time), formatted(kEveryConversion, time));
+    ASSERT_EQ(iso_week(day), formatted("%G %g %V", time)) << formatted("%Y-%m-%d", time);
+    ASSERT_EQ(by_libc("%a %b %d %H:%M:%S %Y,%d-%b-%Y", time), formatted("%c,%v", time));
+  }
+}
+
+TEST(Strftime, TextModifiersAndRecordsOutOfRange) {
+  std::tm odd = {};
+  odd.tm_wday = 9;
+  odd.tm_mon = 12;
+  odd.tm_mday = 40;
+  odd.tm_hour = 30;
+  odd.tm_min = -1;
+  odd.tm_sec = 70;
+  odd.tm_yday = 999;
+  odd.tm_year = -1;
+  const std::pair<const char*, const char*> rows[] = {
+      {"%a %A %b %B %h", "? ? ? ? ?"},
+      {"%w %u %m %d %e %H %I %M %S %p %j", "6 6 12 31 31 23 11 00 61 PM 1000"},
+      {"%v|%y|%Y|%C", "31-  ?-1899|-1|1899|18"},
+      {"", ""},
+      {"%", "%"},
+      {"100%", "100%"},
+      {"%%%", "%%"},
+      {"%E%O", "%O"},
+      {"%EO", "%EO"},
+      {"%OEY", "%OEY"},
+      {"%E", "%E"},
+      {"%Ey%E%", "-1%"},
+      {"%q%N%~%\xe9%{", "%q%N%~%\xe9%{"},
+      {"[%z]%n%t", "[]\n\t"},
+  };
+  for (const auto& [format, expected] : rows) EXPECT_EQ(expected, formatted(format, odd)) << format;
+  odd.tm_year = odd.tm_yday = odd.tm_wday = odd.tm_mon = odd.tm_mday = INT32_MAX;
+  EXPECT_EQ("2147485547 2147483648", formatted("%Y %j", odd));
+  EXPECT_NE("<0>", formatted("%U%W%V%G%g%c%v", odd));
+}
+
+TEST(Strftime, Sizes) {
+  const std::tm time = record(std::chrono::sys_days{}, 0);
+  EXPECT_EQ("1970", formatted("%Y", time, 5));
+  EXPECT_EQ("<0>", formatted("%Y", time, 4));
+  EXPECT_EQ("", formatted("", time, 1));
+  EXPECT_EQ("", formatted("%z", time, 1));
+  EXPECT_EQ("abc", formatted("abc", time, 5));
+  EXPECT_EQ("<0>", formatted("abc", time, 4));  // it would fit, but there is nothing to convert
+  EXPECT_EQ("abc%", formatted("abc%", time, 5));
+  char buffer[8];
+  EXPECT_EQ(0U, my_strftime(nullptr, 8, "%Y", &time));
+  EXPECT_EQ(0U, my_strftime(buffer, 0, "%Y", &time));
+  EXPECT_EQ(0U, my_strftime(buffer, 8, nullptr, &time));
+  EXPECT_EQ(0U, my_strftime(buffer, 8, "%Y", nullptr));
+  EXPECT_EQ(1U, my_strftime(buffer, 8, "", &time));
+}
+
+TEST(Strftime, TwoDigitYears) {
+  const std::tm time = record(std::chrono::sys_days{}, 0);
+  const std::pair<const char*, int> rows[] = {
+      {"%y", 1},   {"%g", 1},   {"%D", 1},   {"%x", 1},   {"%Y", 0},   {"", 0},
+      {"%y%c", 0}, {"%y%R", 0}, {"%y%r", 0}, {"%y%T", 0}, {"%y%X", 0}, {"%T%y", 1},
+      {"%D%c", 0}, {"%c%D", 1}, {"%y%v", 1}, {"%y%H", 1}, {"%E%y", 0},
+  };
+  for (const auto& [format, expected] : rows) {
+    y2k = 1 - expected;
+    formatted(format, time);
+    EXPECT_EQ(expected, y2k) << format;
+  }
+}
+
+// The TZ variable has this value, or none, during its life.
+class Zone {
+ public:
+  explicit Zone(const char* name) { set(name); }
+  ~Zone() { set(nullptr); }
+  Zone(const Zone&) = delete;
+  Zone& operator=(const Zone&) = delete;
+
+ private:
+  static void set(const char* name) {
+    if (name != nullptr) {
+      setenv("TZ", name, 1);
+    } else {
+      unsetenv("TZ");
+    }
+    tzset();
+  }
+};
+
+TEST(Fmttime, YearEndsInSeveralZones) {
+  for (const char* name : {"UTC", "America/New_York", "Asia/Kolkata", "Pacific/Auckland",
+                           "Pacific/Apia", "EST5EDT,M3.2.0,M11.1.0"}) {
+    const Zone zone(name);
+    for (int year = 1902; year <= 2037; ++year) {
+      const std::chrono::sys_days new_year = std::chrono::year(year) / std::chrono::January / 1;
+      const std::time_t midnight = new_year.time_since_epoch().count() * std::time_t{86400};
+      for (std::time_t t = midnight - 4 * 86400 - 1; t < midnight + 4 * 86400; t += 43200) {
+        const std::string call =
+            "fmttime(\"%Y-%m-%d %T %G %V %j %u\", timestamp = " + std::to_string(t) + ")";
+        std::tm local;
+        localtime_r(&t, &local);
+        ASSERT_EQ('"' + by_libc("%Y-%m-%d %T %G %V %j %u", local) + '"', evaluate(call))
+            << name << ' ' << call;
+      }
+    }
+  }
+}
+
+TEST(Fmttime, TimesAskedFor) {
+  const Zone zone("UTC0");
+  Check({
+      {"fmttime(\"%c\", timestamp = 0)", "\"Thu Jan 01 00:00:00 1970\""},
+      {"fmttime(`%c`, `timestamp` = -1, 7)", "\"Wed Dec 31 23:59:59 1969\""},
+      {"fmttime(\"%D\", \"timestamp\" = 2147483647)", "\"01/19/38\""},
+      {"fmttime(\"%V %G\", timestamp = 1104537600)", "\"53 2004\""},
+      {"fmttime(\"%V %G\", timestamp = 1230508800)", "\"01 2009\""},
+      {"fmttime(\"%Z\")", "\"UTC0\""},
+      {"fmttime(\"\", 2147483647)", "\"\""},
+      {"fmttime(\"-\", offset = -2147483648)", "\"-\""},
+      {"fmttime(7)", "error: first argument must be a string"},
+      {"fmttime(7, x = 1)", "error: first argument must be a string"},
+      {"fmttime(\"\", x = y)", "error: unrecognised option name `x'"},
+      {"fmttime(\"\", 3 = 4)", "error: unrecognised option name `3'"},
+      {"fmttime(\"\", \"Offset\" = 4)", "error: unrecognised option name `\"Offset\"'"},
+      {"fmttime(\"\", timestamp = 2147483648)",
+       "error: timestamp value must be a 32-bit signed integer"},
+      {"fmttime(\"\", offset = \"1\")", "error: offset value must be a 32-bit signed integer"},
+      {"fmttime(\"\", 2147483648)",
+       "error: second argument must be a 32-bit signed integer time displacement or an equation of "
+       "the form `timestamp = t', where t is a 32-bit signed integer"},
+  });
+  const auto at = [](std::time_t t) {
+    return '"' + by_libc("%Y-%m-%d %H", *std::gmtime(&t)) + '"';
+  };
+  for (const std::int64_t d : {0, 3600, -86400 * 400, INT32_MAX, INT32_MIN}) {
+    for (const char* form : {"", "offset = "}) {
+      const std::time_t before = std::time(nullptr);
+      const std::string answer =
+          evaluate("fmttime(\"%Y-%m-%d %H\", " + std::string(form) + std::to_string(d) + ")");
+      EXPECT_TRUE(answer == at(before + d) || answer == at(std::time(nullptr) + d)) << answer;
+    }
+  }
+  EXPECT_EQ(at(std::time(nullptr)).substr(0, 11) + '"', evaluate("fmttime()"));
+}
+
+TEST(Fmttime, ZoneTextAndLongResults) {
+  {
+    const Zone zone(nullptr);
+    EXPECT_EQ("\"???\"", evaluate("fmttime(\"%Z\")"));
+  }
+  const std::string name(9000, 'Z');
+  const Zone zone(name.c_str());
+  EXPECT_EQ("9000", evaluate("length(fmttime(\"%Z\"))"));
+  std::vector<Row> rows;
+  for (const std::size_t n : {8189U, 8190U, 8191U, 8192U, 16383U, 16384U, 50000U}) {
+    const std::string plain(n, '-');
+    rows.push_back({"fmttime(" + quoted(plain) + ")", quoted(plain)});
+    const std::string start(n - 4, '-');
+    rows.push_back(
+        {"fmttime(" + quoted(start + "%Y") + ", timestamp = 86400)", quoted(start + "1970")});
+  }
+  Check(rows);
+}
+
+TEST(Fmttime, LeavesTheLocaleAsItWas) {
+  ASSERT_NE(nullptr, std::setlocale(LC_TIME, "C.UTF-8"));
+  Check({{"fmttime(\"%A\", timestamp = 43200)", "\"Thursday\""}});
+  EXPECT_STREQ("C.UTF-8", std::setlocale(LC_TIME, nullptr));
+  std::setlocale(LC_TIME, "C");
+}
+
+}  // namespace
+}  // namespace vstring_test
