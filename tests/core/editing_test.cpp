@@ -150,6 +150,7 @@ TEST(Editing, ReturnsTheArgumentItself) {
       EXPECT_EQ(itself && !name_is_copied, result == value) << call << (as_name ? " (name)" : "");
     }
   }
+  velmor_assign(heap, velmor_name(heap, "x"), 0);
 }
 
 // The scratch buffer holds 8189 bytes and a terminator; one more goes to the heap.
