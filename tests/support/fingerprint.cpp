@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::uint64_t kPrime = 0x100000001b3;  // of the 64-bit FNV-1a hash
 
+constexpr std::uint64_t kHeaderMask = 0x3fffffffff;  // length and tag; other bits are the host's
+
 void mix(std::uint64_t& hash, std::uint64_t word) { hash = (hash ^ word) * kPrime; }
 
 bool refers_to_others(int tag) {
@@ -20,7 +22,7 @@ void add(std::uint64_t& hash, HostObject object, int depth) {
   mix(hash, object);
   if (vstring::is_immediate(object) || depth == 0) return;
   const std::uint64_t* const words = vstring::words_of(object);
-  mix(hash, words[0]);
+  mix(hash, words[0] & kHeaderMask);
   const std::size_t first = vstring::is_text(object) ? vstring::kTextWord : 1;
   const bool follow = refers_to_others(vstring::tag_of(object));
   for (std::size_t i = first; i < vstring::word_count(object); ++i) {
