@@ -14,6 +14,12 @@ class ByteSet {
   }
 
   constexpr void add(Byte c) { words_[c / 64] |= bit(c); }
+  constexpr void unite(const ByteSet& more) {
+    for (int i = 0; i < 4; ++i) words_[i] |= more.words_[i];
+  }
+  constexpr void complement() {
+    for (std::uint64_t& word : words_) word = ~word;
+  }
   constexpr bool has(Byte c) const { return (words_[c / 64] & bit(c)) != 0; }
 
  private:

@@ -396,17 +396,21 @@ VSTRING_API void ac_free(VstringAutomaton* automaton);
 
 /* A compiled regular expression: one block, released with free(). */
 typedef struct VstringRegex {
-  const char* start[10]; /* group 0 is the whole match */
-  const char* end[10];
-  char first_byte;
-  char anchored;
-  const char* must;
+  const char* start[10];    /* group 0 is the whole match; null: took no part */
+  const char* end[10];      /* one past the last byte */
+  unsigned char first_byte; /* every match begins with it; 0: unknown */
+  unsigned char anchored;   /* matches only at the start of the text */
+  uint16_t size;            /* of the program; 0: unknown, and its links are trusted */
+  const char* must;         /* a literal that every match contains, or null */
   int32_t must_length;
   unsigned char program[1]; /* the magic byte 156, then the nodes */
 } VstringRegex;
 
+/* Null after recording what is wrong with the pattern. */
 VSTRING_API VstringRegex* vrx_regcomp(const char* pattern);
+/* 1 and the groups of the leftmost match, or 0; time is bounded by program times text. */
 VSTRING_API int vrx_regexec(VstringRegex* regex, const char* text);
+/* Records a message and returns the buffer; a null message only returns it. */
 VSTRING_API char* vrx_regerror(const char* message);
 
 /* ---- Sorting and time ------------------------------------------------------------------------ */

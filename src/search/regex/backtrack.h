@@ -1,0 +1,47 @@
+// The backtracking matcher: tries the choices of a plan in order, depth first, on an explicit
+// stack. The fastest way for most patterns, but exponential for some; so it works on credit.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+#include "runtime/memory.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+
+enum class Attempt : std::uint8_t { matched, failed, gave_up };
+
+class Backtracker {
+ public:
+  // `text` is matched as a text that starts at `begin`. At most `max_frames` choices are kept open
+  // at a time, of 24 bytes each.
+  Backtracker(const Plan& plan, Bytes text, std::size_t max_frames)
+      : plan_(plan), text_(text), max_frames_(max_frames) {}
+
+  // Looks for a match that starts at `at`. Needs `match` cleared; leaves it so when the attempt
+  // fails. Gives up when `credit`, one unit per step, is used up or the stack is full.
+  Attempt run(std::size_t begin, std::size_t at, std::int64_t& credit, Match& match);
+
+ private:
+  enum class Kind : std::uint32_t { alternative, restore, shorter };
+  // alternative: go on with `state` at `low`; restore: slot `state` was `low`; shorter: go on with
+  // `state` at the rightmost place in [low, high).
+  struct Frame {
+    Kind kind;
+    std::uint32_t state;
+    std::size_t low;
+    std::size_t high;
+  };
+
+  bool push(const Frame& frame) { return stack_.size() < max_frames_ && stack_.push_back(frame); }
+  std::size_t run_end(const State& state, std::size_t from) const;
+  std::size_t last_place(const State& next, std::size_t low, std::size_t high) const;
+
+  const Plan& plan_;
+  Bytes text_;
+  std::size_t max_frames_;
+  Buffer<Frame> stack_;
+};
+
+}  // namespace vstring::regex

@@ -1,0 +1,43 @@
+// vrx_regexec: one search with a compiled expression that its caller owns.
+#include <cstdlib>
+
+#include "host/vstring.h"
+#include "search/regex/error.h"
+#include "search/regex/finder.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+namespace {
+
+Found find_first(const VstringRegex& regex, Bytes text, Match& match) {
+  Plan* const plan = make_plan(regex);
+  if (plan == nullptr) return Found::out_of_space;
+  const Found found = Finder(*plan, text).find(0, match);
+  std::free(plan);
+  return found;
+}
+
+}  // namespace
+}  // namespace vstring::regex
+
+int vrx_regexec(VstringRegex* regex, const char* text) {
+  using namespace vstring::regex;
+  if (regex == nullptr || text == nullptr) {
+    vrx_regerror(messages::kNullParameter);
+    return 0;
+  }
+  if (regex->program[0] != kMagic) {
+    vrx_regerror(messages::kCorruptedProgram);
+    return 0;
+  }
+  Match match;
+  match.clear();
+  const Found found = find_first(*regex, vstring::bytes_of(text), match);
+  if (found == Found::out_of_space) vrx_regerror(messages::kOutOfSpace);
+  const bool matched = found == Found::yes;
+  for (int i = 0; i < kGroups; ++i) {
+    regex->start[i] = matched && match.start(i) != kNowhere ? text + match.start(i) : nullptr;
+    regex->end[i] = matched && match.end(i) != kNowhere ? text + match.end(i) : nullptr;
+  }
+  return matched ? 1 : 0;
+}

@@ -1,0 +1,106 @@
+#include "search/regex/finder.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace vstring::regex {
+namespace {
+
+// Steps of backtracking: how many a text is given at first, for each byte and at most, and how
+// many more are earned by each byte passed. A step costs some nanoseconds, so the most that can be
+// lost before the simulation takes over is small beside its own time.
+constexpr std::size_t kFirstCredit = 256;
+constexpr std::size_t kCreditPerByte = 32;
+constexpr std::size_t kMaxCredit = std::size_t{1} << 18;
+
+// Open choices: 1.5 MiB of stack.
+constexpr std::size_t kMaxFrames = std::size_t{1} << 16;
+
+// The simulation reads a text once and a little more, unless searches look ahead over and over.
+constexpr std::size_t kMaxRounds = 3;
+constexpr std::size_t kFreeWork = 4096;
+
+constexpr std::size_t first_credit(std::size_t length) {
+  return length < kMaxCredit / kCreditPerByte ? kFirstCredit + length * kCreditPerByte : kMaxCredit;
+}
+
+}  // namespace
+
+Finder::Finder(const Plan& plan, Bytes text, Method method)
+    : plan_(plan),
+      text_(text),
+      method_(method),
+      credit_(method == Method::backtracking
+                  ? INT64_MAX
+                  : static_cast<std::int64_t>(first_credit(text.size()))),
+      backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames),
+      simulation_(plan, text),
+      two_pass_(plan, text) {}
+
+void Finder::earn(std::size_t bytes) {
+  if (method_ == Method::backtracking) return;
+  const std::size_t earned = std::min(bytes, kMaxCredit / kCreditPerByte) * kCreditPerByte;
+  credit_ = std::min(std::max<std::int64_t>(credit_, 0) + static_cast<std::int64_t>(earned),
+                     static_cast<std::int64_t>(kMaxCredit));
+}
+
+// Whether the literal that every match contains stands at `begin` or later.
+bool Finder::has_must(std::size_t begin) {
+  if (plan_.must.empty() || (must_known_ && must_at_ >= begin)) return true;
+  const Bytes rest = text_.subspan(begin);
+  const void* const found = memmem(rest.data(), rest.size(), plan_.must.data(), plan_.must.size());
+  if (found == nullptr) return false;
+  must_known_ = true;
+  must_at_ = static_cast<std::size_t>(static_cast<const Byte*>(found) - text_.data());
+  return true;
+}
+
+Found Finder::find(std::size_t begin, Match& match) {
+  if (!has_must(begin)) return Found::no;
+  const bool looks_ahead = simulation_.work() / kMaxRounds > text_.size() + kFreeWork;
+  if (!two_pass_ready_ &&
+      (method_ == Method::two_pass || (method_ == Method::automatic && looks_ahead))) {
+    const Status status = two_pass_.prepare(begin);
+    if (status == Status::out_of_memory) return Found::out_of_space;
+    two_pass_ready_ = status == Status::ok;
+    if (!two_pass_ready_) method_ = Method::simulation;
+  }
+  if (two_pass_ready_) return two_pass_.run(begin, match) ? Found::yes : Found::no;
+  if (method_ == Method::simulation) return simulate(begin, begin, match);
+  return backtrack(begin, match);
+}
+
+Found Finder::backtrack(std::size_t begin, Match& match) {
+  match.clear();
+  std::size_t at = begin;
+  for (;;) {
+    if (!plan_.anchored) {
+      const std::size_t candidate = plan_.next_start(text_, at);
+      if (candidate == kNowhere) return Found::no;
+      earn(candidate - at);
+      at = candidate;
+    }
+    switch (backtracker_.run(begin, at, credit_, match)) {
+      case Attempt::matched:
+        earn(match.end() - at + 1);
+        return Found::yes;
+      case Attempt::gave_up:
+        if (method_ == Method::backtracking) return Found::out_of_space;
+        return simulate(begin, at, match);
+      case Attempt::failed:
+        break;
+    }
+    if (plan_.anchored || at == text_.size()) return Found::no;
+    ++at;
+    earn(1);
+  }
+}
+
+Found Finder::simulate(std::size_t begin, std::size_t from, Match& match) {
+  if (!simulation_.prepare()) return Found::out_of_space;
+  if (!simulation_.run(begin, from, match)) return Found::no;
+  earn(match.end() - from + 1);
+  return Found::yes;
+}
+
+}  // namespace vstring::regex

@@ -1,0 +1,51 @@
+// Finds the matches of a plan in one text, first to last, in time proportional to plan x text.
+//
+// Each search tries backtracking first, on credit that grows with the text passed, and turns to
+// the simulation when that is used up. What searches learn is kept for the next one: where the
+// literal that every match contains stands next, and, once searches have looked ahead over the
+// same text again and again, which states lead to a match at every place (two_pass.h).
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+#include "search/regex/backtrack.h"
+#include "search/regex/plan.h"
+#include "search/regex/simulate.h"
+#include "search/regex/two_pass.h"
+
+namespace vstring::regex {
+
+enum class Found : std::uint8_t { no, yes, out_of_space };
+
+// Automatic is what users get; the others hold a Finder to one method, for tests that compare them.
+enum class Method : std::uint8_t { automatic, backtracking, simulation, two_pass };
+
+class Finder {
+ public:
+  Finder(const Plan& plan, Bytes text, Method method = Method::automatic);
+
+  // Finds the leftmost match in text[begin, end) taken as a text of its own. Calls go forward:
+  // `begin` is never less than before. Fills `match`, in offsets into the whole text, if there is
+  // one.
+  Found find(std::size_t begin, Match& match);
+
+ private:
+  bool has_must(std::size_t begin);
+  Found backtrack(std::size_t begin, Match& match);
+  Found simulate(std::size_t begin, std::size_t from, Match& match);
+  void earn(std::size_t bytes);
+
+  const Plan& plan_;
+  const Bytes text_;
+  Method method_;
+  std::int64_t credit_;
+  std::size_t must_at_ = 0;  // the literal does not stand between the last `begin` and here
+  bool must_known_ = false;  // it stands at must_at_
+  Backtracker backtracker_;
+  Simulation simulation_;
+  TwoPass two_pass_;
+  bool two_pass_ready_ = false;
+};
+
+}  // namespace vstring::regex

@@ -1,0 +1,320 @@
+#include "search/regex/plan.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include "runtime/memory.h"
+#include "search/regex/error.h"
+
+namespace vstring::regex {
+namespace {
+
+// States that every plan begins with, by number.
+enum : std::uint32_t { kFails = kFailState, kBrokenChain, kBadOpcode, kBadOperand, kFirstFree };
+
+constexpr const char* kReports[] = {nullptr, messages::kCorruptedPointers,
+                                    messages::kMemoryCorruption, messages::kFoulup};
+
+class Decoder {
+ public:
+  explicit Decoder(const VstringRegex& regex)
+      : program_(regex.program), limit_(regex.size != 0 ? regex.size : kMaxProgram) {}
+
+  // False when memory fails.
+  bool run();
+
+  Plan* finish(const VstringRegex& regex) const;
+
+ private:
+  struct Task {
+    std::size_t node;
+    std::uint32_t state;
+  };
+
+  // Whether a node can be read at this offset.
+  bool inside(std::size_t node) const { return node != 0 && node + kNodeHeader <= limit_; }
+  Byte opcode(std::size_t node) const { return program_[node]; }
+  std::size_t next(std::size_t node) const { return next_of(program_, node); }
+  // The bytes of a NUL-terminated operand.
+  Bytes text(std::size_t node) const {
+    const std::size_t at = operand_of(node);
+    return {program_ + at, strnlen(chars(program_ + at), limit_ - at)};
+  }
+
+  std::uint32_t state_at(std::size_t node);
+  std::uint32_t state_of(std::size_t node);
+  std::size_t states_needed(std::size_t node) const;
+  void fill(Task task);
+  void fill_literal(Task task);
+  void fill_repetition(Task task);
+  void set_test(State& state, std::size_t node);
+  bool find_first_set();
+
+  const Byte* program_;
+  const std::size_t limit_;
+  Buffer<State> states_;
+  Buffer<ByteSet> sets_;
+  Buffer<std::uint32_t> number_;  // of the state at each node; 0: none yet
+  Buffer<Task> tasks_;            // nodes that have a number, but whose states are not filled yet
+  std::uint32_t start_ = 0;
+  std::uint32_t slot_count_ = 2;
+  bool has_bol_ = false;
+  bool has_first_set_ = false;
+  ByteSet first_set_;
+  bool has_memory_ = true;
+};
+
+bool Decoder::run() {
+  if (!states_.resize(kFirstFree) || !number_.resize_zeroed(limit_)) return false;
+  for (std::uint32_t i = kFails; i < kFirstFree; ++i) states_[i] = {};
+  for (const std::uint32_t i : {kBrokenChain, kBadOpcode, kBadOperand}) {
+    states_[i].op = Op::report;
+    states_[i].other = i;
+  }
+  constexpr std::size_t kFirstNode = 1;
+  start_ = state_at(kFirstNode);
+  while (!tasks_.empty() && has_memory_) {
+    const Task task = tasks_.back();
+    tasks_.pop_back();
+    fill(task);
+  }
+  return has_memory_ && find_first_set();
+}
+
+// The state that stands for what happens at a node: nodes that match nothing are passed over, and
+// so is the choice of a branch that has no alternative left.
+std::uint32_t Decoder::state_at(std::size_t node) {
+  for (std::size_t steps = 0; steps < limit_; ++steps) {
+    if (!inside(node)) return kBrokenChain;
+    const Byte op = opcode(node);
+    if (op == kNothing || op == kBack) {
+      node = next(node);
+    } else if (op == kBranch && !(inside(next(node)) && opcode(next(node)) == kBranch)) {
+      node = operand_of(node);
+    } else {
+      return state_of(node);
+    }
+  }
+  return kFails;  // nodes in a circle: nothing would ever be decided there
+}
+
+std::uint32_t Decoder::state_of(std::size_t node) {
+  if (number_[node] != 0) return number_[node];
+  const std::size_t needed = states_needed(node);
+  if (needed == 0) return kBadOpcode;
+  const std::size_t first = states_.size();
+  // Sound nodes do not overlap, so that they have fewer states than bytes.
+  if (first + needed > limit_ + kFirstFree) return kBrokenChain;
+  const auto state = static_cast<std::uint32_t>(first);
+  if (!states_.resize(first + needed) || !tasks_.push_back({node, state})) {
+    has_memory_ = false;
+    return kFails;
+  }
+  for (std::size_t i = first; i < first + needed; ++i) states_[i] = {};
+  return number_[node] = state;
+}
+
+std::size_t Decoder::states_needed(std::size_t node) const {
+  const Byte op = opcode(node);
+  if (op == kExactly) return std::max<std::size_t>(text(node).size(), 1);
+  if (op == kPlus) return 2;
+  return op <= kStar || is_open(op) || is_close(op) ? 1 : 0;
+}
+
+void Decoder::fill(Task task) {
+  const Byte op = opcode(task.node);
+  if (op == kExactly) return fill_literal(task);
+  if (op == kStar || op == kPlus) return fill_repetition(task);
+  State state;
+  if (op == kBranch) {
+    state.op = Op::branch;
+    state.next = state_at(operand_of(task.node));
+    state.other = state_at(next(task.node));
+  } else if (op == kEnd) {
+    state.op = Op::accept;
+  } else {
+    state.next = state_at(next(task.node));
+    switch (op) {
+      case kBol:
+        state.op = Op::bol;
+        has_bol_ = true;
+        break;
+      case kEol:
+        state.op = Op::eol;
+        break;
+      case kAny:
+      case kAnyOf:
+      case kAnyBut:
+        state.op = Op::one;
+        set_test(state, task.node);
+        break;
+      default: {
+        const int slot = is_open(op) ? 2 * (op - kOpen) : 2 * (op - kClose) + 1;
+        state.op = Op::save;
+        state.slot = static_cast<Byte>(slot);
+        slot_count_ = std::max(slot_count_, static_cast<std::uint32_t>(slot | 1) + 1);
+      }
+    }
+  }
+  states_[task.state] = state;
+}
+
+void Decoder::fill_literal(Task task) {
+  const Bytes literal = text(task.node);
+  const std::uint32_t after = state_at(next(task.node));
+  State* const states = states_.data() + task.state;
+  if (literal.empty()) {  // its first byte is the terminator, which only the text's end equals
+    states[0].op = Op::eol;
+    states[0].next = after;
+  }
+  for (std::size_t i = 0; i < literal.size(); ++i) {
+    states[i].op = Op::literal;
+    states[i].byte = literal[i];
+    states[i].next = after;
+    states[i].other = static_cast<std::uint32_t>(literal.size() - i);
+    states[i].at = static_cast<std::uint32_t>(operand_of(task.node) + i);
+  }
+}
+
+void Decoder::fill_repetition(Task task) {
+  const bool is_plus = opcode(task.node) == kPlus;
+  const std::size_t operand = operand_of(task.node);
+  State state;
+  state.next = state_at(next(task.node));
+  const Byte op = inside(operand) ? opcode(operand) : Byte{kEnd};
+  if (op == kAny || op == kAnyOf || op == kAnyBut || op == kExactly) {
+    state.op = Op::star;
+    set_test(state, operand);
+  } else {  // counts as none
+    state.op = Op::report;
+    state.other = kBadOperand;
+    if (is_plus) state.next = kFails;
+  }
+  states_[task.state] = state;
+  if (!is_plus) return;
+  states_[task.state + 1] = state;
+  if (state.op == Op::star) states_[task.state].op = Op::plus;
+}
+
+void Decoder::set_test(State& state, std::size_t node) {
+  const Byte op = opcode(node);
+  if (op == kAny) return;
+  const Bytes operand = text(node);
+  if (op == kExactly) {
+    state.test = Test::byte;
+    state.byte = operand.empty() ? Byte{0} : operand[0];
+    return;
+  }
+  ByteSet set(operand);
+  if (op == kAnyBut) set.complement();
+  state.test = Test::set;
+  state.other = static_cast<std::uint32_t>(sets_.size());
+  if (!sets_.push_back(set)) has_memory_ = false;
+}
+
+// Which bytes a match can begin with, unless it may be empty.
+bool Decoder::find_first_set() {
+  Buffer<bool> seen;
+  Buffer<std::uint32_t> stack;
+  if (!seen.resize_zeroed(states_.size()) || !stack.push_back(start_)) return false;
+  has_first_set_ = true;
+  while (!stack.empty()) {
+    const std::uint32_t number = stack.back();
+    stack.pop_back();
+    if (seen[number]) continue;
+    seen[number] = true;
+    const State& state = states_[number];
+    bool goes_on = false;
+    switch (state.op) {
+      case Op::fail:
+        break;
+      case Op::report:  // must be reached, to be reported
+      case Op::accept:
+      case Op::eol:
+        has_first_set_ = false;
+        return true;
+      case Op::one:
+      case Op::star:
+      case Op::plus:
+        if (state.test == Test::any) {
+          has_first_set_ = false;
+          return true;
+        }
+        if (state.test == Test::set) {
+          first_set_.unite(sets_[state.other]);
+        } else {
+          first_set_.add(state.byte);
+        }
+        goes_on = state.op == Op::star;
+        break;
+      case Op::literal:
+        first_set_.add(state.byte);
+        break;
+      case Op::branch:
+        if (!stack.push_back(state.other)) return false;
+        goes_on = true;
+        break;
+      case Op::bol:
+      case Op::save:
+        goes_on = true;
+        break;
+    }
+    if (goes_on && !stack.push_back(state.next)) return false;
+  }
+  return true;
+}
+
+Plan* Decoder::finish(const VstringRegex& regex) const {
+  const std::size_t state_bytes = states_.size() * sizeof(State);
+  const std::size_t set_bytes = sets_.size() * sizeof(ByteSet);
+  auto* const block = static_cast<Byte*>(std::malloc(sizeof(Plan) + state_bytes + set_bytes));
+  if (block == nullptr) return nullptr;
+  static_assert(sizeof(Plan) % alignof(State) == 0 && sizeof(Plan) % alignof(ByteSet) == 0 &&
+                sizeof(State) % alignof(ByteSet) == 0);
+  Byte* const states = block + sizeof(Plan);
+  Byte* const sets = states + state_bytes;
+  std::memcpy(states, states_.data(), state_bytes);
+  if (set_bytes != 0) std::memcpy(sets, sets_.data(), set_bytes);
+  auto* const plan = reinterpret_cast<Plan*>(block);
+  *plan = {};
+  plan->program = program_;
+  plan->states = reinterpret_cast<const State*>(states);
+  plan->sets = reinterpret_cast<const ByteSet*>(sets);
+  plan->state_count = static_cast<std::uint32_t>(states_.size());
+  plan->start = start_;
+  plan->slot_count = slot_count_;
+  plan->has_bol = has_bol_;
+  plan->anchored = regex.anchored != 0;
+  plan->first_byte = regex.first_byte;
+  plan->has_first_set = has_first_set_;
+  plan->first_set = first_set_;
+  if (regex.must != nullptr && regex.must_length > 0) {
+    const auto length = static_cast<std::size_t>(regex.must_length);
+    plan->must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
+  }
+  return plan;
+}
+
+}  // namespace
+
+std::size_t Plan::next_start(Bytes text, std::size_t at) const {
+  if (first_byte != 0) {
+    if (at == text.size()) return kNowhere;
+    const void* const found = std::memchr(text.data() + at, first_byte, text.size() - at);
+    if (found == nullptr) return kNowhere;
+    return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
+  }
+  if (!has_first_set) return at;
+  while (at < text.size() && !first_set.has(text[at])) ++at;
+  return at < text.size() ? at : kNowhere;
+}
+
+Plan* make_plan(const VstringRegex& regex) {
+  Decoder decoder(regex);
+  return decoder.run() ? decoder.finish(regex) : nullptr;
+}
+
+void report(const State& state) { vrx_regerror(kReports[state.other]); }
+
+}  // namespace vstring::regex

@@ -1,0 +1,59 @@
+// Replacing every match of a pattern, and cutting a text at every match.
+//
+// Each search runs on what is left after the match before it as if that were a whole text, so that
+// ^ matches at the start of every remainder.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+#include "runtime/memory.h"
+#include "search/regex/finder.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+
+enum class Scan : std::uint8_t {
+  ok,
+  empty_match,    // none can be replaced or cut at
+  out_of_memory,  // of the caller's arrays
+  out_of_space,   // of the matcher
+};
+
+// What replacing does, found before any result is written.
+class Replacement {
+ public:
+  // Finds all matches and the result's length. Requires plan, text and replacement to outlive it.
+  Scan find(const Plan& plan, Bytes text, Bytes replacement, Method method = Method::automatic);
+
+  std::size_t length() const { return length_; }
+  bool changes_text() const { return !matches_.empty(); }
+  void write(MutableBytes out) const;  // length() bytes
+
+  void free() { matches_.free(); }
+
+ private:
+  bool record(std::size_t place, const Match& match);
+  bool record_number(std::size_t number);
+  std::size_t read_number(std::size_t& at) const;
+
+  Bytes text_;
+  Bytes replacement_;
+  std::size_t length_ = 0;
+  unsigned groups_ = 0;  // bit n: the template inserts group n > 0
+  // Per match: bytes before it, its length, and for each group inserted 0, or 1 + its distance
+  // from the match's start, then its length. In base 128, so a typical match takes two bytes.
+  HeldArray<Byte> matches_;
+};
+
+// A piece of the text between matches.
+struct Cut {
+  std::size_t start;
+  std::size_t end;
+};
+
+// Finds the pieces that end at a match, and `rest`, where the last match ends.
+Scan find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,
+               Method method = Method::automatic);
+
+}  // namespace vstring::regex

@@ -1,0 +1,135 @@
+#include "search/regex/simulate.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace vstring::regex {
+namespace {
+constexpr std::uint32_t kNoSlot = kSlots;
+}  // namespace
+
+bool Simulation::prepare() {
+  if (!entered_.empty()) return true;
+  const std::size_t n = plan_.state_count;
+  // Entering a state leaves at most one thing pending, and no state is entered twice in a round.
+  if (!state_room_.resize(2 * n) || !slot_room_.resize(2 * n * plan_.slot_count) ||
+      !pending_.reserve(n + 1) || !entered_.resize_zeroed(n)) {
+    return false;
+  }
+  now_ = {state_room_.data(), slot_room_.data(), 0};
+  next_ = {state_room_.data() + n, slot_room_.data() + n * plan_.slot_count, 0};
+  return true;
+}
+
+// Adds the threads that `state` leads to without taking a byte, in order, unless they are there.
+// `captures` is the same again afterwards.
+void Simulation::enter(Threads& threads, std::uint32_t state, std::size_t at,
+                       std::size_t* captures) {
+  const auto add = [&](std::uint32_t s) {
+    threads.states[threads.count++] = s;
+    std::memcpy(slots_of(threads, s), captures, plan_.slot_count * sizeof *captures);
+  };
+  pending_.clear();
+  bool done = false;
+  for (;;) {
+    bool goes_on = !done && entered_[state] != round_;
+    if (goes_on) {
+      entered_[state] = round_;
+      const State& s = plan_.states[state];
+      switch (s.op) {
+        case Op::fail:
+          goes_on = false;
+          break;
+        case Op::report:
+          report(s);
+          break;
+        case Op::accept:
+        case Op::one:
+        case Op::literal:
+        case Op::plus:
+          add(state);
+          goes_on = false;
+          break;
+        case Op::star:
+          add(state);
+          break;
+        case Op::bol:
+          goes_on = at == begin_;
+          break;
+        case Op::eol:
+          goes_on = at == text_.size();
+          break;
+        case Op::branch:
+          (void)pending_.push_back({s.other, kNoSlot, 0});
+          break;
+        case Op::save:
+          (void)pending_.push_back({0, s.slot, captures[s.slot]});
+          captures[s.slot] = at;
+          break;
+      }
+      state = s.next;
+    }
+    if (goes_on) continue;
+    if (pending_.empty()) return;
+    const Pending top = pending_.back();
+    pending_.pop_back();
+    done = top.slot != kNoSlot;
+    if (done) {
+      captures[top.slot] = top.value;
+    } else {
+      state = top.state;
+    }
+  }
+}
+
+// Moves the threads over the byte at `at`. True when one of them accepts: it then is the match,
+// unless one before it still lives to win, and those after it are gone.
+bool Simulation::step(std::size_t at, Match& match) {
+  const bool has_byte = at < text_.size();
+  const Byte c = has_byte ? text_[at] : Byte{0};
+  for (std::size_t i = 0; i < now_.count; ++i) {
+    const std::uint32_t state = now_.states[i];
+    const State& s = plan_.states[state];
+    std::size_t* const captures = slots_of(now_, state);
+    if (s.op == Op::accept) {
+      match.clear();
+      std::copy_n(captures, plan_.slot_count, match.slot);
+      match.slot[1] = at;
+      return true;
+    }
+    if (!has_byte || !plan_.takes(s, c)) continue;
+    enter(next_, plan_.after(state), at + 1, captures);
+  }
+  return false;
+}
+
+bool Simulation::run(std::size_t begin, std::size_t from, Match& match) {
+  begin_ = begin;
+  now_.count = 0;
+  ++round_;
+  bool has_match = false;
+  std::size_t at = from;
+  for (;; ++at) {
+    if (now_.count == 0) {
+      if (has_match || (plan_.anchored && at != begin)) break;
+      if (!plan_.anchored) at = plan_.next_start(text_, at);
+      if (at == kNowhere) break;
+    }
+    if (!has_match && plan_.may_start(text_, begin, at)) {
+      std::size_t captures[kSlots];
+      std::fill_n(captures, plan_.slot_count, kNowhere);
+      captures[0] = at;
+      enter(now_, plan_.start, at, captures);
+    }
+    ++round_;
+    next_.count = 0;
+    if (step(at, match)) has_match = true;
+    std::swap(now_, next_);
+    ++work_;
+    if (at == text_.size()) break;
+  }
+  return has_match;
+}
+
+}  // namespace vstring::regex

@@ -1,0 +1,56 @@
+// All matches of a text from one backward pass over it.
+//
+// For every place, the states from which a match can be completed there follow from those one byte
+// further on. With that known, a match starts at the first place whose start state is among them,
+// and is read off forward without a wrong turn: each choice takes the first alternative that leads
+// to the end. So finding every match takes O(plan x text) time however far each search would have
+// to look ahead, where restarting a matcher at the end of each match can be quadratic. The rows
+// are kept at about every sqrt(n)-th place and worked out again in between. After A. Frisch and
+// L. Cardelli, "Greedy regular expression matching", 2004.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "runtime/bytes.h"
+#include "runtime/memory.h"
+#include "runtime/status.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+
+class TwoPass {
+ public:
+  TwoPass(const Plan& plan, Bytes text) : plan_(plan), text_(text) {}
+
+  // Makes the backward pass from the end of the text to `base`. Refuses a plan (of a damaged
+  // program) that has a circle of states which takes no byte.
+  Status prepare(std::size_t base);
+
+  // Finds the leftmost match that starts at `begin` or later, in a text that starts there. Calls
+  // go forward: from `base` on, none before the end of the match found last.
+  bool run(std::size_t begin, Match& match);
+
+ private:
+  using Word = std::uint64_t;
+
+  Status order_states();
+  void work_out(Word* row, const Word* later, std::size_t at, bool is_begin) const;
+  void load(std::size_t block);
+  const Word* row(std::size_t at);
+  static bool has(const Word* row, std::uint32_t state) {
+    return (row[state / 64] >> (state % 64) & 1) != 0;
+  }
+
+  const Plan& plan_;
+  Bytes text_;
+  std::size_t base_ = 0;
+  std::size_t block_length_ = 0;  // places from one kept row to the next
+  std::size_t block_ = kNowhere;  // whose rows are at hand
+  std::size_t row_words_ = 0;
+  Buffer<std::uint32_t> order_;  // states, each after those it leads to without taking a byte
+  Buffer<Word> kept_;            // a row for base, base + block_length, ..., and for the end
+  Buffer<Word> rows_;            // of the block at hand, and the first of the next
+  Buffer<Word> begin_row_;       // at the start of the text, where ^ matches
+};
+
+}  // namespace vstring::regex

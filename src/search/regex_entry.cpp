@@ -1,0 +1,184 @@
+// Entry points: regmatch, regsub, regsubs, regsplit.
+#include <cstdio>
+#include <cstring>
+
+#include "host/args.h"
+#include "host/result.h"
+#include "runtime/scratch.h"
+#include "search/regex/error.h"
+#include "search/regex/finder.h"
+#include "search/regex/pattern_cache.h"
+#include "search/regex/replace.h"
+#include "search/regex/template.h"
+
+using namespace vstring;
+using regex::Found;
+using regex::Match;
+using regex::Plan;
+using regex::Scan;
+
+namespace {
+
+constexpr const char* kCannotCompile = "cannot compile regular expression: %s";
+constexpr const char* kCannotExecute = "cannot execute compiled regular expression: %s";
+
+[[noreturn]] void raise_recorded(const Args& args, const char* format) {
+  const char* const recorded = regex::recorded_error();
+  char message[512];
+  std::snprintf(message, sizeof message, format,
+                recorded[0] == '\0' ? "undiagnosed error" : recorded);
+  args.raise(message);
+}
+
+[[noreturn]] void raise_out_of_space(const Args& args) {
+  vrx_regerror(regex::messages::kOutOfSpace);
+  raise_recorded(args, kCannotExecute);
+}
+
+const Plan& compiled(const Args& args, Bytes pattern) {
+  const Plan* const plan = regex::plan_of(pattern);
+  if (plan == nullptr) raise_recorded(args, kCannotCompile);
+  return *plan;
+}
+
+Found find_first(const Plan& plan, Bytes text, Match& match) {
+  return regex::Finder(plan, text).find(0, match);
+}
+
+// Whether the pattern matches; the groups are in `match` then.
+bool matches(const Args& args, Bytes pattern, Bytes text, Match& match) {
+  const Found found = find_first(compiled(args, pattern), text, match);
+  if (found == Found::out_of_space) raise_out_of_space(args);
+  return found == Found::yes;
+}
+
+// A host string of its own, built beside the scratch buffer.
+HostObject group_string(const Args& args, Bytes group) {
+  char frame[8192];
+  HeldArray<char> block;
+  char* copy = frame;
+  if (group.size() >= sizeof frame) {
+    if (!block.resize(group.size() + 1)) args.raise(Status::out_of_memory);
+    copy = block.data();
+  }
+  if (!group.empty()) std::memcpy(copy, group.data(), group.size());
+  copy[group.size()] = '\0';
+  const HostObject string = args.host()->HostNewString(copy);
+  block.free();
+  return string;
+}
+
+}  // namespace
+
+constexpr Signature kRegmatch = {
+    2,
+    {{"first argument (pattern) must be a string"}, {"second argument (text) must be a string"}}};
+
+HostObject vstring_regmatch(const HostTable* host, HostObject argseq) {
+  vstringInit();
+  const Args args(host, argseq, kRegmatch);
+  const Bytes pattern = args.text(1);
+  const Bytes text = args.text(2);
+  constexpr int kFirstName = 3;
+  constexpr int kLastName = kFirstName + regex::kGroups - 1;
+  if (args.has(kLastName + 1)) {
+    host->HostUserInfo(3, "Lexiva", "WARNING: arguments after the twelfth will be ignored");
+  }
+  Match match;
+  const bool matched = matches(args, pattern, text, match);
+  for (int i = kFirstName; matched && i <= kLastName && args.has(i); ++i) {
+    const int group = i - kFirstName;
+    if (!match.has(group)) continue;
+    if (!is_name(args.object(i))) args.raise("optional arguments must be symbols");
+    host->HostAssign(args.object(i), group_string(args, match.group(text, group)));
+  }
+  return new_boolean(args, matched);
+}
+
+constexpr Signature kRegsub = {3};
+
+HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
+  vstringInit();
+  const Args args(host, argseq, kRegsub);
+  const Bytes pattern = args.text(1);
+  const Bytes text = args.text(2);
+  const Bytes replacement = args.text(3);
+  Match match;
+  if (!matches(args, pattern, text, match)) return host->HostToBoolean(-1);
+  const Result<std::size_t> length = regex::expanded_length(replacement, text, match);
+  // Built in a block whatever its length: what the scratch buffer holds stays.
+  HeldArray<Byte> block;
+  if (!length.ok() || *length == SIZE_MAX || !block.resize(*length + 1)) {
+    args.raise(Status::out_of_memory);
+  }
+  regex::expand(replacement, text, match, {block.data(), *length});
+  block[*length] = '\0';
+  const HostObject string = host->HostNewString(chars(block.data()));
+  block.free();
+  return string;
+}
+
+constexpr Signature kRegsubs = {2};
+
+HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kRegsubs);
+  const HostObject rule = args.object(1);
+  if (!is_equation(rule)) {
+    args.raise("first argument must be an equation of the form PATTERN = REPLACEMENT");
+  }
+  if (!is_text(left_side(rule))) {
+    args.raise("left hand side of first argument must be a string");
+  }
+  if (!is_text(right_side(rule))) {
+    args.raise("right hand side of first argument must be a string");
+  }
+  const Bytes text = args.text(2);
+  const Plan& plan = compiled(args, text_of(left_side(rule)));
+  regex::Replacement replacement;
+  const Scan scan = replacement.find(plan, text, text_of(right_side(rule)));
+  if (scan != Scan::ok) replacement.free();
+  if (scan == Scan::out_of_space) raise_out_of_space(args);
+  if (scan == Scan::out_of_memory) args.raise(Status::out_of_memory);
+  if (scan == Scan::empty_match) args.raise("cannot replace an empty match");
+  // An unchanged text is copied by the host alone, unless it is to pass through the scratch buffer.
+  if (!replacement.changes_text() && text.size() >= kScratchLimit) {
+    return host->HostNewString(chars(text));
+  }
+  TextResult result(args, replacement.length());
+  replacement.write(result.bytes());
+  replacement.free();
+  return result.object();
+}
+
+constexpr Signature kRegsplit = {2};
+
+HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kRegsplit);
+  const Bytes pattern = args.text(1);
+  const Bytes text = args.text(2);
+  const Plan& plan = compiled(args, pattern);
+  if (text.empty()) return host->HostNull();
+  HeldArray<regex::Cut> cuts;
+  std::size_t rest = 0;
+  const Scan scan = regex::find_cuts(plan, text, cuts, rest);
+  if (scan != Scan::ok) cuts.free();
+  if (scan == Scan::out_of_space) raise_out_of_space(args);
+  if (scan == Scan::out_of_memory) args.raise(Status::out_of_memory);
+  if (scan == Scan::empty_match) args.raise("cannot split");
+  if (cuts.empty()) return args.object(2);
+  const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
+  const HostObject pieces = new_sequence(args, n, [&](std::size_t i) {
+    // What is left after the last match ends with the text, terminator included.
+    if (i == cuts.size()) return host->HostNewString(chars(text.subspan(rest)));
+    const regex::Cut cut = cuts[i];
+    const std::size_t length = cut.end - cut.start;
+    // A piece too long for the scratch buffer gives the text that was last built there: scripts
+    // were written against that.
+    if (length >= kScratchLimit) return host->HostNewString(smbuf);
+    if (length > 0) std::memcpy(smbuf, text.data() + cut.start, length);
+    smbuf[length] = '\0';
+    return host->HostNewString(smbuf);
+  });
+  cuts.free();
+  return pieces;
+}

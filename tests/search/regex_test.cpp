@@ -1,0 +1,301 @@
+// regmatch, regsub, regsubs, regsplit, and the engine's three routines.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "search/regex/program.h"
+#include "support/check.h"
+
+namespace vstring_test {
+namespace {
+
+using namespace vstring::regex;
+using vstring::Byte;
+
+std::string call_of(const std::string& command, const std::string& pattern,
+                    const std::string& text) {
+  return command + "(" + quoted(pattern) + ", " + quoted(text) + ")";
+}
+
+TEST(Regex, RefusalsInTheOrderOfThePattern) {
+  const std::string ten(10, '(');
+  const std::string messages[][2] = {
+      {"a**", "nested *?+"},
+      {"a?+", "nested *?+"},
+      {"(ab)+*", "nested *?+"},
+      {"*a", "?+* follows nothing"},
+      {"a|+", "?+* follows nothing"},
+      {"(?)", "?+* follows nothing"},
+      {"(a", "unmatched ()"},
+      {"(a|b", "unmatched ()"},
+      {"a)", "unmatched ()"},
+      {"a)*", "unmatched ()"},
+      {"[a", "unmatched []"},
+      {"[^]", "unmatched []"},
+      {"[", "unmatched []"},
+      {"[a-", "unmatched []"},
+      {"[z-a]", "invalid [] range"},
+      {"[z-a", "invalid [] range"},
+      {"[a--]", "invalid [] range"},
+      {"[\377-\200]", "invalid [] range"},
+      {"(a*)*", "*+ operand could be empty"},
+      {"^**", "*+ operand could be empty"},
+      {"(a|)+", "*+ operand could be empty"},
+      {"$+", "*+ operand could be empty"},
+      {"a\\", "trailing \\"},
+      {"(a\\", "trailing \\"},
+      {ten, "too many ()"},
+      {ten + "*", "too many ()"},
+      {"(a)(a)(a)(a)(a)(a)(a)(a)(a)(a)", "too many ()"},
+      {std::string(kMaxProgram - 10, 'a'), "regexp too big"},
+      {std::string(100000, 'a') + "(", "unmatched ()"},
+  };
+  for (const auto& [pattern, message] : messages) {
+    const std::string expected = "error: cannot compile regular expression: " + message;
+    CheckInOrder({{call_of("regmatch", pattern, "a"), expected},
+                  {"regsub(" + quoted(pattern) + ", \"\", \"\")", expected},
+                  {"regsubs(" + quoted(pattern) + " = \"\", \"\")", expected},
+                  {call_of("regsplit", pattern, ""), expected}});
+    EXPECT_EQ(nullptr, vrx_regcomp(pattern.c_str()));
+    EXPECT_STREQ(message.c_str(), vrx_regerror(nullptr));
+  }
+}
+
+TEST(Regex, Syntax) {
+  struct Case {
+    std::string pattern, text, expected;  // of the match in angle brackets, or FAIL
+  };
+  const Case cases[] = {
+      {"", "abc", "<>"},
+      {"(((((((((a)))))))))", "ba", "<a>"},
+      {"(a*)?", "aa", "<aa>"},
+      {"abc*", "xabccd", "<abcc>"},
+      {"x$", "xax", "<x>"},
+      {"$", "", "<>"},
+      {"^b", "ab", "FAIL"},
+      {"a^b", "ab", "FAIL"},
+      {"^?b", "ab", "<b>"},
+      {"[]a]+", "x]a]", "<]a]>"},
+      {"[a-]+", "x-a-", "<-a->"},
+      {"[-a]+", "x-a-", "<-a->"},
+      {"[^-a]+", "-xa", "<x>"},
+      {"[a-c-e]+", "abcdef", "<abcde>"},
+      {"[]-a]+", "[\\]^_`ab", "<]^_`a>"},
+      {"[--/]+", "+,-./0", "<-./>"},
+      {"[\\]+", "a\\\\b", "<\\\\>"},
+      {"[\200-\377]+", "a\200\377b", "<\200\377>"},
+      {"\377+", "a\377\377", "<\377\377>"},
+      {"a]", "a]", "<a]>"},
+      {"a\\.b", "axb a.b", "<a.b>"},
+      {"\\a", "a", "<a>"},
+      {".+", "a\nb", "<a\nb>"},
+      {"a|ab", "ab", "<a>"},
+      {"(a|ab)(c|bcd)", "abcd", "<abcd>"},
+      {"|a", "a", "<>"},
+      {"a?b?c?", "abc", "<abc>"},
+      {"(ab)+(a|b)*", "ababb", "<ababb>"},
+  };
+  for (const Case& c : cases) {
+    const std::string call = "regsub(" + quoted(c.pattern) + ", " + quoted(c.text) + ", \"<&>\")";
+    CheckInOrder({{call, c.expected == "FAIL" ? "FAIL" : quoted(c.expected)}});
+  }
+}
+
+TEST(Regex, Match) {
+  Check({{"regmatch(\"b\", \"abc\")", "true"},
+         {"regmatch(\"x\", \"abc\")", "false"},
+         {"regmatch(b, 'abc')", "true"},
+         {"regmatch(\"a\")", "error: expecting 2 arguments, but got 1"},
+         {"regmatch()", "error: expecting 2 arguments, but got 0"},
+         {"regmatch(1, 2)", "error: first argument (pattern) must be a string"},
+         {"regmatch(\"a\", 2)", "error: second argument (text) must be a string"},
+         {"regmatch(\"a\", \"a\", 7)", "error: optional arguments must be symbols"},
+         {"regmatch(\"a\", \"a\", \"m\")", "error: optional arguments must be symbols"},
+         {"regmatch(\"a\", \"b\", 7)", "false"},
+         {"regmatch(\"a|(b)\", \"a\", 'm', 7)", "true"},
+         {"regmatch(\"a\", \"a\", FAIL)", "error: cannot assign to FAIL"},
+         {"regmatch(\"a\", \"a\",1,2,3,4,5,6,7,8,9,10,11)",
+          "error: optional arguments must be symbols"}});
+  CheckInOrder(
+      {{"regmatch(\"(a)*(x)?(b+)\", \"caaabb\", 'm', 'g1', 'g2', 'g3')", "true"},
+       {"[m, g1, g2, g3]", "[\"aaabb\", \"a\", g2, \"bb\"]"},
+       {"regmatch(\"(a)(b)\", \"ab\", 'm', 'g1', 2)", "error: optional arguments must be symbols"},
+       {"[m, g1]", "[\"ab\", \"a\"]"},
+       {"regmatch(\"b*\", repeat(\"b\", 8191), 'm')", "true"},
+       {"length(m)", "8191"},
+       {"regmatch(\"b*\", repeat(\"b\", 8192), 'm')", "true"},
+       {"length(m)", "8192"}});
+}
+
+TEST(Regex, WarnsOfSurplusNames) {
+  std::string said;
+  const auto listen = [](void* context, std::int64_t level, const char* package, const char* text) {
+    *static_cast<std::string*>(context) += std::to_string(level) + package + ": " + text + "\n";
+  };
+  velmor_set_userinfo(session().heap(), listen, &said);
+  CheckInOrder({{"regmatch(\"a\", 1, 2,3,4,5,6,7,8,9,10,11,12,13)",
+                 "error: second argument (text) must be a string"}});
+  EXPECT_EQ("", said);
+  CheckInOrder({{"regmatch(\"b\", \"a\", 2,3,4,5,6,7,8,9,10,11,12,13)", "false"}});
+  EXPECT_EQ("3Lexiva: WARNING: arguments after the twelfth will be ignored\n", said);
+  velmor_set_userinfo(session().heap(), nullptr, nullptr);
+}
+
+TEST(Regex, Sub) {
+  Check({{"regsub(\"b\", \"abc\", \"[&]\")", "\"[b]\""},
+         {"regsub(\"x\", \"abc\", \"[&]\")", "FAIL"},
+         {"regsub(\"b*\", \"abc\", \"\")", "\"\""},
+         {"regsub(" + quoted("(a)|(b)") + ", \"b\", " + quoted("\\1-\\2-\\0") + ")", "\"-b-b\""},
+         {"regsub(\"b\", \"b\", " + quoted("\\&\\\\&\\x\\") + ")", quoted("&\\b\\x\\")},
+         {"regsub(\"b\", \"b\")", "error: expecting 3 arguments, but got 2"},
+         {"regsub(1, 2, 3)", "error: first argument must be a string"},
+         {"regsub(b, 2, 3)", "error: second argument must be a string"},
+         {"regsub(b, b, 3)", "error: third argument must be a string"},
+         {"length(regsub(\".*\", repeat(\"b\", 5000), \"&&\"))", "10000"}});
+}
+
+TEST(Regex, Subs) {
+  Check({{"regsubs(\"^a\" = b, \"aaa\")", "\"bbb\""},
+         {"regsubs(\"x\" = \"y\", abc)", "\"abc\""},
+         {"regsubs(\"(b)|c\" = " + quoted("<\\1>") + ", \"abcd\")", "\"a<b><>d\""},
+         {"regsubs(\"[a-z]+\" = " + quoted("&,\\1") + ", \"ab cd\")", "\"ab, cd,\""},
+         {"regsubs(\"x*\" = \"y\", \"xa\")", "error: cannot replace an empty match"},
+         {"regsubs(\"a\" = \"y\", \"\")", "error: cannot replace an empty match"},
+         {"regsubs(\"a*\" = \"\", \"aaa\")", "error: cannot replace an empty match"},
+         {"regsubs(\"b|$\" = \"\", \"ab\")", "\"a\""},
+         {"regsubs(\"a\" = \"y\")", "error: expecting 2 arguments, but got 1"},
+         {"regsubs(\"a\", 1)",
+          "error: first argument must be an equation of the form PATTERN = REPLACEMENT"},
+         {"regsubs(1 = 2, 3)", "error: left hand side of first argument must be a string"},
+         {"regsubs(a = 2, 3)", "error: right hand side of first argument must be a string"},
+         {"regsubs(a = b, 3)", "error: second argument must be a string"},
+         {"length(regsubs(\"b\" = \"abcde\", repeat(\"xb\", 5000)))", "30000"},
+         {"length(regsubs(\"y\" = \"\", repeat(\"x\", 9000)))", "9000"},
+         {"regsubs(\"^x\" = \"\", " + quoted(std::string(8189, 'x') + "y") + ")", "\"y\""}});
+}
+
+TEST(Regex, Split) {
+  const std::string long_piece(8190, 'x');
+  Check({{"regsplit(\",\", \"a,,b\")", "\"a\", \"\", \"b\""},
+         {"[regsplit(\",\", \"a,\")]", "[\"a\"]"},
+         {"regsplit(\",\", abc)", "abc"},
+         {"[regsplit(\",\", \"\")]", "[]"},
+         {"regsplit(\",|$\", \"a,\")", "error: cannot split"},
+         {"regsplit(\",|$\", \"a\")", "error: cannot split"},
+         {"regsplit(\"x*\", \"abc\")", "error: cannot split"},
+         {"[regsplit(\"^.\", \"abc\")]", "[\"\", \"\", \"\"]"},
+         {"regsplit(\"a\")", "error: expecting 2 arguments, but got 1"},
+         {"regsplit(1, 2)", "error: first argument must be a string"},
+         {"regsplit(a, 2)", "error: second argument must be a string"}});
+  // A piece that is too long for the scratch buffer gives what was built there before it.
+  Check(
+      {{call_of("regsplit", ",", "abc," + long_piece + ",de,f"), "\"abc\", \"abc\", \"de\", \"f\""},
+       {call_of("regsplit", ",", "abc," + long_piece), "\"abc\", " + quoted(long_piece)},
+       {call_of("regsplit", ",", long_piece.substr(1) + ",b"),
+        quoted(long_piece.substr(1)) + ", \"b\""}});
+}
+
+TEST(Regex, EveryAllocationMayFail) {
+  const std::string no_space = "error: cannot compile regular expression: out of space";
+  std::string text(3000, 'a');
+  Check(
+      {{"[regmatch(\"x\", \"\"), regmatch(\"(a|[ab])+$\", \"aab\")]", "[false, true]", no_space}});
+  // Long enough for backtracking to give up, and then for looking ahead over and over.
+  text.back() = 'b';
+  Check({{"regsubs(\"(a|b)*c|a\" = \"\", " + vstring_test::quoted(text) + ")", "\"b\"",
+          "error: cannot execute compiled regular expression: out of space"}});
+}
+
+// ---- The engine by itself.
+
+class Compiled {
+ public:
+  explicit Compiled(const std::string& pattern) : regex(vrx_regcomp(pattern.c_str())) {}
+  ~Compiled() { std::free(regex); }
+  Compiled(const Compiled&) = delete;
+  Compiled& operator=(const Compiled&) = delete;
+  VstringRegex* const regex;
+};
+
+void expect_program(const std::string& pattern, const std::vector<unsigned char>& program) {
+  const Compiled compiled(pattern);
+  const unsigned char* const nodes = compiled.regex->program;
+  EXPECT_EQ(program, std::vector<unsigned char>(nodes, nodes + compiled.regex->size)) << pattern;
+}
+
+TEST(RegexEngine, RecordHoldsProgramAndHints) {
+  const Compiled x("x");
+  expect_program("x", {156, kBranch, 0, 8, kExactly, 0, 5, 'x', 0, kEnd, 0, 0});
+  EXPECT_EQ('x', x.regex->first_byte);
+  EXPECT_EQ(0, x.regex->anchored);
+  EXPECT_EQ(nullptr, x.regex->must);
+  EXPECT_EQ(1, Compiled("^x").regex->anchored);
+  const Compiled star(".*ab[x]cd(long)");
+  EXPECT_STREQ("cd", star.regex->must);
+  EXPECT_EQ(2, star.regex->must_length);
+  EXPECT_EQ(0, star.regex->first_byte);
+  EXPECT_EQ(nullptr, Compiled("a*b|c").regex->must);
+  EXPECT_EQ('\377', static_cast<char>(Compiled("\377a").regex->first_byte));
+  EXPECT_EQ(kMaxProgram, Compiled(std::string(kMaxProgram - 11, 'a')).regex->size);
+}
+
+TEST(RegexEngine, RepeatedGroupsAreLoopsOfBranches) {
+  const Byte one = kOpen + 1;
+  const Byte end = kClose + 1;
+  expect_program("(a)*", {156, kBranch, 0,        29, kBranch, 0,        20, one, 0,    3, kBranch,
+                          0,   8,       kExactly, 0,  5,       'a',      0,  end, 0,    3, kBack,
+                          0,   17,      kBranch,  0,  3,       kNothing, 0,  3,   kEnd, 0, 0});
+  expect_program("(a)+",
+                 {156, kBranch, 0, 29, one,   0, 3,  kBranch, 0, 8, kExactly, 0, 5, 'a',  0, end, 0,
+                  3,   kBranch, 0, 6,  kBack, 0, 17, kBranch, 0, 3, kNothing, 0, 3, kEnd, 0, 0});
+  expect_program(".?", {156, kBranch, 0, 15, kBranch, 0, 6, kAny, 0, 6, kBranch, 0, 3, kNothing, 0,
+                        3, kEnd, 0, 0});
+  expect_program("[b-d^]+", {156, kBranch, 0, 14, kPlus, 0, 11, kAnyOf, 0, 0, 'b', 'c', 'd', '^', 0,
+                             kEnd, 0, 0});
+}
+
+TEST(RegexEngine, DamagedProgramsAreReported) {
+  const auto run = [](const Compiled& compiled, const char* text) {
+    vrx_regerror("");
+    const int matched = vrx_regexec(compiled.regex, text);
+    return std::to_string(matched) + vrx_regerror(nullptr);
+  };
+  const Compiled x("a|b");
+  VstringRegex* const regex = x.regex;  // 1: BRANCH, 4: EXACTLY a, 9: BRANCH, 12: EXACTLY b
+  EXPECT_EQ("1", run(x, "ab"));
+  regex->program[4] = 40;
+  EXPECT_EQ("1memory corruption", run(x, "b"));
+  EXPECT_EQ("0memory corruption", run(x, ""));
+  regex->program[4] = kStar;  // of an operand that is no node of one byte
+  EXPECT_EQ("1internal foulup", run(x, "b"));
+  regex->program[4] = kExactly;
+  regex->program[6] = 0;
+  EXPECT_EQ("1corrupted pointers", run(x, "ab"));
+  regex->program[5] = 100;  // out of the program
+  EXPECT_EQ("1corrupted pointers", run(x, "ab"));
+  regex->program[0] = 0;
+  EXPECT_EQ("0corrupted program", run(x, "ab"));
+  EXPECT_EQ(0, vrx_regexec(nullptr, "a"));
+  EXPECT_STREQ("NULL parameter", vrx_regerror(nullptr));
+  EXPECT_EQ(0, vrx_regexec(regex, nullptr));
+  EXPECT_EQ(nullptr, vrx_regcomp(nullptr));
+  EXPECT_STREQ("NULL argument", vrx_regerror(nullptr));
+
+  const Compiled circle("(a)*b");
+  circle.regex->must = nullptr;
+  circle.regex->program[13] = kNothing;  // the loop takes nothing any more
+  EXPECT_EQ(1, vrx_regexec(circle.regex, "ab"));
+}
+
+TEST(RegexEngine, ErrorBufferIsBounded) {
+  const std::string message(100000, 'm');
+  const std::string kept = vrx_regerror(message.c_str());
+  EXPECT_GT(kept.size(), 100U);
+  EXPECT_TRUE(message.starts_with(kept));
+  EXPECT_STREQ("short", vrx_regerror("short"));
+}
+
+}  // namespace
+}  // namespace vstring_test
