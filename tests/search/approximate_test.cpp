@@ -1,0 +1,162 @@
+// Approximate search: the end positions that each selector reports.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/check.h"
+#include "support/direct.h"
+
+namespace vstring_test {
+namespace {
+
+TEST(Approximate, Values) {
+  Check({
+      {"asearch(\"abc\", \"xabx\", 1), asearchx(\"abc\", `xabx`, 1)", "3, 3, 4"},
+      {"asearch(\"bc\", `abcd`, 0), asearchx(\"bc\", \"abcdbc\", 0)", "3, 3, 6"},
+      {"asearchxb(\"ab\", \"ba\", 1, 1), asearchxb(\"ab\", \"ba\", 1, 2)", "2, 1, 2"},
+      {"asearchxb(\"ab\", \"ba\", 1, 3), asearchx(\"ab\", \"ba\", 1)", "1, 2, 2"},
+      {"asearchx(\"abc\", \"xyzw\", 2147483647), asearch(\"abc\", \"\", 9)", "1, 2, 3, 4, 0"},
+      {"asearch(\"a\", \"a\", -1), asearchxb(\"\", \"ab\", -2147483648, 3)", "0, []"},
+      {"asearch(\"\", \"ab\", 1), asearchxb(\"\", \"ab\", 0, 1)", "0, []"},
+      {"asearchxb(\"\", \"ab\", 0, 2), asearchb(\"\", \"ab\", 5, 3)", "1, 2, 1"},
+      {"asearchb(\"\\377\\200\", \"a\\377b\\200\", 1, 2, surplus)", "2"},
+  });
+}
+
+TEST(Approximate, Refusals) {
+  Check({
+      {"asearch(\"a\", \"b\")", "error: expecting 3 arguments, but got 2"},
+      {"asearchxb(\"a\", \"b\", 1)", "error: expecting 4 arguments, but got 3"},
+      {"asearch(1, 2, 3)", "error: first argument must be a string"},
+      {"asearchx(\"a\", [\"b\"], x)", "error: second argument must be a string"},
+      {"asearchb(\"a\", \"b\", 2147483648, x)", "error: third argument must be a 32-bit integer"},
+      {"asearchb(\"a\", \"b\", 1, \"1\")", "error: fourth argument must be 1, 2 or 3"},
+      {"asearchxb(\"a\", \"b\", 1, 4294967297)", "error: fourth argument must be 1, 2 or 3"},
+      {"asearchxb(\"a\", \"b\", 1, 4)", "error: bad algorithm selector (must be 1,2 or 3)"},
+      {"asearchb(\"a\", \"b\", 1, -1)", "error: bad algorithm selector (must be 1,2 or 3)"},
+  });
+}
+
+using Ends = std::vector<std::size_t>;
+
+// Sellers' table, column by column.
+Ends ends_by_table(const std::string& pattern, const std::string& text, std::int64_t k) {
+  const std::size_t m = pattern.size();
+  k = std::min(k, static_cast<std::int64_t>(m));
+  Ends ends;
+  std::vector<std::int64_t> column(m + 1);
+  for (std::size_t i = 0; i <= m; ++i) column[i] = static_cast<std::int64_t>(i);
+  for (std::size_t j = 0; j < text.size(); ++j) {
+    std::int64_t diagonal = 0;
+    for (std::size_t i = 1; i <= m; ++i) {
+      const std::int64_t other = pattern[i - 1] == text[j] ? 0 : 1;
+      const std::int64_t cell = std::min({diagonal + other, column[i] + 1, column[i - 1] + 1});
+      diagonal = column[i];
+      column[i] = cell;
+    }
+    if (column[m] <= k) ends.push_back(j + 1);
+  }
+  return ends;
+}
+
+// The shift-and automaton with its masks of 32 bits and its start from zero.
+Ends ends_by_automaton(const std::string& pattern, const std::string& text, std::int64_t edits) {
+  const std::size_t m = pattern.size();
+  if (edits < 0 || m == 0) return {};
+  std::uint32_t masks[256] = {};
+  for (std::size_t j = 0; j < std::min<std::size_t>(m, 32); ++j) {
+    masks[static_cast<unsigned char>(pattern[j])] |= std::uint32_t{1} << j;
+  }
+  const auto k = static_cast<std::size_t>(std::min(edits, static_cast<std::int64_t>(m)));
+  std::vector<std::uint64_t> state(k + 1);
+  Ends ends;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto mask = static_cast<std::int32_t>(masks[static_cast<unsigned char>(text[i])]);
+    const auto wide = static_cast<std::uint64_t>(std::int64_t{mask});
+    const std::vector<std::uint64_t> old = state;
+    state[0] = (old[0] << 1 | 1) & wide;
+    for (std::size_t d = 1; d <= k; ++d) {
+      state[d] = ((old[d] << 1 | 1) & wide) | old[d - 1] | state[d - 1] << 1 | old[d - 1] << 1 | 1;
+    }
+    if ((state[k] >> (m - 1) % 64 & 1) != 0) ends.push_back(i + 1);
+  }
+  return ends;
+}
+
+void check_ends(const std::string& pattern, const std::string& text, std::int64_t k) {
+  const auto check = [&](VelmorCommand first, VelmorCommand every, std::vector<std::int64_t> more,
+                         const Ends& expected) {
+    const auto answer = [&](VelmorCommand command) {
+      VelmorHeap* const heap = session().heap();
+      std::vector<HostObject> arguments = {velmor_string(heap, pattern.c_str()),
+                                           velmor_string(heap, text.c_str())};
+      for (const std::int64_t value : more) arguments.push_back(velmor_integer(heap, value));
+      return call(command, arguments);
+    };
+    std::string all;
+    for (const std::size_t end : expected) all += (all.empty() ? "" : ", ") + std::to_string(end);
+    const std::string where = pattern + " in " + text + ", " + std::to_string(k);
+    ASSERT_EQ(expected.empty() ? "[]" : all, answer(every)) << where;
+    ASSERT_EQ(expected.empty() ? "0" : std::to_string(expected[0]), answer(first)) << where;
+  };
+  const Ends by_table = ends_by_table(pattern, text, k);
+  const Ends by_automaton = ends_by_automaton(pattern, text, k);
+  check(vstring_asearchb, vstring_asearchxb, {k, 1}, by_automaton);
+  check(vstring_asearchb, vstring_asearchxb, {k, 2}, by_table);
+  check(vstring_asearchb, vstring_asearchxb, {k, 3}, by_table);
+  check(vstring_asearch, vstring_asearchx, {k}, pattern.size() <= 64 ? by_automaton : by_table);
+}
+
+TEST(Approximate, EveryShortPatternInEveryShortText) {
+  for (const std::string& text : all_words("ab", 8)) {
+    for (const std::string& pattern : all_words("ab", 4)) {
+      for (std::int64_t k = 0; k <= 2; ++k) check_ends(pattern, text, k);
+    }
+  }
+}
+
+// Copies of the pattern, whole or in part, with edits and rubbish between them.
+TEST(Approximate, LongPatterns) {
+  std::mt19937 random(4);
+  const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
+  const auto letter = [&] { return static_cast<char>('a' + below(3)); };
+  for (const std::size_t m : {1, 2, 7, 31, 32, 33, 34, 63, 64, 65, 96, 97, 128, 129, 200}) {
+    for (int round = 0; round < 40; ++round) {
+      std::string pattern(m, 'a');
+      for (char& c : pattern) c = letter();
+      const std::size_t k = round % 4 == 0 ? below(m + 2) : below(9);
+      std::string text;
+      while (text.size() < 2 * m + 20) {
+        std::string piece = pattern.substr(below(m));
+        for (std::size_t edits = below(k + 2); edits > 0 && !piece.empty(); --edits) {
+          const std::size_t at = below(piece.size());
+          piece.replace(at, below(2), std::string(below(2), letter()));
+        }
+        text += piece + letter();
+      }
+      check_ends(pattern, text, static_cast<std::int64_t>(k));
+    }
+  }
+}
+
+// Behind its byte 32 the automaton only knows that byte.
+TEST(Approximate, WidenedMasks) {
+  const std::string pattern = std::string(31, 'a') + "b" + std::string(8, 'c');
+  Check({{"asearch(" + quoted(pattern) + ", " + quoted(pattern) + ", 0)", "0"},
+         {"asearchb(" + quoted(pattern) + ", " + quoted(pattern) + ", 0, 2)", "40"},
+         {"asearch(" + quoted(pattern) + ", " + quoted(std::string(31, 'a') + "bbbbbbbbb") + ", 0)",
+          "40"}});
+}
+
+// The whole table would take 13 GB.
+TEST(Approximate, TableOfAnySize) {
+  CheckInOrder({{"asearchb(repeat(\"ab\", 20000), repeat(\"b\", 39999), 20001, 3)", "19999"},
+                {"asearchb(repeat(\"ab\", 20000), repeat(\"b\", 39999), 3, 2)", "0"}});
+}
+
+}  // namespace
+}  // namespace vstring_test

@@ -1,0 +1,237 @@
+// Exact search and search with mismatches: one pattern, lists of texts, match lists.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/check.h"
+#include "support/direct.h"
+#include "support/instructions.h"
+#include "words/sample_words.h"
+
+namespace vstring_test {
+namespace {
+
+constexpr const char* kNoAutomaton = "error: cannot preprocess pattern list";
+
+TEST(Exact, Values) {
+  Check({
+      {"search(\"aa\", \"aaaa\"), [searchx(\"aa\", \"aaaa\")]", "1, [1, 2, 3]"},
+      {"search(\"b\\351\", `ab\\351c`), search(`b`, \"\")", "2, 0"},
+      {"search(\"\", \"abc\"), search(\"abcd\", \"abc\"), search(\"\", \"\")", "0, 0, 0"},
+      {"searchx(\"\", \"abc\"), searchx(\"abcd\", \"abc\"), searchx(\"a\", \"\")", "[], [], []"},
+      {"search(\"b\", [\"ab\", `b`, \"\", \"aa\"])", "[2, 1, 0, 0]"},
+      {"search(\"b\", []), searchx(\"b\", {}), search(\"b\", {\"ab\"})", "[], [], [2]"},
+      {"searchx(\"aa\", [\"aaa\", \"ab\", \"\"])", "[[1, 2], [], []]"},
+      {"search(\"\", [\"a\", \"\"]), searchx(\"\", [\"a\", \"\"])", "[0, 0], [[], []]"},
+      {"search([\"nan\", `an`], \"banana\"), search({\"x\"}, `banana`)", "[2, 2], [0, 0]",
+       kNoAutomaton},
+      {"search([], \"a\"), searchx([], \"a\"), searchx([\"x\"], \"a\")", "0, [], []", kNoAutomaton},
+      {"searchx([\"ab\", \"b\"], \"abb\")", "[2, 2], [1, 1], [3, 2]", kNoAutomaton},
+      {"search(\"a\", \"ba\", surplus)", "2"},
+  });
+}
+
+TEST(Exact, Refusals) {
+  std::vector<Row> rows;
+  for (const std::string f : {"search", "searchx"}) {
+    const std::vector<Row> same = {
+        {"(\"a\")", "error: expecting 2 arguments, but got 1"},
+        {"(1, 2)", "error: first argument must be a string"},
+        {"(1, [\"a\"])", "error: first argument must be a string"},
+        {"(\"a\", 2)", "error: second argument must be a string"},
+        {"([1], 2)", "error: second argument must be a string"},
+        {"([\"a\", 1], \"a\")", "error: first argument must be a list of strings"},
+        {"([1], {2})", "error: at most one argument can be a list of strings"},
+        {"(\"a\", [\"a\", 1])", "error: second argument must be a list of strings"},
+    };
+    for (const Row& row : same) rows.push_back({f + row.call, row.expected});
+  }
+  for (const std::string f : {"hsearch", "hsearchx", "psearch", "psearchx"}) {
+    const std::vector<Row> same = {
+        {"(\"a\", \"b\")", "error: expecting 3 arguments, but got 2"},
+        {"([\"a\"], 2, 3.5)", "error: first argument must be a string"},
+        {"(\"a\", [\"a\"], -1)", "error: second argument must be a string"},
+        {"(\"a\", \"b\", 2147483648)", "error: third argument must be a 32-bit integer"},
+        {"(\"a\", \"b\", -1)", "error: third argument must be non-negative"},
+    };
+    for (const Row& row : same) rows.push_back({f + row.call, row.expected});
+  }
+  Check(rows);
+}
+
+TEST(Exact, Mismatches) {
+  Check({
+      {"hsearch(\"abc\", \"xbcabc\", 1), psearch(\"abc\", \"xbcabc\", 0)", "1, 4"},
+      {"hsearchx(\"ab\", \"abxb\", 1)", "[1, 0], [3, 1]"},
+      {"psearchx(\"aa\", \"aaab\", 0)", "[1, 0], [2, 0]"},
+      {"hsearch(\"\", \"\", 1), hsearchx(\"\", \"ab\", 1)", "1, [1, 0], [2, 0], [3, 0]"},
+      {"hsearch(\"\", \"ab\", 0), hsearchx(\"\", \"ab\", 0)", "0, []"},
+      {"hsearch(\"abc\", \"ab\", 9), hsearchx(\"abc\", \"ab\", 9)", "0, []"},
+      {"hsearchx(\"abc\", \"xyzw\", 2147483647)", "[1, 3], [2, 3]"},
+      {"hsearchx(\"\\200bcdefghi\\377\", \"\\200bcdefghi\\177bcdefghi\\377\", 1)",
+       "[1, 1], [10, 1]"},
+  });
+}
+
+HostObject string(const std::string& bytes) {
+  return velmor_string_n(session().heap(), bytes.data(), bytes.size());
+}
+
+HostObject list_of(const std::string& text) {
+  const HostObject element = string(text);
+  return velmor_list(session().heap(), 1, &element);
+}
+
+// Elements with commas between them; the empty list when there are none.
+std::string sequence(const std::vector<std::string>& elements) {
+  std::string text;
+  for (const std::string& element : elements) text += (text.empty() ? "" : ", ") + element;
+  return elements.empty() ? "[]" : text;
+}
+
+// First and all occurrences, in one text and in a list of texts.
+void check_exact(const std::string& pattern, const std::string& text) {
+  std::vector<std::string> found;
+  for (std::size_t i = 0; i + pattern.size() <= text.size() && !pattern.empty(); ++i) {
+    if (text.compare(i, pattern.size(), pattern) == 0) found.push_back(std::to_string(i + 1));
+  }
+  const std::string first = found.empty() ? "0" : found.front();
+  const std::string all = sequence(found);
+  const std::string where = pattern + " in " + text;
+  ASSERT_EQ(first, call(vstring_search, {string(pattern), string(text)})) << where;
+  ASSERT_EQ(all, call(vstring_searchx, {string(pattern), string(text)})) << where;
+  ASSERT_EQ("[" + first + "]", call(vstring_search, {string(pattern), list_of(text)})) << where;
+  ASSERT_EQ("[" + (found.empty() ? all : "[" + all + "]") + "]",
+            call(vstring_searchx, {string(pattern), list_of(text)}))
+      << where;
+}
+
+void check_mismatches(const std::string& pattern, const std::string& text, std::size_t k) {
+  std::vector<std::string> found;
+  std::string first = "0";
+  for (std::size_t i = 0; i + pattern.size() <= text.size(); ++i) {
+    std::size_t count = 0;
+    for (std::size_t j = 0; j < pattern.size(); ++j) count += pattern[j] != text[i + j] ? 1 : 0;
+    if (count > k || (k == 0 && pattern.empty())) continue;
+    if (found.empty()) first = std::to_string(i + 1);
+    found.push_back("[" + std::to_string(i + 1) + ", " + std::to_string(count) + "]");
+  }
+  const auto answer = [&](VelmorCommand command) {
+    return call(command, {string(pattern), string(text),
+                          velmor_integer(session().heap(), static_cast<std::int64_t>(k))});
+  };
+  const std::string where = pattern + " in " + text;
+  ASSERT_EQ(first, answer(vstring_hsearch)) << where;
+  ASSERT_EQ(sequence(found), answer(vstring_psearchx)) << where;
+}
+
+TEST(Exact, EveryShortPatternInEveryShortText) {
+  for (const std::string& text : all_words("ab", 8)) {
+    for (const std::string& pattern : all_words("ab", 4)) {
+      check_exact(pattern, text);
+      for (std::size_t k = 0; k <= 2; ++k) check_mismatches(pattern, text, k);
+    }
+  }
+}
+
+// Long texts with structure make the search leave its first method for the second.
+TEST(Exact, FactorsOfLongTexts) {
+  for (const std::string& text : sample_words(3000)) {
+    for (const std::size_t m : {1, 2, 3, 5, 8, 31, 32, 33, 63, 64, 65, 200}) {
+      std::string factor = text.substr(text.size() / 2, m);
+      check_exact(factor, text);
+      factor[m / 2] = 'b';
+      check_exact(factor, text);
+      check_mismatches(factor, text, 3);
+    }
+  }
+}
+
+// The count of one pattern in one text is kept in 16 bits; no other form has that limit.
+TEST(Exact, CountsInSixteenBits) {
+  for (const std::size_t n : {65535, 65536, 65537, 131072}) {
+    const std::string text = "repeat(\"a\", " + std::to_string(n) + ")";
+    const auto count = [&](const std::string& before, const std::string& after) {
+      return velmor_size(session().evaluate("[" + before + text + after + ")]").value);
+    };
+    if (n % 65536 == 0) {
+      EXPECT_EQ("[]", evaluate("searchx(\"a\", " + text + ")"));
+    } else {
+      EXPECT_EQ(n, count("searchx(\"a\", ", ""));
+    }
+    EXPECT_EQ(n, count("searchx([\"a\", \"b\"], ", ""));
+    EXPECT_EQ(n, count("hsearchx(\"a\", ", ", 0"));
+    EXPECT_EQ(n, count("asearchx(\"a\", ", ", 0"));
+    const HostObject lists = session().evaluate("searchx(\"a\", [" + text + "])").value;
+    EXPECT_EQ(n, velmor_size(velmor_element(lists, 1)));
+  }
+}
+
+TEST(MatchList, CollectsAndConverts) {
+  const HostTable* const host = velmor_table(session().heap());
+  const auto printed = [](HostObject object) { return session().print(object); };
+  EXPECT_EQ(nullptr, AddMatchToList(nullptr, 1, 2));
+  EXPECT_EQ("[]", printed(MatchListToExpSeq(host, nullptr)));
+  FreeMatchList(nullptr);
+
+  VstringMatchList* const list = MatchListCreate();
+  EXPECT_EQ("[]", printed(MatchListToList(host, list)));
+  EXPECT_EQ("[]", printed(MatchListToExpSeq2(host, list)));
+  for (const int32_t i : {4, 2, INT32_MAX}) EXPECT_EQ(list, AddMatchToList(list, i, -i));
+  EXPECT_EQ(3, list->count);
+  EXPECT_EQ("5, 3, 2147483648", printed(MatchListToExpSeq(host, list)));
+  EXPECT_EQ("[5, 3, 2147483648]", printed(MatchListToList(host, list)));
+  EXPECT_EQ("[5, -4], [3, -2], [2147483648, -2147483647]", printed(MatchListToExpSeq2(host, list)));
+  // A node in the scratch buffer is not the list's to free.
+  auto* const node = reinterpret_cast<VstringMatch*>(smbuf);
+  *node = {list->head, 0, 0};
+  list->head = node;
+  FreeMatchList(list);
+  EXPECT_EQ(nullptr, list->head);
+  EXPECT_EQ(0, list->count);
+  std::free(list);
+}
+
+TEST(Exact, PlainRoutine) {
+  EXPECT_EQ(3, Search("cd", 1, "abcd", 4));
+  EXPECT_EQ(0, Search("cd", 2, "abcd", 3));
+  EXPECT_EQ(0, Search("", 0, "abcd", 4));
+  EXPECT_EQ(0, Search("abc", 3, "ab", 2));
+}
+
+// Twice the text takes at most 2.1 times the instructions, whatever the pattern.
+TEST(Exact, LinearInTheWorstCase) {
+  if (!counts_instructions()) GTEST_SKIP() << "needs valgrind; runs in the long tier";
+  const auto text = [](const std::string& word, std::size_t n) {
+    return "repeat(\"" + word + "\", " + std::to_string(n / word.size()) + ")";
+  };
+  const auto search = [](const std::string& pattern, const std::string& searched) {
+    return "searchx(" + pattern + ", " + searched + ")";
+  };
+  const std::string fibonacci = fibonacci_word(987);
+  using Make = std::function<std::string(std::size_t)>;
+  const Make calls[] = {
+      [&](std::size_t n) {
+        return search("cap(" + text("a", n / 2) + ", \"\", \"b\")", text("a", n));
+      },
+      [&](std::size_t n) {
+        return search("cap(" + text("a", n / 2) + ", \"b\", \"\")", text("a", n));
+      },
+      [&](std::size_t n) { return search(text("a", 32), text("a", n)); },
+      [&](std::size_t n) { return search(text("aba", 3000), text("abaabab", n)); },
+      [&](std::size_t n) { return search("\"" + fibonacci + "b\"", text(fibonacci, n)); },
+      [&](std::size_t n) {
+        return "length(substx(" + text("a", n) + ", " + text("a", 32) + ", \"b\"))";
+      },
+      [&](std::size_t n) {
+        return "asearchb(" + text("ab", 200) + ", " + text("aab", n) + ", 5, 2)";
+      },
+  };
+  for (const Make& make : calls) EXPECT_LE(growth(make, 100000), 2.1) << make(64);
+}
+
+}  // namespace
+}  // namespace vstring_test

@@ -1,0 +1,105 @@
+// subst and substx: values, the estimate that cuts results short, argument identity.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/check.h"
+#include "support/direct.h"
+
+namespace vstring_test {
+namespace {
+
+TEST(Substitution, Values) {
+  Check({
+      {"subst(\"abcab\", \"ab\", \"X\"), substx(\"abcab\", `ab`, \"X\")", "\"Xcab\", \"XcX\""},
+      {"substx(\"aaaa\", \"aa\", \"X\"), substx(\"aaaaaa\", \"aaa\", \"XY\")", "\"XX\", \"XYX\""},
+      {"substx(\"aaa\", \"aa\", \"\"), substx(\"aaa\", \"aa\", \"xyz\")", "\"\", \"xyza\""},
+      {"substx(\"aaaaaaaaa\", \"aaaa\", \"\")", "\"\""},
+      {"subst(\"a\\351b\", \"\\351\", \"\"), substx(\"aXa\", \"a\", \"aa\")", "\"ab\", \"aaXaa\""},
+      {"subst(\"abc\", \"\", \"X\"), substx(\"abc\", \"\", \"X\")", "\"abc\", \"abc\""},
+      {"subst(\"abc\", \"x\", \"X\"), substx(\"abc\", \"x\", \"X\")", "\"abc\", \"abc\""},
+      {"subst(\"\", \"\", \"X\"), substx(\"\", \"a\", \"X\", surplus)", "\"\", \"\""},
+      {"subst(\"a\", \"b\")", "error: expecting 3 arguments, but got 2"},
+      {"substx([\"a\"], 2, 3)", "error: first argument must be a string"},
+      {"subst(\"a\", {\"a\"}, 3)", "error: second argument must be a string"},
+      {"substx(\"a\", \"bb\", 3)", "error: third argument must be a string"},
+  });
+}
+
+// A text that is too short comes back as it is, everything else as a new string.
+TEST(Substitution, ReturnsAShorterTextItself) {
+  VelmorHeap* const heap = session().heap();
+  for (const HostObject text :
+       {velmor_string(heap, "ab"), velmor_name(heap, "ab"), velmor_string(heap, "")}) {
+    for (const char* const pattern : {"", "x", "ab", "abc"}) {
+      for (const VelmorCommand command : {vstring_subst, vstring_substx}) {
+        const HostObject arguments[] = {text, velmor_string(heap, pattern),
+                                        velmor_string(heap, "ab")};
+        HostObject result = 0;
+        ASSERT_EQ(1, velmor_call(heap, command, velmor_sequence(heap, 3, arguments), &result));
+        const bool is_shorter = velmor_text_length(text) < std::string(pattern).size();
+        EXPECT_EQ(is_shorter, result == text) << velmor_text(text) << ", " << pattern;
+        EXPECT_EQ(is_shorter ? velmor_tag(text) : HOST_TAG_STRING, velmor_tag(result));
+      }
+    }
+  }
+}
+
+// Byte by byte into a buffer of the estimated size.
+std::string naive_substx(const std::string& text, const std::string& pattern,
+                         const std::string& replacement) {
+  std::vector<std::size_t> found;
+  for (std::size_t at = text.find(pattern); !pattern.empty() && at != std::string::npos;
+       at = text.find(pattern, at + 1)) {
+    found.push_back(at);
+  }
+  if (found.size() % 65536 == 0) return text;
+  const auto estimate =
+      static_cast<std::int64_t>(text.size()) + 1 +
+      static_cast<std::int64_t>(found.size()) * (static_cast<std::int64_t>(replacement.size()) -
+                                                 static_cast<std::int64_t>(pattern.size()));
+  std::string out;
+  auto next = found.begin();
+  for (std::size_t i = 0; i < text.size();) {
+    while (next != found.end() && *next < i) ++next;
+    const bool is_replaced = next != found.end() && *next == i;
+    out += is_replaced ? replacement : text.substr(i, 1);
+    i += is_replaced ? pattern.size() : 1;
+  }
+  return out.substr(0, static_cast<std::size_t>(std::max<std::int64_t>(estimate, 0)));
+}
+
+TEST(Substitution, EveryShortCase) {
+  for (const std::string& t : all_words("ab", 7)) {
+    for (const std::string& pattern : all_words("ab", 3)) {
+      for (const std::string replacement : {"", "a", "X", "XY", "XYZW"}) {
+        ASSERT_EQ(naive_substx(t, pattern, replacement),
+                  text(vstring_substx, {t, pattern, replacement}))
+            << pattern << " in " << t << " by " << replacement;
+        std::string once = t;
+        const std::size_t at = pattern.empty() ? std::string::npos : t.find(pattern);
+        if (at != std::string::npos) once.replace(at, pattern.size(), replacement);
+        ASSERT_EQ(once, text(vstring_subst, {t, pattern, replacement}));
+      }
+    }
+  }
+}
+
+// A multiple of 65536 occurrences counts as none; the scratch buffer's limit does not show.
+TEST(Substitution, LongTexts) {
+  for (const std::size_t n : {8188, 8189, 8190, 8191, 65535, 65536, 65537, 131072}) {
+    const std::string a(n, 'a');
+    for (const std::string pattern : {"a", "aa"}) {
+      for (const std::string replacement : {"", "b", "bcd"}) {
+        EXPECT_EQ(naive_substx(a, pattern, replacement),
+                  text(vstring_substx, {a, pattern, replacement}));
+      }
+    }
+    EXPECT_EQ("b" + a.substr(1), text(vstring_subst, {a, "a", "b"}));
+  }
+}
+
+}  // namespace
+}  // namespace vstring_test

@@ -1,0 +1,25 @@
+// Counting the instructions of a command, for claims about its cost that no noise disturbs.
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace vstring_test {
+
+// Whether instructions() can be asked: in the long tier, with valgrind, without sanitizers.
+bool counts_instructions();
+
+// Instructions that the reference host takes to evaluate `expression`, its own start included; the
+// value should be short. 0 when the host fails.
+std::uint64_t instructions(const std::string& expression);
+
+// By how much the cost grows when n doubles, constant costs left out: 2 for a linear command.
+// make(n) is the expression for size n.
+template <typename Make>
+double growth(Make make, std::size_t n) {
+  const auto fixed = static_cast<double>(instructions(make(64)));
+  const auto once = static_cast<double>(instructions(make(n)));
+  const auto twice = static_cast<double>(instructions(make(2 * n)));
+  return (twice - fixed) / (once - fixed);
+}
+
+}  // namespace vstring_test
