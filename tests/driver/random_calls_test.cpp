@@ -6,7 +6,9 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,7 +40,11 @@ std::vector<Command> all_commands() {
   return commands;
 }
 
-// What commands write to the process's own streams while it lives goes nowhere.
+// These write to the process's own streams.
+const std::set<std::string> kWriters = {"vstring_wildTest", "vstring_wildTester", "vstring_stem",
+                                        "vstring_lancaster"};
+
+// What is written to the process's own streams while it lives goes nowhere.
 class Silence {
  public:
   Silence() {
@@ -109,7 +115,10 @@ class RandomCalls : public testing::Test {
     const HostObject argseq = arguments_.sequence();
     const std::uint64_t before = fingerprint(argseq);
     HostObject result = 0;
+    std::optional<Silence> silence;
+    if (kWriters.contains(command.name)) silence.emplace();
     const int ok = velmor_call(heap_, command.entry, argseq, &result);
+    silence.reset();
     ASSERT_EQ(before, fingerprint(argseq)) << command.name;
     ASSERT_STREQ("", velmor_faults(heap_)) << command.name;
     if (ok != 0) {
@@ -127,7 +136,6 @@ class RandomCalls : public testing::Test {
 TEST_F(RandomCalls, AreSound) {
   const char* const wanted = std::getenv("VSTRING_RANDOM_CALLS");
   const std::size_t calls = wanted != nullptr ? std::stoul(wanted) : kDefaultCalls;
-  const Silence silence;
   run(2000);
   const std::size_t before = live();
   run(calls);
