@@ -1,0 +1,73 @@
+// Case maps, capitalisation, translation.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/check.h"
+#include "support/direct.h"
+
+namespace vstring_test {
+namespace {
+
+TEST(CaseMaps, Forms) {
+  Check({
+      {R"(lowercase("Hello W\311rld"), uppercase("Hello w\351rld"))",
+       R"("hello w\311rld", "HELLO W\351RLD")"},
+      {R"(lowercase(""), uppercase(Name))", R"("", "NAME")"},
+      {R"(uppercase("abcd", 2 .. 3), uppercase("abcd", -1 .. -1), lowercase("ABCD", 1 .. 99))",
+       R"("aBCd", "abcD", "abcd")"},
+      {R"(lowercase("ABCD", 3 .. 2), lowercase("ABCD", 1 .. 1, 7), lowercase("AB", 7, 7))",
+       R"("ABCD", "abcd", "ab")"},
+      {"lowercase()", "error: expecting one argument, but got 0"},
+      {"uppercase(7, 7)", "error: first argument must be a string"},
+      {R"(uppercase("a", 7))", "error: second argument must be a range"},
+      {R"(uppercase("a", 0 .. 1))", "error: invalid range"},
+      {R"(lowercase("", 1 .. 1))", "error: invalid range"},
+      {R"(lowercase("a", 1 .. b))", "error: upper endpoint of range must be a small integer"},
+  });
+}
+
+TEST(CaseMaps, CapitaliseAndTranslate) {
+  Check({
+      {R"(capitalise("hello wORLD"), capitalise(""), capitalise("x-ray 3COM a\351bc"))",
+       R"("Hello World", "", "X-Ray 3com A\351Bc")"},
+      {R"(capitalise("ab", 7))", R"("Ab")"},
+      {"capitalise()", "error: expecting one argument, but got 0"},
+      {"capitalise(7)", "error: first argument must be a string"},
+      {R"(tr("abca", "xyzw", "aaa"), tr("", "", "abc"), tr("a", "xyz", `banana`))",
+       R"("xxx", "abc", "bxnxnx")"},
+      {R"(tr("a\377", "\377a", "a\377b"), tr("a", "b", ""), tr("a", "b", "a", 7))",
+       R"("\377ab", "", "b")"},
+      {R"(tr("ab", "x", "a"))", "error: second argument must be as long as the first"},
+      {R"(tr("ab", "x", 7))", "error: third argument must be a string"},
+      {R"(tr("ab", 7, 7))", "error: second argument must be a string"},
+      {"tr(7, 7, 7)", "error: first argument must be a string"},
+      {R"(tr("ab", "x"))", "error: expecting 3 arguments, but got 2"},
+  });
+}
+
+// Long texts go through vector code and the heap.
+TEST(CaseMaps, LongTexts) {
+  std::string mixed, small, capitals, capitalised, swapped;
+  for (int i = 0; mixed.size() < 9000; ++i) {
+    const int c = 1 + i % 255;
+    const bool lower = c >= 'a' && c <= 'z';
+    const bool upper = c >= 'A' && c <= 'Z';
+    mixed += static_cast<char>(c);
+    small += static_cast<char>(upper ? c + 32 : c);
+    capitals += static_cast<char>(lower ? c - 32 : c);
+    const bool begins = c == '0' || c == 'A' || c == 'a';
+    capitalised += static_cast<char>(begins && lower ? c - 32 : !begins && upper ? c + 32 : c);
+    swapped += static_cast<char>(c == 'x' ? 'y' : c == 'y' ? 'x' : c);
+  }
+  for (const std::size_t n : {1, 31, 32, 33, 300, 8188, 8189, 8190, 8191, 9000}) {
+    const std::string t = mixed.substr(0, n);
+    EXPECT_EQ(small.substr(0, n), text(vstring_lowercase, {t}));
+    EXPECT_EQ(capitals.substr(0, n), text(vstring_uppercase, {t}));
+    EXPECT_EQ(capitalised.substr(0, n), text(vstring_capitalise, {t}));
+    EXPECT_EQ(swapped.substr(0, n), text(vstring_tr, {"xy", "yx", t}));
+  }
+}
+
+}  // namespace
+}  // namespace vstring_test
