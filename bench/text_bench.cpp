@@ -1,0 +1,158 @@
+// Wrapping, Porter stems, Soundex keys and formatted times.
+#include <benchmark/benchmark.h>
+
+#include <ctime>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "host/vstring.h"
+#include "runtime/memory.h"
+#include "text/metaphone.h"
+#include "text/porter.h"
+#include "text/soundex.h"
+#include "text/wrap.h"
+#include "velmor_runtime.h"
+#ifdef VSTRING_PEER_STEMMER
+#include <libstemmer.h>
+#endif
+
+namespace {
+
+using vstring::Byte;
+using vstring::Bytes;
+
+std::string file(const char* path) {
+  std::ifstream in(path);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// `size` bytes of English prose.
+std::string prose(std::size_t size) {
+  const std::string piece = file("/usr/share/common-licenses/GPL-3");
+  std::string text;
+  while (!piece.empty() && text.size() < size) text += piece;
+  text.resize(size, 'x');
+  return text;
+}
+
+// The words of the dictionary, a line each; those of the prose where there is none.
+const std::vector<std::string>& words() {
+  static const std::vector<std::string> all = [] {
+    std::ifstream in("/usr/share/dict/american-english");
+    if (!in) in.open("/usr/share/common-licenses/GPL-3");
+    std::vector<std::string> list;
+    for (std::string word; in >> word;) {
+      for (char& c : word) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+      if (word.find_first_not_of("abcdefghijklmnopqrstuvwxyz") == std::string::npos) {
+        list.push_back(word);
+      }
+    }
+    return list;
+  }();
+  return all;
+}
+
+Bytes bytes(const std::string& text) {
+  return {reinterpret_cast<const Byte*>(text.data()), text.size()};
+}
+
+void wrap(benchmark::State& state, const std::string& text, vstring::text::WrapSettings settings) {
+  vstring::Buffer<Byte> out;
+  if (!out.resize(vstring::text::wrapped_bound(bytes(text), settings))) state.SkipWithError("");
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(vstring::text::wrap(bytes(text), settings, {out.data(), out.size()}));
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+// The whole command, with the host's string.
+void wrap_command(benchmark::State& state) {
+  VelmorHeap* const heap = velmor_heap_new();
+  const std::string text = prose(static_cast<std::size_t>(state.range(0)));
+  const HostObject items[] = {velmor_string(heap, text.c_str()), velmor_integer(heap, 72)};
+  const HostObject argseq = velmor_sequence(heap, 2, items);
+  velmor_root(heap, argseq);
+  for (auto _ : state) {
+    HostObject result = 0;
+    if (velmor_call(heap, vstring_wrap, argseq, &result) == 0) state.SkipWithError("");
+    state.PauseTiming();
+    velmor_collect(heap);
+    state.ResumeTiming();
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+  velmor_heap_free(heap);
+}
+BENCHMARK(wrap_command)->Arg(1000)->Arg(10'000'000);
+
+// One round of `code` over all words is an iteration; items are words.
+template <typename Code>
+void each_word(benchmark::State& state, Code code) {
+  for (auto _ : state) {
+    for (const std::string& word : words()) code(word);
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(words().size()));
+}
+
+void porter(benchmark::State& state) {
+  Byte stem[vstring::text::kLongestPorterWord];
+  each_word(state, [&](const std::string& word) {
+    benchmark::DoNotOptimize(vstring::text::porter(bytes(word), stem));
+  });
+}
+BENCHMARK(porter);
+
+#ifdef VSTRING_PEER_STEMMER
+void porter_libstemmer(benchmark::State& state) {
+  sb_stemmer* const stemmer = sb_stemmer_new("porter", nullptr);
+  each_word(state, [&](const std::string& word) {
+    benchmark::DoNotOptimize(sb_stemmer_stem(
+        stemmer, reinterpret_cast<const sb_symbol*>(word.data()), static_cast<int>(word.size())));
+  });
+  sb_stemmer_delete(stemmer);
+}
+BENCHMARK(porter_libstemmer);
+#endif
+
+void soundex(benchmark::State& state) {
+  each_word(state, [](const std::string& word) {
+    benchmark::DoNotOptimize(vstring::text::soundex(bytes(word)));
+  });
+}
+BENCHMARK(soundex);
+
+void metaphone(benchmark::State& state) {
+  Byte key[vstring::text::kLongestMetaphoneKey];
+  each_word(state, [&](const std::string& word) {
+    benchmark::DoNotOptimize(vstring::text::metaphone(bytes(word), key));
+  });
+}
+BENCHMARK(metaphone);
+
+void format_time(benchmark::State& state, decltype(my_strftime)* formatter) {
+  const std::time_t when = 1'000'000'000;
+  const std::tm record = *std::gmtime(&when);
+  char text[100];
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(formatter(text, sizeof text, "%Y-%m-%d %H:%M:%S", &record));
+  }
+}
+BENCHMARK_CAPTURE(format_time, ours, my_strftime);
+BENCHMARK_CAPTURE(format_time, libc, std::strftime);
+
+const bool registered = [] {
+  using vstring::text::WrapSettings;
+  static const std::string text = prose(10'000'000);
+  static const std::string blanks(10'000'000, ' ');
+  static const std::string word(10'000'000, 'x');
+  const WrapSettings narrow = {.width = 72};
+  const WrapSettings obeying = {.width = 72, .obey_lines = true, .obey_spaces = true};
+  benchmark::RegisterBenchmark("wrap/prose", wrap, text, narrow);
+  benchmark::RegisterBenchmark("wrap/prose_obeyed", wrap, text, obeying);
+  benchmark::RegisterBenchmark("wrap/blanks", wrap, blanks, narrow);
+  benchmark::RegisterBenchmark("wrap/one_word", wrap, word, narrow);
+  return true;
+}();
+
+}  // namespace
