@@ -1,18 +1,16 @@
 // What the rule tables of the stemmers and phonetic codes are made of.
 //
 // A table keeps the order and the notation of its publication; consteval functions turn its rows
-// into the form that the algorithm uses. A row that cannot be read calls malformed_row, which is
-// no constant expression and does not exist: the library does not compile.
+// into the form that the algorithm uses, and do not accept one that cannot be read.
 #pragma once
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 #include "runtime/bytes.h"
+#include "runtime/malformed_row.h"
 
 namespace vstring::text {
-
-void malformed_row();
 
 // A few letters with their count, as rows hold them.
 struct Letters {

@@ -4,13 +4,14 @@
 // the locale. Fields are limited to their ranges before they are printed; names are looked up by
 // the field as it is, and are "?" where it has no name.
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <iterator>
 
 #include "host/vstring.h"
+#include "runtime/malformed_row.h"
 
 std::int32_t y2k = 0;
 
@@ -103,9 +104,22 @@ struct CompositeRow {
   const char* format;
 };
 
+// How a number is printed, in the notation of printf: "%d", "%2d", "%02d".
+struct NumberFormat {
+  char pad = ' ';
+  int width = 0;
+
+  consteval NumberFormat(const char* format) {  // NOLINT: rows are written as plain literals
+    if (*format++ != '%') malformed_row();
+    if (*format == '0') pad = *format++;
+    if (*format >= '1' && *format <= '9') width = *format++ - '0';
+    if (format[0] != 'd' || format[1] != '\0') malformed_row();
+  }
+};
+
 struct NumberRow {
   char conversion;
-  const char* format;  // of printf, for a long long
+  NumberFormat format;
   int64_t (*value)(const Record& t);
 };
 
@@ -123,26 +137,26 @@ constexpr CompositeRow kComposites[] = {
 
 // Examples are of Thursday, 1 January 1970, 0:00.
 constexpr NumberRow kNumbers[] = {
-    {'C', "%02lld", [](const Record& t) { return t.year / 100 % 1000; }},    // 19
-    {'d', "%02lld", day_of_month},                                           // 01
-    {'e', "%2lld",  day_of_month},                                           //  1
-    {'G', "%lld",   iso_year},                                               // 1970
-    {'g', "%02lld", [](const Record& t) { return iso_year(t) % 100; }},      // 70
-    {'H', "%02lld", [](const Record& t) { return t.hour; }},                 // 00
-    {'I', "%02lld", hour_of_half_day},                                       // 12
-    {'j', "%03lld", [](const Record& t) { return t.day_of_year + 1; }},      // 001
-    {'k', "%2lld",  [](const Record& t) { return t.hour; }},                 //  0
-    {'l', "%2lld",  hour_of_half_day},                                       // 12
-    {'M', "%02lld", [](const Record& t) { return t.minute; }},               // 00
-    {'m', "%02lld", month_number},                                           // 01
-    {'S', "%02lld", [](const Record& t) { return t.second; }},               // 00
-    {'U', "%02lld", sunday_week},                                            // 00
-    {'u', "%lld",   iso_weekday},                                            // 4
-    {'V', "%02lld", iso_week},                                               // 01
-    {'W', "%02lld", monday_week},                                            // 00
-    {'w', "%lld",   weekday},                                                // 4
-    {'Y', "%lld",   [](const Record& t) { return t.year; }},                 // 1970
-    {'y', "%02lld", [](const Record& t) { return (t.year - 1900) % 100; }},  // 70
+    {'C', "%02d", [](const Record& t) { return t.year / 100 % 1000; }},    // 19
+    {'d', "%02d", day_of_month},                                           // 01
+    {'e', "%2d",  day_of_month},                                           //  1
+    {'G', "%d",   iso_year},                                               // 1970
+    {'g', "%02d", [](const Record& t) { return iso_year(t) % 100; }},      // 70
+    {'H', "%02d", [](const Record& t) { return t.hour; }},                 // 00
+    {'I', "%02d", hour_of_half_day},                                       // 12
+    {'j', "%03d", [](const Record& t) { return t.day_of_year + 1; }},      // 001
+    {'k', "%2d",  [](const Record& t) { return t.hour; }},                 //  0
+    {'l', "%2d",  hour_of_half_day},                                       // 12
+    {'M', "%02d", [](const Record& t) { return t.minute; }},               // 00
+    {'m', "%02d", month_number},                                           // 01
+    {'S', "%02d", [](const Record& t) { return t.second; }},               // 00
+    {'U', "%02d", sunday_week},                                            // 00
+    {'u', "%d",   iso_weekday},                                            // 4
+    {'V', "%02d", iso_week},                                               // 01
+    {'W', "%02d", monday_week},                                            // 00
+    {'w', "%d",   weekday},                                                // 4
+    {'Y', "%d",   [](const Record& t) { return t.year; }},                 // 1970
+    {'y', "%02d", [](const Record& t) { return (t.year - 1900) % 100; }},  // 70
 };
 
 // clang-format on
@@ -229,13 +243,14 @@ class Formatter {
     }
   }
 
-  // As in 01-Jan-1970.
+  // As in 01-Jan-1970: "%02d-%3.3s-%4d" in the notation of printf.
   void put_stamp() {
-    char month[4];
-    std::snprintf(month, sizeof month, "%3.3s", name(kShortMonths, time_.tm_mon));
-    put_number("%02lld-", day_of_month(record_));
+    const char* const month = name(kShortMonths, time_.tm_mon);
+    put_number("%02d", day_of_month(record_));
+    put(std::strlen(month) == 3 ? "-" : "-  ");
     put(month);
-    put_number("-%4lld", record_.year);
+    put('-');
+    put_number("%4d", record_.year);
   }
 
   void put_zone() {
@@ -243,10 +258,13 @@ class Formatter {
     put(zone != nullptr ? zone : "???");
   }
 
-  void put_number(const char* format, int64_t value) {
-    char text[32];
-    std::snprintf(text, sizeof text, format, static_cast<long long>(value));
-    put(text);
+  void put_number(NumberFormat format, int64_t value) {
+    char digits[24];
+    char* const end = std::to_chars(digits, std::end(digits), value).ptr;
+    const char* from = digits;
+    if (format.pad == '0' && value < 0) put(*from++);  // zeros stand between sign and digits
+    for (auto length = end - digits; length < format.width; ++length) put(format.pad);
+    while (from != end) put(*from++);
   }
 
   void put(const char* text) {
