@@ -1,5 +1,6 @@
 // regmatch, regsub, regsubs, regsplit, and the engine's three routines.
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <cstdlib>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "search/regex/program.h"
 #include "support/check.h"
+#include "support/direct.h"
 
 namespace vstring_test {
 namespace {
@@ -18,6 +20,15 @@ std::string call_of(const std::string& command, const std::string& pattern,
                     const std::string& text) {
   return command + "(" + quoted(pattern) + ", " + quoted(text) + ")";
 }
+
+class Compiled {
+ public:
+  explicit Compiled(const std::string& pattern) : regex(vrx_regcomp(pattern.c_str())) {}
+  ~Compiled() { std::free(regex); }
+  Compiled(const Compiled&) = delete;
+  Compiled& operator=(const Compiled&) = delete;
+  VstringRegex* const regex;
+};
 
 TEST(Regex, RefusalsInTheOrderOfThePattern) {
   const std::string ten(10, '(');
@@ -208,16 +219,72 @@ TEST(Regex, EveryAllocationMayFail) {
           "error: cannot execute compiled regular expression: out of space"}});
 }
 
-// ---- The engine by itself.
+// What backtracking alone would not survive: exponential time, or quadratic time over all matches.
+TEST(Regex, NoPatternRunsAway) {
+  const std::size_t n = 1000000;
+  const std::string a(n, 'a');
+  const std::string x(n, 'x');
+  for (const char* const pattern : {"(a|aa)+b", "(a|a)*b", "(a|a)*[bc]", "((a|b)*c)*d",
+                                    "((a|b)*c)*[de]", "(a+)+$b", "^(a?a?)?.*b.*c"}) {
+    EXPECT_FALSE(truth(vstring_regmatch, {pattern, a})) << pattern;
+  }
+  EXPECT_FALSE(truth(vstring_regmatch, {"(x+x+)+y", x}));
+  EXPECT_FALSE(truth(vstring_regmatch, {"(x+x+)+[yz]", x}));
+  EXPECT_EQ(a, text(vstring_regsub, {"(a|b)*", a, "&"}));
+  for (const char* const pattern : {"a.*z|a", "(aa)*b|a", "^a|(.*)(a|b)z|a"}) {
+    EXPECT_EQ(std::vector<std::string>(n / 4),
+              texts(vstring_regsplit, {pattern, a.substr(0, n / 4)}))
+        << pattern;
+    VelmorHeap* const heap = session().heap();
+    const HostObject rule =
+        velmor_equation(heap, velmor_string(heap, pattern), velmor_string(heap, "x"));
+    EXPECT_EQ("\"" + x + "\"", call(vstring_regsubs, {rule, velmor_string(heap, a.c_str())}))
+        << pattern;
+  }
+}
 
-class Compiled {
- public:
-  explicit Compiled(const std::string& pattern) : regex(vrx_regcomp(pattern.c_str())) {}
-  ~Compiled() { std::free(regex); }
-  Compiled(const Compiled&) = delete;
-  Compiled& operator=(const Compiled&) = delete;
-  VstringRegex* const regex;
-};
+// Long texts in 64 KiB of stack.
+TEST(Regex, LongTextsNeedLittleStack) {
+  const std::size_t n = long_tier() ? 100000000 : 3000000;
+  std::string ab(n, 'a');
+  for (std::size_t i = 1; i < n; i += 2) ab[i] = 'b';
+  struct Work {
+    const char* text;
+    std::ptrdiff_t ends[2];
+  } work = {ab.c_str(), {}};
+  const auto run = [](void* data) -> void* {
+    auto* const w = static_cast<Work*>(data);
+    const char* const patterns[] = {"(a|b)*", "(ab)+"};
+    for (int i = 0; i < 2; ++i) {
+      VstringRegex* const regex = vrx_regcomp(patterns[i]);
+      if (vrx_regexec(regex, w->text) == 1) w->ends[i] = regex->end[0] - w->text;
+      std::free(regex);
+    }
+    return nullptr;
+  };
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(0, pthread_attr_setstacksize(&attributes, 64 * 1024));
+  pthread_t thread;
+  ASSERT_EQ(0, pthread_create(&thread, &attributes, run, &work));
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+  EXPECT_EQ(static_cast<std::ptrdiff_t>(n), work.ends[0]);
+  EXPECT_EQ(static_cast<std::ptrdiff_t>(n), work.ends[1]);
+}
+
+TEST(Regex, ThousandsOfAlternativesCompileAtOnce) {
+  std::string pattern = "x";
+  while (pattern.size() < 9300) pattern += "|ab";  // nine bytes of program for each
+  const Compiled most(pattern);
+  ASSERT_NE(nullptr, most.regex);
+  EXPECT_EQ(1, vrx_regexec(most.regex, "cccab"));
+  for (int i = 0; i < 1000000; ++i) pattern += "|ab";
+  EXPECT_EQ(nullptr, vrx_regcomp(pattern.c_str()));
+  EXPECT_STREQ("regexp too big", vrx_regerror(nullptr));
+}
+
+// ---- The engine by itself.
 
 void expect_program(const std::string& pattern, const std::vector<unsigned char>& program) {
   const Compiled compiled(pattern);
