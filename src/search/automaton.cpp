@@ -35,7 +35,7 @@ VstringAutomatonNode* add_node(VstringAutomaton* automaton, std::size_t depth) {
   if (node == nullptr) return nullptr;
   node->next = automaton->depth[depth];
   automaton->depth[depth] = node;
-  ++pool_of(*automaton)->node_count;
+  ++pool_of(*automaton)->counts.nodes;
   return node;
 }
 
@@ -66,6 +66,7 @@ VstringOutput* make_output(VstringAutomaton* automaton, Bytes pattern, std::int3
   if (output == nullptr || text == nullptr) return nullptr;
   std::memcpy(text, pattern.data(), pattern.size());
   *output = {nullptr, text, number, pattern.size()};
+  ++pool_of(*automaton)->counts.patterns;
   return output;
 }
 
@@ -74,7 +75,8 @@ VstringOutput* make_output(VstringAutomaton* automaton, Bytes pattern, std::int3
 class NodeCursor {
  public:
   explicit NodeCursor(const VstringAutomatonNode* node) : node_(node) {}
-  const VstringOutput* output() const { return node_->output; }
+  bool has_pattern() const { return node_->output != nullptr; }
+  Pattern pattern() const { return pattern_of(*node_->output); }
   bool odd() const { return odd_; }
   bool up() {
     do {
@@ -99,7 +101,7 @@ void search_nodes(const VstringAutomaton& automaton, Bytes text, Visit visit) {
     }
     state = next != nullptr ? next : automaton.root[text[i]];
     if (state == nullptr) continue;
-    const auto visit_here = [&](const VstringOutput& output) { return visit(output, i + 1); };
+    const auto visit_here = [&](const Pattern& pattern) { return visit(pattern, i + 1); };
     if (!visit_outputs(NodeCursor(state), visit_here)) return;
   }
 }
@@ -141,8 +143,8 @@ bool vstring::search::insert_all(VstringAutomaton* automaton, std::span<const By
 Status vstring::search::collect(const VstringAutomaton& automaton, Bytes text,
                                 HeldArray<PatternMatch>& matches) {
   Status status = Status::ok;
-  search_text(automaton, text, [&](const VstringOutput& output, std::size_t end) {
-    if (matches.push_back({end - output.length, output.number})) return true;
+  search_text(automaton, text, [&](const Pattern& pattern, std::size_t end) {
+    if (matches.push_back({end - pattern.length, pattern.number})) return true;
     status = Status::out_of_memory;
     return false;
   });
@@ -180,7 +182,7 @@ int ac_insert(VstringAutomaton* automaton, const char* pattern, std::int32_t num
 int ac_prep(VstringAutomaton* automaton) {
   if (automaton == nullptr || automaton->pool == nullptr) return 0;
   AutomatonPool* const pool = pool_of(*automaton);
-  if (pool->table == nullptr) pool->table = prepare_table(automaton, pool->node_count);
+  if (pool->table == nullptr) pool->table = prepare_table(automaton, pool->counts);
   return pool->table != nullptr ? 1 : 0;
 }
 
@@ -192,9 +194,9 @@ std::int64_t ac_search(VstringAutomaton* automaton, const char* text,
     return 0;
   }
   std::int64_t calls = 0;
-  const auto visit = [&](const VstringOutput& output, std::size_t end) {
+  const auto visit = [&](const Pattern& pattern, std::size_t end) {
     ++calls;
-    return fn(context, output.text, text + (end - output.length), output.number) != 0;
+    return fn(context, pattern.text, text + (end - pattern.length), pattern.number) != 0;
   };
   if (pool_of(*automaton)->table != nullptr) {
     search_text(*automaton, bytes_of(text), visit);

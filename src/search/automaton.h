@@ -13,14 +13,14 @@
 #include "runtime/memory.h"
 #include "runtime/status.h"
 #include "search/many.h"
-#include "search/scan_table.h"
+#include "search/scan.h"
 
 namespace vstring::search {
 
 // The pool of an automaton, which ac_init made: the record's users see its first member.
 struct AutomatonPool {
   VstringPool pool;
-  std::size_t node_count;
+  NodeCounts counts;
   const ScanTable* table;  // null from an insertion until the next preparation
 };
 
@@ -34,7 +34,7 @@ inline AutomatonPool* pool_of(const VstringAutomaton& automaton) {
 // Inserts the patterns under their 1-based places in the list.
 [[nodiscard]] bool insert_all(VstringAutomaton* automaton, std::span<const Bytes> patterns);
 
-// Scans with a prepared automaton: visit(output, end) as for scan().
+// Scans with a prepared automaton: visit(pattern, end) as for scan().
 template <typename Visit>
 void search_text(const VstringAutomaton& automaton, Bytes text, Visit visit) {
   scan(*pool_of(automaton)->table, text, visit);

@@ -30,8 +30,8 @@ Result<PatternMatch> first_of(std::span<const Bytes> patterns, Bytes text) {
   const ListAutomaton automaton(patterns);
   if (automaton.status() != Status::ok) return automaton.status();
   PatternMatch first = {0, 0};
-  search_text(*automaton, text, [&](const VstringOutput& output, std::size_t end) {
-    first = {end - output.length, output.number};
+  search_text(*automaton, text, [&](const Pattern& pattern, std::size_t end) {
+    first = {end - pattern.length, pattern.number};
     return false;
   });
   return first;

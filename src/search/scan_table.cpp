@@ -1,8 +1,11 @@
 #include "search/scan_table.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstring>
 
 #include "runtime/memory.h"
+#include "search/scan.h"
 
 namespace vstring::search {
 namespace {
@@ -20,6 +23,7 @@ bool pool_array(VstringPool* pool, T*& array, std::size_t n) {
 void number_states(const VstringAutomaton& automaton, ScanTable& table,
                    VstringAutomatonNode** order) {
   State count = 1;
+  std::uint32_t patterns = 0;
   order[0] = nullptr;
   table.links[0].first_child = count;
   for (unsigned byte = 0; byte < 256; ++byte) {
@@ -29,7 +33,10 @@ void number_states(const VstringAutomaton& automaton, ScanTable& table,
   }
   for (State state = 1; state < count; ++state) {
     table.links[state].first_child = count;
-    table.own[state] = order[state]->output;
+    if (const VstringOutput* const output = order[state]->output) {
+      table.patterns[++patterns] = pattern_of(*output);
+      table.links[state].pattern = patterns;
+    }
     for (const VstringEdge* edge = order[state]->edges; edge != nullptr; edge = edge->next) {
       table.label[count] = edge->byte;
       order[count++] = edge->target;
@@ -64,29 +71,33 @@ void complete_children(ScanTable& table, State state) {
     const Byte byte = table.label[child];
     // The root's row still lacks its children, which fail to the root itself.
     const State f = state == 0 ? 0 : step(table, fail, byte) & ~kHit;
-    table.inherited[child] = table.own[f] != nullptr   ? 2 * f + 1
-                             : table.inherited[f] != 0 ? table.inherited[f] ^ 1
-                                                       : 0;
-    const bool hit = table.own[child] != nullptr || table.inherited[child] != 0;
-    table.links[child].fail = f | (hit ? kHit : 0);
+    const StateLinks& up = table.links[f];
+    StateLinks& links = table.links[child];
+    links.inherited = up.pattern != 0 ? 2 * f + 1 : up.inherited != 0 ? up.inherited ^ 1 : 0;
+    const bool hit = links.pattern != 0 || links.inherited != 0;
+    links.fail = f | (hit ? kHit : 0);
     if (has_row) table.rows[row | table.class_of[byte]] = child | (hit ? kHit : 0);
   }
 }
 
 }  // namespace
 
-const ScanTable* prepare_table(VstringAutomaton* automaton, std::size_t node_count) {
+const ScanTable* prepare_table(VstringAutomaton* automaton, const NodeCounts& counts) {
   VstringPool* const pool = automaton->pool;
-  const std::size_t states = node_count + 1;
+  const std::size_t states = counts.nodes + 1;
   if (states > kMaxStates) return nullptr;
   Buffer<VstringAutomatonNode*> order;
   ScanTable* table = nullptr;
   if (!order.resize(states) || !pool_array(pool, table, 1) ||
-      !pool_array(pool, table->links, states + 1) || !pool_array(pool, table->label, states) ||
-      !pool_array(pool, table->own, states) || !pool_array(pool, table->inherited, states)) {
+      !pool_array(pool, table->links, states + 1) ||
+      !pool_array(pool, table->label, states + kLabelPadding) ||
+      !pool_array(pool, table->patterns, counts.patterns + 1)) {
     return nullptr;
   }
   number_states(*automaton, *table, order.data());
+  table->second = table->links[1].first_child;
+  table->third = table->links[table->second].first_child;
+  if (!table->skips.prepare(pool, {table->patterns + 1, counts.patterns})) return nullptr;
 
   const std::size_t row_length = std::bit_ceil(classify(*table, states));
   table->row_shift = static_cast<std::uint32_t>(std::countr_zero(row_length));

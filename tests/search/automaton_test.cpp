@@ -168,26 +168,51 @@ TEST(Automaton, LongChainsKeepTheirOrder) {
   expect_textbook(some, std::string(1100, 'a') + "ba");
 }
 
+std::string random_word(std::mt19937& engine, std::size_t length, unsigned letters, char first) {
+  std::string word(length, ' ');
+  for (char& c : word) c = static_cast<char>(first + static_cast<int>(engine() % letters));
+  return word;
+}
+
 // More states than have rows in the table, in long and in wide tries.
 TEST(Automaton, RandomPatternsOfManyShapes) {
   std::mt19937 engine(5);
-  const auto random_word = [&](std::size_t max_length, unsigned letters, unsigned first) {
-    std::string word(1 + engine() % max_length, ' ');
-    for (char& c : word) c = static_cast<char>(first + engine() % letters);
-    return word;
-  };
   struct Shape {
     std::size_t patterns, max_length;
-    unsigned letters, first;
+    unsigned letters;
+    char first;
   };
   for (const auto& [n, max_length, letters, first] :
        {Shape{6000, 12, 3, 'a'}, Shape{3000, 40, 26, 'a'}, Shape{6000, 3, 255, 1}}) {
     Words patterns;
-    for (std::size_t i = 0; i < n; ++i) patterns.push_back(random_word(max_length, letters, first));
+    for (std::size_t i = 0; i < n; ++i) {
+      patterns.push_back(random_word(engine, 1 + engine() % max_length, letters, first));
+    }
     std::string text;
     while (text.size() < 20000) {
       text += patterns[engine() % n];
-      if (engine() % 4 == 0) text += random_word(9, 255, 1);
+      if (engine() % 4 == 0) text += random_word(engine, 9, 255, 1);
+    }
+    expect_textbook(patterns, text);
+  }
+}
+
+// Patterns of at least three bytes let the scan skip over the text; in sparse ones and in dense
+// ones, where it gives that up.
+TEST(Automaton, SkippingMissesNothing) {
+  std::mt19937 engine(6);
+  for (int round = 0; round < 400; ++round) {
+    const auto letters = static_cast<unsigned>(2 + engine() % 25);
+    const std::size_t shortest = 3 + engine() % 6;
+    Words patterns;
+    for (std::size_t n = 1 + engine() % 8; n > 0; --n) {
+      patterns.push_back(random_word(engine, shortest + engine() % 4, letters, 'a'));
+    }
+    std::string text = random_word(engine, engine() % 12, letters, 'a');
+    while (text.size() < 1500) {
+      text += random_word(engine, engine() % 20, letters, 'a');
+      const std::string& pattern = patterns[engine() % patterns.size()];
+      text += pattern.substr(engine() % 3, engine() % (pattern.size() + 1));
     }
     expect_textbook(patterns, text);
   }
