@@ -75,6 +75,18 @@ HostObject new_sequence(const Args& args, std::size_t n, Make make) {
 inline HostObject empty_list(const HostTable* host) { return host->HostNewList(0); }
 inline HostObject empty_list(const Args& args) { return empty_list(args.host()); }
 
+// What a search found: an expression sequence of make(element), or the empty list when it found
+// nothing. Ends `found`.
+template <typename T, typename Make>
+HostObject new_findings(const Args& args, HeldArray<T>& found, Make make) {
+  const HostObject result =
+      found.empty()
+          ? empty_list(args)
+          : new_sequence(args, found.size(), [&](std::size_t i) { return make(found[i]); });
+  found.free();
+  return result;
+}
+
 // A new list of two integers, such as a position and what was found there.
 inline HostObject new_pair(const HostTable* host, std::int64_t first, std::int64_t second) {
   const std::int64_t pair[2] = {first, second};

@@ -48,12 +48,7 @@ HostObject first_position(const Args& args, const Query& q) {
 HostObject all_positions(const Args& args, const Query& q) {
   HeldArray<std::size_t> ends;
   args.require(search::all_ends(q.pattern, q.text, q.k, q.model, ends));
-  const HostObject result =
-      ends.empty() ? empty_list(args) : new_sequence(args, ends.size(), [&](std::size_t i) {
-        return new_integer(args, ends[i]);
-      });
-  ends.free();
-  return result;
+  return new_findings(args, ends, [&](std::size_t end) { return new_integer(args, end); });
 }
 
 }  // namespace

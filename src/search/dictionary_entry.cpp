@@ -31,12 +31,12 @@ HostObject create_from_list(const Args& args, HostObject list) {
   const std::int32_t id = free_dictionary();
   if (id == 0) args.raise("too many dictionaries");
   const Elements words = args.strings(1);
+  HeldArray<Bytes> texts;
+  args.require(texts_of(words, texts));
   // Whatever may raise comes before the automaton, which no later call would release.
   const HostObject result = args.host()->HostNewInteger(id);
   args.host()->HostGcProtect(list);
-  HeldArray<Bytes> texts;
-  Status status = texts_of(words, texts);
-  if (status == Status::ok) status = build_dictionary(id, texts.view());
+  const Status status = build_dictionary(id, texts.view());
   texts.free();
   if (status != Status::ok) {
     args.host()->HostGcAllow(list);
@@ -100,18 +100,10 @@ HostObject vstring_dictObjSearch(const HostTable* host, HostObject argseq) {
   if (!is_dictionary_id(id) || dictionary(id).automaton == nullptr) args.raise(kInvalidDictionary);
   const Bytes text = args.text(2);
   HeldArray<PatternMatch> matches;
-  const Status status = collect(*dictionary(id).automaton, text, matches);
-  if (status != Status::ok) {
-    matches.free();
-    args.raise(status);
-  }
-  const HostObject result =
-      matches.empty() ? empty_list(args) : new_sequence(args, matches.size(), [&](std::size_t i) {
-        const auto position = static_cast<std::int64_t>(matches[i].position);
-        return new_pair(host, position + 1, matches[i].pattern);
-      });
-  matches.free();
-  return result;
+  args.require(collect(*dictionary(id).automaton, text, matches));
+  return new_findings(args, matches, [&](const PatternMatch& match) {
+    return new_pair(host, static_cast<std::int64_t>(match.position) + 1, match.pattern);
+  });
 }
 
 constexpr Signature kDictObjFree = {1, {{messages::kArgumentInteger32}}};

@@ -24,13 +24,10 @@ HostObject vstring_hsearchx(const HostTable* host, HostObject argseq) {
   const auto k = static_cast<std::size_t>(args.non_negative(3));
   HeldArray<search::Alignment> found;
   args.require(search::find_all_mismatched(pattern, text, k, found));
-  const HostObject result =
-      found.empty() ? empty_list(args) : new_sequence(args, found.size(), [&](std::size_t i) {
-        return new_pair(host, static_cast<std::int64_t>(found[i].offset) + 1,
-                        static_cast<std::int64_t>(found[i].mismatches));
-      });
-  found.free();
-  return result;
+  return new_findings(args, found, [&](const search::Alignment& alignment) {
+    return new_pair(host, static_cast<std::int64_t>(alignment.offset) + 1,
+                    static_cast<std::int64_t>(alignment.mismatches));
+  });
 }
 
 HostObject vstring_psearch(const HostTable* host, HostObject argseq) {

@@ -68,12 +68,8 @@ HostObject all_of_many(const Args& args) {
   const Status status = search::all_of(patterns.view(), args.text(2), matches);
   patterns.free();
   require_matches(args, status);
-  const HostObject result =
-      matches.empty() ? empty_list(args) : new_sequence(args, matches.size(), [&](std::size_t i) {
-        return new_pair(args, matches[i]);
-      });
-  matches.free();
-  return result;
+  return new_findings(args, matches,
+                      [&](const search::PatternMatch& match) { return new_pair(args, match); });
 }
 
 HostObject first_position(const Args& args, Bytes text) {
@@ -94,13 +90,9 @@ HostObject list_of_positions(const Args& args, Bytes text) {
 HostObject all_positions(const Args& args) {
   HeldArray<std::size_t> offsets;
   args.require(search::find_all(args.text(1), args.text(2), offsets));
-  const HostObject result =
-      search::counts_as_found(offsets.size())
-          ? new_sequence(args, offsets.size(),
-                         [&](std::size_t i) { return new_integer(args, offsets[i] + 1); })
-          : empty_list(args);
-  offsets.free();
-  return result;
+  if (!search::counts_as_found(offsets.size())) offsets.clear();
+  return new_findings(args, offsets,
+                      [&](std::size_t offset) { return new_integer(args, offset + 1); });
 }
 
 template <typename OfText>
