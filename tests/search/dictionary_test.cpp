@@ -18,10 +18,16 @@ void collect_info(void* context, std::int64_t level, const char* package, const 
 
 class Dictionary : public testing::Test {
  protected:
-  void SetUp() override { velmor_set_userinfo(heap(), collect_info, &info_); }
+  void SetUp() override {
+    velmor_set_userinfo(heap(), collect_info, &info_);
+    free_all();
+  }
   void TearDown() override {
-    for (int id = 0; id < 512; ++id) evaluate("dictObjFree(" + std::to_string(id) + ")");
+    free_all();
     velmor_set_userinfo(heap(), nullptr, nullptr);
+  }
+  static void free_all() {
+    for (int id = 0; id < 512; ++id) evaluate("dictObjFree(" + std::to_string(id) + ")");
   }
   static VelmorHeap* heap() { return session().heap(); }
 
