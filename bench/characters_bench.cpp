@@ -57,7 +57,7 @@ class Call {
         state.ResumeTiming();
       }
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+    state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
   }
 };
 
@@ -75,13 +75,13 @@ void peer_text(benchmark::State& state, Make make) {
       state.ResumeTiming();
     }
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
 }
 
 template <typename Ask>
 void peer_question(benchmark::State& state, Ask ask) {
   for (auto _ : state) benchmark::DoNotOptimize(ask(prose()));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
 }
 
 void on_prose(benchmark::State& state, VelmorCommand command) {
@@ -151,7 +151,7 @@ void split_strtok(benchmark::State& state) {
       state.ResumeTiming();
     }
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
 }
 
 std::vector<std::string> words() {

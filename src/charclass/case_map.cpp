@@ -8,19 +8,21 @@ namespace {
 
 // Whether the class table has all of first..last in the class, as it has unless the host changed
 // it. The maps then need no table, and compile to vector code.
-bool holds_all(Class wanted, char first, char last) {
+bool holds_all(Class wanted, Byte first, Byte last) {
   std::uint32_t common = wanted;
-  for (int c = first; c <= last; ++c) common &= cclbm[c];
+  for (std::size_t c = first; c <= last; ++c) common &= cclbm[c];
   return common != 0;
 }
 
 constexpr std::size_t kTooShortToAsk = 32;
 
-constexpr std::array<Byte, 256> kIdentity = [] {
-  std::array<Byte, 256> map{};
-  for (std::size_t c = 0; c < map.size(); ++c) map[c] = static_cast<Byte>(c);
-  return map;
-}();
+consteval std::array<Byte, 256> table_of(Byte (*map)(Byte)) {
+  std::array<Byte, 256> table{};
+  for (std::size_t c = 0; c < table.size(); ++c) table[c] = map(static_cast<Byte>(c));
+  return table;
+}
+
+constexpr std::array<Byte, 256> kIdentity = table_of([](Byte c) { return c; });
 
 }  // namespace
 
@@ -41,11 +43,14 @@ void uppercase(Bytes text, MutableBytes out) {
 }
 
 void capitalise(Bytes text, MutableBytes out) {
-  bool inside = false;
+  // Tables instead of branches, which words in running text make unpredictable.
+  static constexpr std::array<Byte, 256> kMaps[] = {table_of(to_upper), table_of(to_lower)};
+  std::size_t inside = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const Byte c = text[i];
-    const bool in_word = is(c, kAlnum);
-    out[i] = !in_word ? c : inside ? to_lower(c) : to_upper(c);
+    const std::size_t in_word = is(c, kAlnum) ? 1 : 0;
+    const auto change = static_cast<Byte>(c ^ kMaps[inside][c]);
+    out[i] = static_cast<Byte>(c ^ (in_word * change));
     inside = in_word;
   }
 }

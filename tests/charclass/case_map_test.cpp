@@ -60,7 +60,7 @@ TEST(CaseMaps, LongTexts) {
     capitalised += static_cast<char>(begins && lower ? c - 32 : !begins && upper ? c + 32 : c);
     swapped += static_cast<char>(c == 'x' ? 'y' : c == 'y' ? 'x' : c);
   }
-  for (const std::size_t n : {1, 31, 32, 33, 300, 8188, 8189, 8190, 8191, 9000}) {
+  for (const std::size_t n : {1U, 31U, 32U, 33U, 300U, 8188U, 8189U, 8190U, 8191U, 9000U}) {
     const std::string t = mixed.substr(0, n);
     EXPECT_EQ(small.substr(0, n), text(vstring_lowercase, {t}));
     EXPECT_EQ(capitals.substr(0, n), text(vstring_uppercase, {t}));

@@ -266,9 +266,11 @@ TEST(Predicates, WholeTextsAndRanges) {
 
 // A host may write to the masks: whole texts still count ASCII only, ranges do not.
 TEST(Predicates, AskTheTableAsItIs) {
+  const int one = '1';
+  const int b = 'B';
   cclbm[0351] |= 0x7;
-  cclbm['1'] |= 0x2;
-  cclbm['B'] &= ~0x2U;
+  cclbm[one] |= 0x2;
+  cclbm[b] &= ~0x2U;
   CheckInOrder({
       {R"(isalpha("\351"), hasalpha("\351"), isalpha("a\351", 2 .. 2))", "false, false, true"},
       {R"(isupper("1B"), hasupper("B"), isupper("1"))", "false, false, true"},
@@ -277,8 +279,8 @@ TEST(Predicates, AskTheTableAsItIs) {
        quoted("aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1")},
   });
   cclbm[0351] = 0;
-  cclbm['1'] &= ~0x2U;
-  cclbm['B'] |= 0x2;
+  cclbm[one] &= ~0x2U;
+  cclbm[b] |= 0x2;
 }
 
 TEST(Expansion, NamedClasses) {

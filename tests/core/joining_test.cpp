@@ -84,7 +84,7 @@ TEST(Joining, ElementsStayAsTheyAre) {
 }
 
 TEST(Joining, LongTexts) {
-  for (const std::size_t n : {8188, 8189, 8190, 8191}) {
+  for (const std::size_t n : {8188U, 8189U, 8190U, 8191U}) {
     const std::string field(n, 'x');
     EXPECT_EQ((std::vector<std::string>{field, "", field}),
               texts(vstring_split, {field + ",," + field, ","}));

@@ -151,7 +151,8 @@ TEST(Orders, AgreeWithTheirDefinitions) {
 }
 
 TEST(Orders, Sorting) {
-  for (const std::size_t n : {0, 1, 2, 5, 63, 64, 65, 128, 129, 300, 8189, 8190, 9001}) {
+  for (const std::size_t n :
+       {0U, 1U, 2U, 5U, 63U, 64U, 65U, 128U, 129U, 300U, 8189U, 8190U, 9001U}) {
     std::string bytes;
     for (std::size_t i = 0; i < n; ++i) bytes += static_cast<char>(1 + (i * i + 7 * i) % 255);
     std::string sorted = bytes;

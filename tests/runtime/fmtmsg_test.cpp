@@ -40,7 +40,7 @@ TEST(Fmtmsg, Placeholders) {
 }
 
 TEST(Fmtmsg, LongMessages) {
-  for (const std::size_t n : {8190, 8191, 8192, 8193, 70000}) {
+  for (const std::size_t n : {8190U, 8191U, 8192U, 8193U, 70000U}) {
     const std::string piece(n, 'x');
     EXPECT_EQ("%" + piece + "|" + piece,
               text(vstring_fmtmsg, {"%%1|%1", piece}).replace(1, 2, piece))

@@ -120,7 +120,7 @@ TEST(Wild, LongerPatterns) {
     for (std::uint32_t i = 0; i < length; ++i) subject += "aab\351"[below(below(2) == 0 ? 3 : 4)];
     expect_same(pattern, subject);
   }
-  for (const std::size_t m : {63, 64, 65, 128, 129}) {
+  for (const std::size_t m : {63U, 64U, 65U, 128U, 129U}) {
     for (const char* const last : {"a", "[^b]", "b"}) {
       std::string pattern = "*";
       for (std::size_t i = 1; i < m; ++i) pattern += i % 7 == 0 ? "?" : "[ab]";
