@@ -64,7 +64,7 @@ constexpr Signature kExplode = {1};
 HostObject vstring_explode(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kExplode);
   Bytes text = args.text(1);
-  if (text.empty()) return host->HostNewList(0);
+  if (text.empty()) return empty_list(args);
   if (args.has(2)) {
     const Stretch range = args.range(2, text.size());
     text = text.subspan(range.first, range.count);

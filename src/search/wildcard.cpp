@@ -194,13 +194,16 @@ Result<std::size_t> find_in_words(const Stretch& stretch, const ElementMasks& ma
   const std::uint64_t accept = std::uint64_t{1} << ((stretch.elements - 1) % kWordBits);
   Buffer<std::uint64_t> state;
   if (!state.resize_zeroed(n)) return Status::out_of_memory;
+  std::size_t active = 1;  // the words from here on are zero
   for (std::size_t i = 0; i < text.size(); ++i) {
     const std::uint64_t* const mask = masks.of(text[i]);
-    for (std::size_t w = n - 1; w > 0; --w) {
+    active = std::min(active + 1, n);
+    for (std::size_t w = active - 1; w > 0; --w) {
       state[w] = ((state[w] << 1) | (state[w - 1] >> (kWordBits - 1))) & mask[w];
     }
     state[0] = ((state[0] << 1) | 1) & mask[0];
     if ((state[n - 1] & accept) != 0) return i + 1 - stretch.elements;
+    while (active > 1 && state[active - 1] == 0) --active;
   }
   return npos;
 }
