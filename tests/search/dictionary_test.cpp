@@ -24,7 +24,8 @@ class Dictionary : public testing::Test {
   }
   void TearDown() override {
     free_all();
-    velmor_set_userinfo(heap(), nullptr, nullptr);
+    velmor_set_userinfo(
+        heap(), [](void*, std::int64_t, const char*, const char*) {}, nullptr);
   }
   static void free_all() {
     for (int id = 0; id < 512; ++id) evaluate("dictObjFree(" + std::to_string(id) + ")");
