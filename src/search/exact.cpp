@@ -40,6 +40,8 @@ Finder::Finder(Bytes pattern, Bytes text) : pattern_(pattern), text_(text) {
   for (std::size_t i = 1; i < probed; ++i) {
     if (kCommonness[pattern[i]] < kCommonness[pattern[rare_]]) rare_ = i;
   }
+  // One byte has no bad case: whatever memchr stops at is an occurrence.
+  candidate_cost_ = pattern.size() == 1 ? 0 : kCandidateCost;
   const std::size_t last = pattern.size() - 1;
   guard_ = rare_ == last ? 0 : last;
 }
@@ -62,7 +64,7 @@ std::size_t Finder::next() {
     }
     const Byte* const window = static_cast<const Byte*>(hit) - rare_;
     at_ = static_cast<std::size_t>(window - text_.data()) + 1;
-    spent_ += kCandidateCost;
+    spent_ += candidate_cost_;
     if (window[guard_] != pattern_[guard_]) continue;
     spent_ += m / kComparisonShare;
     if (std::memcmp(window, pattern_.data(), m) == 0) return at_ - 1;

@@ -33,6 +33,7 @@ class Finder {
   Bytes text_;
   std::size_t at_ = 0;     // the next alignment to try; npos at the end
   std::size_t spent_ = 0;  // cost of the candidates so far, in bytes of scanning
+  std::size_t candidate_cost_ = 0;
   std::size_t rare_ = 0;   // offset of the pattern's rarest byte
   std::size_t guard_ = 0;  // offset of another byte, asked before a comparison in full
   bool is_two_way_ = false;

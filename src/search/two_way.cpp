@@ -1,9 +1,15 @@
 #include "search/two_way.h"
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 
 namespace vstring::search {
 namespace {
+
+// Below this length the moves by four bytes, at most m - 3, are no longer than those by one.
+constexpr std::size_t kShortestForGrams = 8;
+constexpr std::uint32_t kGoldenRatio = 0x9e3779b1;  // spreads the grams over the high bits
 
 struct Suffix {
   std::size_t start;
@@ -59,12 +65,29 @@ void TwoWay::start(Bytes pattern, Bytes text, std::size_t from) {
   is_periodic_ = equal(pattern.first(critical_), pattern.subspan(period_, critical_));
   if (!is_periodic_) period_ = std::max(critical_, m - critical_) + 1;
 
-  // Moves of very long patterns are cut to 32 bits: a shorter move is as safe.
+  prepare_moves();
+}
+
+std::size_t TwoWay::key(const Byte* end) const {
+  if (!has_grams_) return end[-1];
+  std::uint32_t gram = 0;
+  std::memcpy(&gram, end - sizeof gram, sizeof gram);
+  return gram * kGoldenRatio >> 22;
+}
+
+void TwoWay::prepare_moves() {
+  const std::size_t m = pattern_.size();
+  has_grams_ = m >= kShortestForGrams;
+  const std::size_t q = has_grams_ ? 4 : 1;
+  // A shorter move is as safe: those of very long patterns are cut to 16 bits.
   const auto bounded = [](std::size_t move) {
-    return static_cast<std::uint32_t>(std::min<std::size_t>(move, UINT32_MAX));
+    return static_cast<std::uint16_t>(std::min<std::size_t>(move, UINT16_MAX));
   };
-  std::fill_n(skip_, 256, bounded(m));
-  for (std::size_t i = 0; i < m; ++i) skip_[pattern[i]] = bounded(m - 1 - i);
+  std::fill_n(moves_, has_grams_ ? std::size(moves_) : 256, bounded(m - q + 1));
+  const std::size_t first = std::max(q, m - std::min<std::size_t>(m, UINT16_MAX));
+  for (std::size_t end = first; end <= m; ++end) {
+    moves_[key(pattern_.data() + end)] = bounded(m - end);
+  }
 }
 
 std::size_t TwoWay::next() {
@@ -74,7 +97,7 @@ std::size_t TwoWay::next() {
     const Byte* const window = text_.data() + at_;
     // A jump would forget what is remembered, and with it the linear bound.
     if (remembered_ == 0) {
-      const std::uint32_t move = skip_[window[m - 1]];
+      const std::size_t move = moves_[key(window + m)];
       if (move != 0) {
         at_ += move;
         continue;

@@ -4,10 +4,11 @@
 // and a mismatch there moves the pattern behind the mismatch; only then the left part is compared,
 // and a mismatch there moves the pattern by its period. A pattern with a short period remembers
 // how much of it is known to agree after such a move, so that no byte is compared more than twice.
-// Ahead of that, the byte under the pattern's end allows long moves through ordinary text.
+// Ahead of that, the bytes under the pattern's end allow long moves through ordinary text: the last
+// one, or a hash of the last four, which keeps the moves long where the alphabet is small.
 //
-// M. Crochemore, D. Perrin, "Two-way string-matching", 1991; the byte table is that of
-// R. N. Horspool, "Practical fast searching in strings", 1980.
+// M. Crochemore, D. Perrin, "Two-way string-matching", 1991; R. N. Horspool, "Practical fast
+// searching in strings", 1980, for the moves.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -25,6 +26,9 @@ class TwoWay {
   std::size_t next();
 
  private:
+  void prepare_moves();
+  std::size_t key(const Byte* end) const;  // index into moves_ by the bytes ahead of `end`
+
   Bytes pattern_;
   Bytes text_;
   std::size_t at_;          // where the pattern lies
@@ -32,7 +36,8 @@ class TwoWay {
   std::size_t critical_;    // length of the left part
   std::size_t period_;      // of the pattern, or a safe move when the period is long
   bool is_periodic_;
-  std::uint32_t skip_[256];  // safe move by the byte under the pattern's last byte; 0 for that byte
+  bool has_grams_;             // moves by four bytes rather than by one
+  std::uint16_t moves_[1024];  // safe move by the bytes under the pattern's end; 0: perhaps there
 };
 
 }  // namespace vstring::search
