@@ -30,11 +30,18 @@ void draw_bits(Generator& generator, MutableBytes out) {
 }
 
 void draw_members(Generator& generator, const ByteSet& members, MutableBytes out) {
-  for (Byte& c : out) {
-    do {
-      c = generator.next_byte();
-    } while (!members.has(c));
+  const std::size_t n = out.size();
+  std::size_t i = 0;
+  const auto offer = [&](Byte c) {
+    out[i] = c;  // overwritten by the next one when it is refused
+    i += members.has(c) ? 1 : 0;
+  };
+  while (i < n && generator.has_bytes()) offer(generator.next_byte());
+  while (i + 4 <= n) {
+    const std::uint32_t number = generator.next();
+    for (int shift = 24; shift >= 0; shift -= 8) offer(static_cast<Byte>(number >> shift));
   }
+  while (i < n) offer(generator.next_byte());
 }
 
 void draw_permutation(Generator& generator, std::span<std::uint32_t> out) {

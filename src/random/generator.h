@@ -24,6 +24,8 @@ class Generator {
 
   // The next byte of the stream, each number giving four of them, most significant first.
   Byte next_byte();
+  // Whether next_byte still has some of the last number to hand out.
+  bool has_bytes() const { return byte_count_ > 0; }
 
  private:
   std::array<std::uint32_t, 128> ring_ = {};

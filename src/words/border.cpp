@@ -40,11 +40,16 @@ void border_array(Bytes word, std::span<Cell> border) {
   border[0] = 0;
   if (word.empty()) return;
   border[1] = 0;
-  std::size_t k = 0;  // longest border of word[0, i)
-  for (std::size_t i = 1; i < word.size(); ++i) {
-    while (k > 0 && word[i] != word[k]) k = border[k];
-    if (word[i] == word[k]) ++k;
-    border[i + 1] = static_cast<Cell>(k);
+  std::size_t i = 1;
+  std::size_t k = 0;  // a border of word[0, i); all longer ones have been tried with word[i]
+  while (i < word.size()) {
+    if (word[i] == word[k]) {
+      border[++i] = static_cast<Cell>(++k);
+    } else if (k > 0) {
+      k = border[k];
+    } else {
+      border[++i] = 0;
+    }
   }
 }
 

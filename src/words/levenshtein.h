@@ -4,7 +4,9 @@
 // Bit-parallel: G. Myers, "A fast bit-vector algorithm for approximate string matching based on
 // dynamic programming", 1999, in the form of H. Hyyro, "A bit-vector algorithm for computing
 // Levenshtein and Damerau edit distances", 2003: the differences between neighbouring cells of the
-// matrix of distances are -1, 0 or 1, so 64 rows of a column are two machine words.
+// matrix of distances are -1, 0 or 1, so 64 rows of a column are two machine words. Where the
+// distance turns out to be small, only the cells near the diagonal are visited (E. Ukkonen,
+// "Algorithms for approximate string matching", 1985).
 #pragma once
 #include <cstddef>
 
@@ -13,9 +15,9 @@
 
 namespace vstring::words {
 
-// O(|s| |t| / 64) time. One bit pair for each letter of the shorter word, what the words have in
-// common at their ends left out; without allocation up to 1024 letters. Fails only for want of
-// memory.
+// O(|s| |t| / 64) time, O(|s| d / 64) for a distance d that is small. Two bits for each letter of
+// the shorter word, what the words have in common at their ends left out; no allocation up to 1024
+// letters. Fails only for want of memory.
 Result<std::size_t> levenshtein(Bytes s, Bytes t);
 
 }  // namespace vstring::words

@@ -7,13 +7,24 @@
 #include <cstddef>
 
 #include "runtime/bytes.h"
-#include "runtime/memory.h"
-#include "runtime/status.h"
 
 namespace vstring::words {
 
-// Appends the offset just behind each factor of `word` to `ends`, from left to right. Letters are
-// in signed order (letter_order.h). O(n) time; fails only for want of memory for `ends`.
-[[nodiscard]] Status lyndon_factors(Bytes word, HeldArray<std::size_t>& ends);
+// The factors of a word from left to right. Letters are in signed order (letter_order.h). All of
+// them together take O(n) time; no memory.
+class LyndonFactors {
+ public:
+  explicit LyndonFactors(Bytes word) : rest_(word) {}
+
+  // The next factor; empty behind the last.
+  Bytes next();
+
+ private:
+  Bytes rest_;
+  std::size_t length_ = 0;   // of the factor that was found last
+  std::size_t repeats_ = 0;  // how often the rest begins with that factor again
+};
+
+std::size_t count_lyndon_factors(Bytes word);
 
 }  // namespace vstring::words

@@ -13,14 +13,9 @@ constexpr Signature kOneWord = {1, {{messages::kArgumentString}}};
 HostObject vstring_lynfac(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOneWord);
   const Bytes word = args.text(1);
-  HeldArray<std::size_t> ends;
-  args.require(words::lyndon_factors(word, ends));
-  const HostObject list = new_list(args, ends.size(), [&](std::size_t i) {
-    const std::size_t start = i == 0 ? 0 : ends[i - 1];
-    return new_string(args, word.subspan(start, ends[i] - start));
-  });
-  ends.free();
-  return list;
+  words::LyndonFactors factors(word);
+  return new_list(args, words::count_lyndon_factors(word),
+                  [&](std::size_t) { return new_string(args, factors.next()); });
 }
 
 HostObject vstring_minconj(const HostTable* host, HostObject argseq) {
