@@ -4,7 +4,6 @@
 #include <openssl/md4.h>
 #include <openssl/md5.h>
 
-#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 
@@ -36,35 +35,19 @@ TEST(Digests, EveryLengthOfFourBlocks) {
     EXPECT_EQ(quoted(hexadecimal(MD4, message)), call(vstring_hash, {argument, option})) << n;
   }
   const std::string million(1000000, 'a');
-  EXPECT_EQ(hexadecimal(MD5, million), text(vstring_hash, {million}));
+  EXPECT_EQ(quoted(hexadecimal(MD5, million)), answer(vstring_hash, {million}));
 }
 
-// Appendix A.5 of RFC 1321 and of RFC 1320.
+// Appendix A.5 of RFC 1321 and of RFC 1320; all spellings of the methods.
 TEST(Digests, PublishedVectors) {
-  struct Vector {
-    std::string message;
-    const char* md5;
-    const char* md4;
-  };
-  const std::string digits = "1234567890";
-  const Vector vectors[] = {
-      {"", "d41d8cd98f00b204e9800998ecf8427e", "31d6cfe0d16ae931b73c59d7e0c089c0"},
-      {"a", "0cc175b9c0f1b6a831c399e269772661", "bde52cb31de33e46245e05fbdbd6fb24"},
-      {"abc", "900150983cd24fb0d6963f7d28e17f72", "a448017aaf21d8525fc10ae87aa6729d"},
-      {"message digest", "f96b697d7cb7938d525a2f31aaf161d0", "d9130a8164549fe818874806e1c7014b"},
-      {"abcdefghijklmnopqrstuvwxyz", "c3fcd3d76192e4007dfb496cca67e13b",
-       "d79e1c308aa5bbcdeea8ed63df412da9"},
-      {"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789",
-       "d174ab98d277d9f5a5611c2c9f419d9f", "043f8582f241db351ce627e153e7f0e4"},
-      {periodic_word(digits, 80), "57edf4a22be3c955ac49da2e2107b67a",
-       "e33b4ddc9c38f2199c3e7b164fcc0536"},
-  };
-  for (const auto& [message, md5, md4] : vectors) {
-    const std::string call = "hash(" + quoted(message);
-    Check({{call + ")", quoted(md5)},
-           {call + ", method = MD5)", quoted(md5)},
-           {call + ", `method` = \"md4\", 7)", quoted(md4)}});
-  }
+  Check({
+      {R"(hash(""))", R"("d41d8cd98f00b204e9800998ecf8427e")"},
+      {R"(hash("", method = md4))", R"("31d6cfe0d16ae931b73c59d7e0c089c0")"},
+      {R"(hash("abc", method = MD5))", R"("900150983cd24fb0d6963f7d28e17f72")"},
+      {R"(hash(`abc`, `method` = "md4", 7))", R"("a448017aaf21d8525fc10ae87aa6729d")"},
+      {R"(hash("message digest", "method" = "md5"))", R"("f96b697d7cb7938d525a2f31aaf161d0")"},
+      {R"(hash("message digest", method = MD4))", R"("d9130a8164549fe818874806e1c7014b")"},
+  });
 }
 
 TEST(Digests, Refusals) {

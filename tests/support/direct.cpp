@@ -4,8 +4,6 @@
 
 #include <cstdlib>
 
-#include "support/check.h"
-
 namespace vstring_test {
 namespace {
 
@@ -21,15 +19,19 @@ HostObject result_of(VelmorCommand command, const std::vector<HostObject>& argum
   return velmor_call(heap, command, argseq, &result) != 0 ? result : 0;
 }
 
-HostObject result_of(VelmorCommand command, const std::vector<std::string>& texts) {
+std::vector<HostObject> strings(const std::vector<std::string>& texts) {
   VelmorHeap* const heap = session().heap();
   collect_now_and_then(heap);
   std::vector<HostObject> arguments;
   for (const std::string& t : texts) {
     arguments.push_back(velmor_string_n(heap, t.data(), t.size()));
   }
-  const HostObject result = result_of(command, arguments);
-  if (result == 0) ADD_FAILURE() << velmor_error(heap);
+  return arguments;
+}
+
+HostObject result_of(VelmorCommand command, const std::vector<std::string>& texts) {
+  const HostObject result = result_of(command, strings(texts));
+  if (result == 0) ADD_FAILURE() << velmor_error(session().heap());
   return result;
 }
 
@@ -50,6 +52,10 @@ std::string call(VelmorCommand command, const std::vector<HostObject>& arguments
   }
   collect_now_and_then(heap);
   return text;
+}
+
+std::string answer(VelmorCommand command, const std::vector<std::string>& texts) {
+  return call(command, strings(texts));
 }
 
 std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts) {

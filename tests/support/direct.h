@@ -9,6 +9,7 @@
 
 #include "host/vstring.h"
 #include "runtime/velmor_runtime.h"
+#include "support/check.h"
 
 namespace vstring_test {
 
@@ -16,12 +17,24 @@ namespace vstring_test {
 // collected afterwards.
 std::string call(VelmorCommand command, const std::vector<HostObject>& arguments);
 
-// The same with texts, read as what the command is known to give.
+// The same with texts; and read as what the command is known to give.
+std::string answer(VelmorCommand command, const std::vector<std::string>& texts);
 std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts);
 bool truth(VelmorCommand command, const std::vector<std::string>& texts);
 std::string text(VelmorCommand command, const std::vector<std::string>& texts);
 std::vector<std::string> texts(VelmorCommand command, const std::vector<std::string>& texts);
 std::vector<std::int64_t> integers(VelmorCommand command, const std::vector<std::string>& texts);
+
+// Values as the host prints them.
+inline std::string printed(std::size_t value) { return std::to_string(value); }
+inline std::string printed(bool value) { return value ? "true" : "false"; }
+inline std::string printed(const std::string& text) { return quoted(text); }
+template <typename T>
+std::string printed(const std::vector<T>& list) {
+  std::string text = "[";
+  for (const T& value : list) text += (text.size() > 1 ? ", " : "") + printed(value);
+  return text + "]";
+}
 
 // All words over `alphabet` of at most `longest` letters, the empty one first.
 std::vector<std::string> all_words(std::string_view alphabet, std::size_t longest);

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <numeric>
 
-#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 
@@ -27,7 +26,7 @@ std::size_t edits(const std::string& s, const std::string& t) {
 }
 
 void check_levenshtein(const std::string& s, const std::string& t) {
-  ASSERT_EQ(edits(s, t), integer(vstring_levenshtein, {s, t})) << s << ", " << t;
+  ASSERT_EQ(printed(edits(s, t)), answer(vstring_levenshtein, {s, t})) << s << ", " << t;
 }
 
 std::size_t lee(const std::string& s, const std::string& t) {
@@ -53,10 +52,10 @@ TEST(Distances, AllShortPairsByDefinition) {
       while (s.substr(0, prefix) != t.substr(0, prefix)) --prefix;
       while (s.substr(s.size() - suffix) != t.substr(t.size() - suffix)) --suffix;
       const std::size_t distance = edits(s, t);
-      ASSERT_EQ(differing, integer(vstring_hd, {s, t}));
-      ASSERT_EQ(total - 2 * prefix, integer(vstring_prefixdist, {s, t}));
-      ASSERT_EQ(total - 2 * suffix, integer(vstring_suffixdist, {s, t}));
-      ASSERT_EQ(distance, integer(vstring_levenshtein, {s, t})) << s << ", " << t;
+      ASSERT_EQ(printed(differing), answer(vstring_hd, {s, t}));
+      ASSERT_EQ(printed(total - 2 * prefix), answer(vstring_prefixdist, {s, t}));
+      ASSERT_EQ(printed(total - 2 * suffix), answer(vstring_suffixdist, {s, t}));
+      ASSERT_EQ(printed(distance), answer(vstring_levenshtein, {s, t})) << s << ", " << t;
       const std::string answer =
           call(vstring_editdist, {velmor_string(heap, s.c_str()), velmor_string(heap, t.c_str())});
       ASSERT_EQ(
@@ -98,38 +97,32 @@ TEST(Distances, LeeOverAllResidues) {
   }();
   for (std::size_t i = 0; i < all.size(); ++i) {
     const std::string turned = all.substr(i) + all.substr(0, i);
-    ASSERT_EQ(lee(all, turned), integer(vstring_leedist, {all, turned}));
+    ASSERT_EQ(printed(lee(all, turned)), answer(vstring_leedist, {all, turned}));
   }
   const std::string zeroes(all.size(), '\0');
-  EXPECT_EQ(lee(all, zeroes), integer(vstring_leewt, {all}));
-  EXPECT_EQ(128 * 10000, integer(vstring_leewt, {std::string(10000, '\x80')}));
+  EXPECT_EQ(printed(lee(all, zeroes)), answer(vstring_leewt, {all}));
+  EXPECT_EQ("1280000", answer(vstring_leewt, {std::string(10000, '\x80')}));
 }
 
 TEST(Distances, ValuesAndRefusals) {
-  const std::string long_word = quoted(random_word(1100, 4, 5));
-  const std::string other = quoted(random_word(1100, 4, 6));
+  const std::string s = random_word(1100, 4, 5);
+  const std::string t = random_word(1100, 4, 6);
   Check({
-      {"hd(\"abc\", \"abd\"), hd(`abc`, \"a\"), hd(\"\", \"\")", "1, 2, 0"},
-      {"leedist(\"abc\", \"bad\"), leedist(\"\", \"\"), leedist(\"\\377\", \"\\001\")", "3, 0, 2"},
-      {"leedist(\"ab\", \"a\")", "error: strings must be of equal length"},
-      {"leewt(\"\\310\"), leewt(\"\"), leewt(`\001`)", "56, 0, 1"},
-      {"prefixdist(\"abcd\", \"abxy\"), suffixdist(\"xbcd\", \"ybcd\")", "4, 2"},
-      {"levenshtein(\"flaw\", \"lawn\"), levenshtein(`abc`, \"abc\"), levenshtein(\"\", \"ab\")",
+      {R"(hd(`abc`, "a"), leedist("\377", "\001"), leewt("\310"), leewt(""))", "2, 2, 56, 0"},
+      {R"(leedist("ab", "a"))", "error: strings must be of equal length"},
+      {R"(prefixdist("abcd", `abxy`), suffixdist("xbcd", "ybcd"))", "4, 2"},
+      {R"(levenshtein("flaw", "lawn"), levenshtein(`abc`, "abc"), levenshtein("", "ab"))",
        "2, 0, 2"},
-      {"editdist(\"abcde\", \"abcde\"), editdist(\"\", \"\"), editdist(\"ab\", \"cd\")",
-       "10, 0, 0"},
-      {"editdist(\"\", \"x\")", "error: out of memory"},
-      {"editdist(\"a\", \"bcd\")", "error: out of memory"},
-      {"levenshtein(" + long_word + ", " + long_word + ")", "0"},
-      {"levenshtein(" + long_word + ", " + other + ")",
-       std::to_string(edits(random_word(1100, 4, 5), random_word(1100, 4, 6)))},
-      {"hd(\"a\")", "error: expecting 2 arguments, but got 1"},
+      {R"(editdist("abcde", "abcde"), editdist("", ""), editdist("ab", "cd"))", "10, 0, 0"},
+      {R"(editdist("", "x"))", "error: out of memory"},
+      {R"(editdist("a", "bcd"))", "error: out of memory"},
+      {"levenshtein(" + quoted(s) + ", " + quoted(t) + ")", printed(edits(s, t))},
+      {R"(hd("a"))", "error: expecting 2 arguments, but got 1"},
       {"leewt()", "error: expecting one argument, but got 0"},
       {"leewt(7)", "error: first argument must be a string"},
       {"leedist(1, 2)", "error: first argument must be a string"},
-      {"leedist(\"ab\", 2)", "error: second argument must be a string"},
-      {"prefixdist(\"a\", 2)", "error: second argument must be a string"},
-      {"suffixdist(2, \"a\")", "error: first argument must be a string"},
+      {R"(prefixdist("a", 2))", "error: second argument must be a string"},
+      {R"(suffixdist(2, "a"))", "error: first argument must be a string"},
       {"levenshtein(x, 2)", "error: second argument must be a string"},
       {"editdist(1)", "error: expecting 2 arguments, but got 1"},
   });

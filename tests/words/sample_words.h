@@ -2,17 +2,15 @@
 #pragma once
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vstring_test {
 
-inline std::string random_word(std::size_t n, int letters, unsigned seed) {
+inline std::string random_word(std::size_t n, unsigned letters, unsigned seed) {
   std::mt19937 engine(seed);
   std::string word(n, '\0');
-  for (char& c : word) {
-    const auto letter = static_cast<int>(engine() % static_cast<unsigned>(letters));
-    c = static_cast<char>(letters > 200 ? 1 + letter : 'a' + letter);
-  }
+  for (char& c : word) c = static_cast<char>((letters > 26 ? 1 : 'a') + engine() % letters);
   return word;
 }
 
@@ -20,11 +18,7 @@ inline std::string random_word(std::size_t n, int letters, unsigned seed) {
 inline std::string fibonacci_word(std::size_t n) {
   std::string shorter = "a";
   std::string word = "ab";
-  while (word.size() < n) {
-    std::string longer = word + shorter;
-    shorter.swap(word);
-    word.swap(longer);
-  }
+  while (word.size() < n) shorter = std::exchange(word, word + shorter);
   return word.substr(0, n);
 }
 
@@ -43,9 +37,8 @@ inline std::vector<std::string> sample_words(std::size_t n) {
           std::string(n, 'a'),
           std::string(n - 1, 'a') + "b",
           "b" + std::string(n - 1, 'a'),
-          periodic_word("ab", n),
           periodic_word(random_word(37, 2, seed), n),
-          periodic_word(random_word(n / 4, 3, seed), n),
+          periodic_word(random_word(n / 3, 3, seed), n),
           periodic_word(fibonacci_word(89), n),
           std::string(n / 2, 'b') + std::string(n - n / 2, '\xc8')};
 }
