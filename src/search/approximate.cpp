@@ -77,19 +77,33 @@ bool scan_automaton(Bytes pattern, const WordMasks& masks, Bytes text, std::size
   return true;
 }
 
-// The table for a pattern of at most 64 bytes, its ends in the first `silent` bytes left out.
-template <typename Report>
-void scan_word(Bytes pattern, const WordMasks& masks, Bytes text, std::size_t k, std::size_t silent,
-               Report report) {
-  EditColumn column;
-  const auto bottom = static_cast<unsigned>(pattern.size() - 1);
-  auto distance = static_cast<std::int64_t>(pattern.size());
-  const auto limit = static_cast<std::int64_t>(k);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    distance += advance(column, masks[text[i]], 0, bottom);
-    if (distance <= limit && i >= silent && !report(i + 1)) return;
+// The table for a pattern of at most 64 bytes. Requires k < m.
+class WordTable {
+ public:
+  WordTable(const WordMasks& masks, std::size_t m, std::size_t k)
+      : masks_(masks), m_(static_cast<std::int64_t>(m)), k_(static_cast<std::int64_t>(k)) {
+    restart();
   }
-}
+
+  // Back to the column ahead of a text.
+  void restart() {
+    column_ = {};
+    distance_ = m_;
+  }
+
+  // Moves on by one byte. True when the table's last row is within k.
+  bool advance_by(Byte c) {
+    distance_ += advance(column_, masks_[c], 0, static_cast<unsigned>(m_ - 1));
+    return distance_ <= k_;
+  }
+
+ private:
+  const WordMasks& masks_;
+  std::int64_t m_;
+  std::int64_t k_;
+  EditColumn column_;
+  std::int64_t distance_ = 0;
+};
 
 // The table for a pattern of any length, by blocks of 64 rows, of which only those above the last
 // cell within k are kept up.
@@ -97,7 +111,8 @@ class BlockTable {
  public:
   Status prepare(Bytes pattern, std::size_t k);
 
-  // Moves on by one byte. True when the table's last row is within k.
+  // As those of WordTable.
+  void restart();
   bool advance_by(Byte c);
 
  private:
@@ -147,12 +162,16 @@ Status BlockTable::prepare(Bytes pattern, std::size_t k) {
     masks_[alphabet_.number(pattern[i]) * count_ + i / kColumnRows] |= std::uint64_t{1}
                                                                        << i % kColumnRows;
   }
+  restart();
+  return Status::ok;
+}
+
+void BlockTable::restart() {
   // Ahead of the text row i holds i, so rows 1 to k are within k.
-  last_ = k == 0 ? 0 : std::min(count_, (k - 1) / kColumnRows + 1) - 1;
+  last_ = k_ == 0 ? 0 : std::min(count_ - 1, static_cast<std::size_t>(k_ - 1) / kColumnRows);
   for (std::size_t b = 0; b <= last_; ++b) {
     start_block(b, static_cast<std::int64_t>(b * kColumnRows));
   }
-  return Status::ok;
 }
 
 bool BlockTable::advance_by(Byte c) {
@@ -175,6 +194,103 @@ bool BlockTable::advance_by(Byte c) {
     }
   }
   return last_ + 1 == count_ && blocks_[last_].bottom <= k_;
+}
+
+// Of a pattern cut into k + 1 pieces one at least has no edit and occurs as it is (Wu and Manber
+// again). The finders of the pieces run through the text at the speed of memory; only around what
+// they find the table is asked.
+class Pieces {
+ public:
+  // Whether the pieces are long enough to be rare.
+  static bool are_useful(std::size_t m, std::size_t k) {
+    return k + 1 <= kMost && m / (k + 1) >= kShortest;
+  }
+
+  Pieces(Bytes pattern, Bytes text, std::size_t k)
+      : m_(pattern.size()), n_(text.size()), k_(k), count_(k + 1) {
+    const std::size_t length = m_ / count_;
+    for (std::size_t i = 0; i < count_; ++i) {
+      pieces_[i].offset = i * length;
+      pieces_[i].finder.start(pattern.subspan(i * length, length), text);
+      find_next(pieces_[i]);
+    }
+  }
+
+  // Where an occurrence around a piece that was found must lie.
+  struct Window {
+    std::size_t begin;
+    std::size_t end;
+  };
+
+  // The next window by its begin; false when there is none.
+  bool next(Window& window) {
+    Piece& first = *std::min_element(pieces_, pieces_ + count_, [](const Piece& a, const Piece& b) {
+      return a.window.begin < b.window.begin;
+    });
+    window = first.window;
+    if (window.begin == npos) return false;
+    find_next(first);
+    return true;
+  }
+
+ private:
+  static constexpr std::size_t kMost = 9;  // a finder takes 2 kB of stack
+  static constexpr std::size_t kShortest = 4;
+
+  struct Piece {
+    std::size_t offset = 0;
+    Finder finder;
+    Window window = {npos, npos};
+  };
+
+  // k edits ahead of the piece, or behind it, move the ends of an occurrence by k at most.
+  void find_next(Piece& piece) {
+    const std::size_t at = piece.finder.next();
+    piece.window = {npos, npos};
+    if (at == npos) return;
+    const std::size_t before = piece.offset + k_;
+    piece.window = {at < before ? 0 : at - before, std::min(n_, at + (m_ - piece.offset) + k_)};
+  }
+
+  std::size_t m_;
+  std::size_t n_;
+  std::size_t k_;
+  std::size_t count_;
+  Piece pieces_[kMost];
+};
+
+// How much text the table is asked about before the pieces are judged.
+constexpr std::size_t kFreeScan = 4096;
+
+// The table over the whole text, or where it can have ends; those in the first `silent` bytes are
+// left out.
+template <typename Table, typename Report>
+void scan_table(Table& table, Bytes pattern, Bytes text, std::size_t k, std::size_t silent,
+                Report report) {
+  std::size_t at = 0;
+  const auto scan_to = [&](std::size_t end) {
+    for (; at < end; ++at) {
+      if (table.advance_by(text[at]) && at >= silent && !report(at + 1)) return false;
+    }
+    return true;
+  };
+  if (!Pieces::are_useful(pattern.size(), k)) {
+    scan_to(text.size());
+    return;
+  }
+  Pieces pieces(pattern, text, k);
+  std::size_t scanned = 0;
+  for (Pieces::Window window; at < text.size() && pieces.next(window);) {
+    if (window.begin > at) {
+      table.restart();
+      at = window.begin;
+    }
+    // Where the pieces are everywhere, looking for them is lost labour.
+    const bool is_crowded = scanned > kFreeScan + at / 2;
+    const std::size_t begin = at;
+    if (!scan_to(is_crowded ? text.size() : window.end)) return;
+    scanned += at - begin;
+  }
 }
 
 template <typename Report>
@@ -208,27 +324,32 @@ Status scan(Bytes pattern, Bytes text, std::int64_t edits, EditModel model, Repo
     // state holds all that a free start would give it: it only misses stretches that begin there.
     const std::size_t head = is_bit_parallel ? std::min(n, m + k) : 0;
     if (!scan_automaton(pattern, masks, text.first(head), k, report)) return Status::ok;
-    if (head < n) scan_word(pattern, masks, text, k, head, report);
+    if (head == n) return Status::ok;
+    WordTable table(masks, m, k);
+    scan_table(table, pattern, text, k, head, report);
     return Status::ok;
   }
   BlockTable table;
   if (const Status status = table.prepare(pattern, k); status != Status::ok) return status;
-  for (std::size_t i = 0; i < n; ++i) {
-    if (table.advance_by(text[i]) && !report(i + 1)) break;
-  }
+  scan_table(table, pattern, text, k, 0, report);
   return Status::ok;
 }
 
 }  // namespace
 
 Result<std::size_t> first_end(Bytes pattern, Bytes text, std::int64_t k, EditModel model) {
-  std::size_t first = 0;
-  const Status status = scan(pattern, text, k, model, [&](std::size_t end) {
-    first = end;
-    return false;
-  });
-  if (status != Status::ok) return status;
-  return first;
+  // The finders of the pieces run far ahead of the first end, so they are given more and more of
+  // the text: the ends in a prefix do not depend on what follows.
+  for (std::size_t length = kFreeScan;; length *= 16) {
+    const Bytes prefix = text.first(std::min(length, text.size()));
+    std::size_t first = 0;
+    const Status status = scan(pattern, prefix, k, model, [&](std::size_t end) {
+      first = end;
+      return false;
+    });
+    if (status != Status::ok) return status;
+    if (first != 0 || prefix.size() == text.size()) return first;
+  }
 }
 
 Status all_ends(Bytes pattern, Bytes text, std::int64_t k, EditModel model,

@@ -31,11 +31,15 @@ constexpr std::size_t kFreeBudget = 1024;
 
 }  // namespace
 
-Finder::Finder(Bytes pattern, Bytes text) : pattern_(pattern), text_(text) {
-  if (pattern.empty()) {
-    at_ = npos;
-    return;
-  }
+void Finder::start(Bytes pattern, Bytes text) {
+  pattern_ = pattern;
+  text_ = text;
+  at_ = pattern.empty() ? npos : 0;
+  spent_ = 0;
+  rare_ = 0;
+  is_two_way_ = false;
+  if (pattern.empty()) return;
+
   const std::size_t probed = std::min(pattern.size(), kProbed);
   for (std::size_t i = 1; i < probed; ++i) {
     if (kCommonness[pattern[i]] < kCommonness[pattern[rare_]]) rare_ = i;

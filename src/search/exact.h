@@ -21,7 +21,9 @@ inline constexpr std::size_t npos = SIZE_MAX;
 // pattern occurs nowhere. Both spans must outlive the finder, which allocates nothing.
 class Finder {
  public:
-  Finder(Bytes pattern, Bytes text);
+  Finder() = default;  // finds nothing until it is started
+  Finder(Bytes pattern, Bytes text) { start(pattern, text); }
+  void start(Bytes pattern, Bytes text);
 
   // Offset of the next occurrence, or npos.
   std::size_t next();
@@ -31,7 +33,7 @@ class Finder {
 
   Bytes pattern_;
   Bytes text_;
-  std::size_t at_ = 0;     // the next alignment to try; npos at the end
+  std::size_t at_ = npos;  // the next alignment to try; npos at the end
   std::size_t spent_ = 0;  // cost of the candidates so far, in bytes of scanning
   std::size_t candidate_cost_ = 0;
   std::size_t rare_ = 0;   // offset of the pattern's rarest byte

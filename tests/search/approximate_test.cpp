@@ -130,7 +130,11 @@ TEST(Approximate, LongPatterns) {
       for (char& c : pattern) c = letter();
       const std::size_t k = round % 4 == 0 ? below(m + 2) : below(9);
       std::string text;
-      while (text.size() < 2 * m + 20) {
+      const bool is_sparse = round % 20 == 1;  // now and then a long text of other letters
+      while (text.size() < (is_sparse ? 20000 : 2 * m + 20)) {
+        for (std::size_t i = is_sparse ? below(600) : 0; i > 0; --i) {
+          text += static_cast<char>('c' + below(20));
+        }
         std::string piece = pattern.substr(below(m));
         for (std::size_t edits = below(k + 2); edits > 0 && !piece.empty(); --edits) {
           const std::size_t at = below(piece.size());
