@@ -47,7 +47,7 @@ constexpr std::int64_t kIntegers[] = {
 // weights, keyword, number of an algorithm.
 constexpr const char* kShapes[] = {
     "s",  "ss",  "sss", "ssi", "ssia", "si", "sii", "sis", "i",   "l", "ls", "sl", "sr",  "e", "es",
-    "se", "sie", "k",   "ik",  "ssw",  "r",  "w",   "sk",  "ske", "a", "aa", "as", "ksr", ""};
+    "se", "sie", "k",   "ik",  "ssw",  "r",  "w",   "sk",  "ske", "a", "aa", "as", "saa", "ksr", ""};
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
