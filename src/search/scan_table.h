@@ -1,9 +1,9 @@
 // The compact form in which an automaton scans a text.
 //
-// States are numbered breadth first from the root, 0, so the children of a state are consecutive
-// and cost four bytes and a label. The first states, which a scan visits most, have a full row of
-// transitions besides, with all failures resolved; bytes are grouped into classes, the bytes that
-// occur in no pattern sharing one, to keep the rows short.
+// States are numbered breadth first from the root, 0, so the children of a state are consecutive:
+// its first child and a label for each state are all there is to store. The first states, which a
+// scan visits most, have a full row of transitions besides, with all failures resolved; bytes are
+// grouped into classes, the bytes that occur in no pattern sharing one, to keep the rows short.
 #pragma once
 #include <cstddef>
 #include <cstdint>
