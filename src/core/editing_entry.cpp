@@ -87,8 +87,9 @@ HostObject vstring_repeat(const HostTable* host, HostObject argseq) {
   const auto n = static_cast<std::size_t>(args.non_negative(2));
   if (n == 1) return args.object(1);
   if (n == 0 || text.empty()) return empty_string(args);
-  // A text has less than 2^35 bytes and n less than 2^31, so the product fits.
-  TextResult result(args, n * text.size());
+  std::size_t length = 0;
+  if (__builtin_mul_overflow(n, text.size(), &length)) args.raise(Status::out_of_memory);
+  TextResult result(args, length);
   core::repeat(text, result.bytes());
   return result.object();
 }

@@ -24,11 +24,10 @@ int64_t GetRange(const HostTable* host, HostObject range, int64_t* low, int64_t*
 int64_t NormalRange(int64_t length, int64_t* low, int64_t* high) {
   const int64_t a = *low < 0 ? length + *low : *low > length ? length : *low - 1;
   const int64_t b = *high < 0 ? length + *high : *high > length ? length - 1 : *high - 1;
-  const int64_t count = b - a + 1;
-  if (a < 0 || b < 0 || count < 0) return -1;
+  if (a < 0 || b < 0 || b < a - 1) return -1;
   *low = a;
   *high = b;
-  return count;
+  return b - a + 1;
 }
 
 int64_t GetStringIndex(const HostTable* host, int64_t length, HostObject object) {

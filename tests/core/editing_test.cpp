@@ -1,6 +1,8 @@
 // Substrings, editing and iota, as a user calls them.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
+#include <cstdint>
 #include <string>
 
 #include "support/check.h"
@@ -162,6 +164,24 @@ TEST(Editing, AroundTheScratchBuffer) {
            {"repeat(\"x\", " + std::to_string(n) + ")", whole},
            {"take(" + text(n + 1) + ", " + std::to_string(n) + ")", whole}});
   }
+}
+
+// 2^34 bytes times 2^30 is no size at all. The text is a header and pages that are never touched.
+TEST(Editing, RepeatBeyondAllSizes) {
+  constexpr std::uint64_t kTextBytes = std::uint64_t{1} << 34;
+  constexpr std::uint64_t kWords = kTextBytes / 8 + 4;  // three before the text, one after it
+  void* const block = mmap(nullptr, 8 * kWords, PROT_READ | PROT_WRITE,
+                           MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  ASSERT_NE(MAP_FAILED, block);
+  *static_cast<std::uint64_t*>(block) = std::uint64_t{HOST_TAG_STRING} << 32 | kWords;
+  VelmorHeap* const heap = velmor_heap_new();
+  const HostObject arguments[] = {reinterpret_cast<HostObject>(block),
+                                  velmor_integer(heap, 1 << 30)};
+  const HostObject argseq = velmor_sequence(heap, 2, arguments);
+  EXPECT_EQ(0, velmor_call(heap, vstring_repeat, argseq, nullptr));
+  EXPECT_STREQ("out of memory", velmor_error(heap));
+  velmor_heap_free(heap);
+  munmap(block, 8 * kWords);
 }
 
 TEST(Iota, Forms) {

@@ -31,6 +31,8 @@ TEST(NormalRange, MapsEndpoints) {
       {5, 1, -6, -1, 1, -6},
       {5, 1, -5, 1, 0, 0},
       {INT64_C(1) << 33, -1, INT32_MAX, -1, -1, INT32_MAX},
+      {5, INT64_MIN, 5, -1, INT64_MIN, 5},
+      {5, 5, INT64_MIN, -1, 5, INT64_MIN},
   };
   for (const Case& c : cases) {
     std::int64_t low = c.low;
