@@ -2,7 +2,6 @@
 // from the chain of its failure state, entry by entry.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 #include <map>
 #include <random>
@@ -12,7 +11,6 @@
 #include "host/vstring.h"
 #include "support/allocations.h"
 #include "support/check.h"
-#include "support/instructions.h"
 
 namespace vstring_test {
 namespace {
@@ -219,37 +217,6 @@ TEST(Automaton, SkippingMissesNothing) {
     }
     expect_textbook(patterns, text);
   }
-}
-
-// Twice the text, or twice the patterns, take at most 2.1 times the instructions.
-TEST(Automaton, LinearInPatternsAndText) {
-  if (!counts_instructions()) GTEST_SKIP() << "needs valgrind; runs in the long tier";
-  const auto text = [](const std::string& word, std::size_t n) {
-    return "repeat(\"" + word + "\", " + std::to_string(n / word.size()) + ")";
-  };
-  const auto list = [&](std::size_t patterns, auto make) {
-    std::string items = make(1);
-    for (std::size_t i = 2; i <= patterns; ++i) items += ", " + make(i);
-    return "[" + items + "]";
-  };
-  const std::string a60 = std::string(60, 'a');
-  using Make = std::function<std::string(std::size_t)>;
-  const Make calls[] = {
-      [&](std::size_t n) {
-        return "search([\"" + a60 + "b\", \"b" + a60 + "\"], " + text("a", n) + ")";
-      },
-      // Full of beginnings that lead nowhere.
-      [&](std::size_t n) { return "search([\"abac\", \"abaabc\"], " + text("abaab", n) + ")"; },
-      [&](std::size_t n) {
-        return "search([" + text("a", n) + ", " + text("ab", n) + "], \"ba\")";
-      },
-      // a, aa, aaa, ... of n bytes in all.
-      [&](std::size_t n) {
-        const auto longest = static_cast<std::size_t>(std::sqrt(2.0 * static_cast<double>(n)));
-        return "search(" + list(longest, [&](std::size_t i) { return text("a", i); }) + ", \"b\")";
-      },
-  };
-  for (const Make& make : calls) EXPECT_LE(growth(make, 100000), 2.1) << make(64);
 }
 
 TEST(Automaton, StopsWhenToldAndGoesOnAfterInsertions) {

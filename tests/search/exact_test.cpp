@@ -8,7 +8,6 @@
 
 #include "support/check.h"
 #include "support/direct.h"
-#include "support/instructions.h"
 #include "words/sample_words.h"
 
 namespace vstring_test {
@@ -200,37 +199,6 @@ TEST(Exact, PlainRoutine) {
   EXPECT_EQ(0, Search("cd", 2, "abcd", 3));
   EXPECT_EQ(0, Search("", 0, "abcd", 4));
   EXPECT_EQ(0, Search("abc", 3, "ab", 2));
-}
-
-// Twice the text takes at most 2.1 times the instructions, whatever the pattern.
-TEST(Exact, LinearInTheWorstCase) {
-  if (!counts_instructions()) GTEST_SKIP() << "needs valgrind; runs in the long tier";
-  const auto text = [](const std::string& word, std::size_t n) {
-    return "repeat(\"" + word + "\", " + std::to_string(n / word.size()) + ")";
-  };
-  const auto search = [](const std::string& pattern, const std::string& searched) {
-    return "searchx(" + pattern + ", " + searched + ")";
-  };
-  const std::string fibonacci = fibonacci_word(987);
-  using Make = std::function<std::string(std::size_t)>;
-  const Make calls[] = {
-      [&](std::size_t n) {
-        return search("cap(" + text("a", n / 2) + ", \"\", \"b\")", text("a", n));
-      },
-      [&](std::size_t n) {
-        return search("cap(" + text("a", n / 2) + ", \"b\", \"\")", text("a", n));
-      },
-      [&](std::size_t n) { return search(text("a", 32), text("a", n)); },
-      [&](std::size_t n) { return search(text("aba", 3000), text("abaabab", n)); },
-      [&](std::size_t n) { return search("\"" + fibonacci + "b\"", text(fibonacci, n)); },
-      [&](std::size_t n) {
-        return "length(substx(" + text("a", n) + ", " + text("a", 32) + ", \"b\"))";
-      },
-      [&](std::size_t n) {
-        return "asearchb(" + text("ab", 200) + ", " + text("aab", n) + ", 5, 2)";
-      },
-  };
-  for (const Make& make : calls) EXPECT_LE(growth(make, 100000), 2.1) << make(64);
 }
 
 }  // namespace

@@ -5,19 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-
-#include "support/check.h"
 
 namespace vstring_test {
-
-bool counts_instructions() {
-#if defined(__SANITIZE_ADDRESS__)
-  return false;
-#else
-  return long_tier() && std::filesystem::exists("/usr/bin/valgrind");
-#endif
-}
 
 std::uint64_t instructions(const std::string& expression) {
   const std::string command =

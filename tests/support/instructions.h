@@ -5,9 +5,6 @@
 
 namespace vstring_test {
 
-// Whether instructions() can be asked: in the long tier, with valgrind, without sanitizers.
-bool counts_instructions();
-
 // Instructions that the reference host takes to evaluate `expression`, its own start included; the
 // value should be short. 0 when the host fails.
 std::uint64_t instructions(const std::string& expression);

@@ -1,4 +1,4 @@
-// Words of 100 MB, within the memory that the algorithms state. Long tier only.
+// Words of 100 MB, within the memory that the algorithms state.
 #include <gtest/gtest.h>
 
 #include "support/allocations.h"
@@ -13,11 +13,8 @@ constexpr std::size_t kFibonacciBefore = 63245986;      // that of the one befor
 constexpr std::size_t kLinear = 4 * (kFibonacci + 64);  // a border array
 constexpr std::size_t kResult = kFibonacci + 64;        // no more than the result itself
 
-class LargeWords : public testing::Test {
+class LargeWordsLongTier : public testing::Test {
  protected:
-  void SetUp() override {
-    if (!long_tier()) GTEST_SKIP() << "long tier only";
-  }
   void TearDown() override { limit_allocation(before_); }
 
   // What a call may ask for in one piece.
@@ -27,7 +24,7 @@ class LargeWords : public testing::Test {
   std::size_t before_ = limit_allocation(SIZE_MAX);
 };
 
-TEST_F(LargeWords, PeriodsAndConjugates) {
+TEST_F(LargeWordsLongTier, PeriodsAndConjugates) {
   const std::string w = fibonacci_word(kFibonacci);
   allow(kLinear);
   EXPECT_EQ(printed(kFibonacciBefore), answer(vstring_period, {w}));
@@ -40,7 +37,7 @@ TEST_F(LargeWords, PeriodsAndConjugates) {
   EXPECT_EQ("true", answer(vstring_isprim, {w}));
 }
 
-TEST_F(LargeWords, PowersAndDistances) {
+TEST_F(LargeWordsLongTier, PowersAndDistances) {
   const std::string u = random_word(12345, 3, 1);
   const std::string w = periodic_word(u, 8000 * u.size());
   allow(1 << 16);
