@@ -45,9 +45,10 @@ constexpr std::int64_t kIntegers[] = {
 
 // Argument kinds that commands ask for: string, small integer, range, list of strings, equation,
 // weights, keyword, number of an algorithm.
-constexpr const char* kShapes[] = {
-    "s",  "ss",  "sss", "ssi", "ssia", "si", "sii", "sis", "i",   "l", "ls", "sl", "sr",  "e", "es",
-    "se", "sie", "k",   "ik",  "ssw",  "r",  "w",   "sk",  "ske", "a", "aa", "as", "saa", "ksr", ""};
+constexpr const char* kShapes[] = {"s",   "ss", "sss", "ssi", "ssia", "si", "sii", "sis",
+                                   "i",   "l",  "ls",  "sl",  "sr",   "e",  "es",  "se",
+                                   "sie", "k",  "ik",  "ssw", "r",    "w",  "sk",  "ske",
+                                   "a",   "aa", "as",  "saa", "ksr",  ""};
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
