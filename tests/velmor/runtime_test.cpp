@@ -81,62 +81,38 @@ TEST_F(Runtime, IntegersAreImmediateWhileTheyFit) {
     EXPECT_EQ(parsed % 2, object % 2);
     EXPECT_EQ(velmor_to_integer(parsed), value);
   }
+  const HostTable* const host = velmor_table(heap);
+  for (const std::int64_t value : {INT32_MAX, INT32_MIN}) {
+    const std::int64_t beyond = value < 0 ? value - 1 : value + 1;
+    EXPECT_TRUE(host->HostIsInteger32(integer(value)));
+    EXPECT_FALSE(host->HostIsInteger32(integer(beyond)));
+  }
   for (const std::string digits : {"9223372036854775808", "-9223372036854775809",
                                    "-100000000000000000000000000000000000000000"}) {
     const HostObject object = velmor_big_integer(heap, digits.c_str());
     EXPECT_EQ(print(object), digits);
     EXPECT_EQ(velmor_tag(object), digits[0] == '-' ? HOST_TAG_NEGATIVE : HOST_TAG_NON_NEGATIVE);
     EXPECT_EQ(velmor_to_integer(object), 0);
-    EXPECT_TRUE(velmor_table(heap)->HostIsInteger(object));
-    EXPECT_FALSE(velmor_table(heap)->HostIsInteger32(object));
+    EXPECT_TRUE(host->HostIsInteger(object));
+    EXPECT_FALSE(host->HostIsInteger32(object));
   }
   for (const char* bad : {"", "-", "1x", " 1", "+1", "--1"})
     EXPECT_EQ(velmor_big_integer(heap, bad), 0U) << bad;
 }
 
-TEST_F(Runtime, Integer32HasItsEdges) {
-  const HostTable* host = velmor_table(heap);
-  for (const auto& [value, fits] : {std::pair{std::int64_t{INT32_MAX}, true},
-                                    {std::int64_t{INT32_MAX} + 1, false},
-                                    {std::int64_t{INT32_MIN}, true},
-                                    {std::int64_t{INT32_MIN} - 1, false}})
-    EXPECT_EQ(host->HostIsInteger32(integer(value)) != 0, fits) << value;
-  EXPECT_FALSE(host->HostIsInteger32(string("1")));
-}
-
-TEST_F(Runtime, SequencesSpliceAndSetsDropDuplicates) {
-  const HostObject pair = sequence({integer(1), sequence({})});
-  EXPECT_EQ(print(list({pair, integer(2), pair})), "[1, 2, 1]");
-  const Objects items = {name("a"),          string("a"), integer(1),
-                         list({integer(1)}), string("a"), list({integer(1)})};
-  EXPECT_EQ(print(velmor_set(heap, items.size(), items.data())), "{a, \"a\", 1, [1]}");
-  EXPECT_EQ(velmor_size(list({})), 0U);
-  EXPECT_EQ(words(words(list({}))[1])[0] & 0xffffffff, 1U);
-}
-
+// What prints is read back in the session's tests; here what never comes from there.
 TEST_F(Runtime, PrintsHostSyntax) {
   const HostObject x = name("x");
-  const HostObject one = integer(1);
-  const HostObject equation = velmor_equation(heap, x, one);
-  const HostObject range = velmor_range(heap, one, integer(-2));
+  const HostObject equation = velmor_equation(heap, x, integer(1));
   const std::pair<HostObject, const char*> rows[] = {
       {string("a\"b\\\n\t\x01\x7f\xff`"), R"("a\"b\\\n\t\001\177\377`")"},
-      {name("x_1"), "x_1"},
       {name("1x"), "`1x`"},
       {name(""), "``"},
       {name("a `b`"), R"(`a \`b\``)"},
       {velmor_float(heap, 2), "2.0"},
       {velmor_float(heap, -0.1), "-0.1"},
-      {velmor_float(heap, 1e300), "1e+300"},
-      {range, "1 .. -2"},
-      {equation, "x = 1"},
-      {velmor_equation(heap, range, range), "1 .. -2 = 1 .. -2"},
-      {velmor_range(heap, range, equation), "(1 .. -2) .. (x = 1)"},
-      {velmor_equation(heap, equation, sequence({one, x})), "(x = 1) = (1, x)"},
-      {list({equation, range}), "[x = 1, 1 .. -2]"},
-      {velmor_function(heap, name("f"), sequence({x, list({})})), "f(x, [])"},
-      {sequence({x, one}), "x, 1"},
-      {sequence({}), ""},
+      {velmor_range(heap, integer(1), equation), "1 .. (x = 1)"},
+      {velmor_equation(heap, equation, sequence({integer(1), x})), "(x = 1) = (1, x)"},
   };
   for (const auto& [object, text] : rows) EXPECT_EQ(print(object), text);
 }
@@ -225,38 +201,8 @@ TEST_F(Runtime, MemoryIsReusedAndStaysFlat) {
 
 // ---- The table ----
 
-TEST_F(Runtime, TableBuildsValues) {
-  const VelmorCommand build = [](const HostTable* host, HostObject args) {
-    const HostObject list = host->HostNewList(2);
-    host->HostListAssign(list, 2, argument(args, 1));
-    const HostObject sequence = host->HostNewExpSeq(2);
-    reinterpret_cast<HostObject*>(sequence)[2] = host->HostNewFloat(0.5);
-    return host->HostNewSeqOf(
-        8, list, host->HostSeqToList(sequence), host->HostSeqToList(host->HostNull()),
-        host->HostToBoolean(7), host->HostToBoolean(0), host->HostToBoolean(-1),
-        host->HostNewExpr("=", host->HostNewName("n", 1), host->HostNewInteger(INT64_MIN)),
-        host->HostQuote(host->HostNewString("")));
-  };
-  EXPECT_EQ(call(build, {integer(3)}),
-            "[3], [0.5], [], true, false, FAIL, n = -9223372036854775808, \"\"");
-  EXPECT_STREQ(velmor_faults(heap), "");
-}
-
 TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
-  struct Row {
-    const char* fault;
-    VelmorCommand command;
-  };
-  const Row rows[] = {
-      {"HostToInteger32 of no 32-bit integer",
-       [](const HostTable* host, HostObject) {
-         return HostObject{1} +
-                static_cast<HostObject>(host->HostToInteger32(host->HostNewInteger(1LL << 40)));
-       }},
-      {"HostNumArgs of no sequence",
-       [](const HostTable* host, HostObject) {
-         return static_cast<HostObject>(host->HostNumArgs(host->HostNewString("")));
-       }},
+  const std::pair<const char*, VelmorCommand> rows[] = {
       {"HostToCString of no string",
        [](const HostTable* host, HostObject args) {
          return HostObject(host->HostToCString(args) != nullptr);
@@ -268,17 +214,8 @@ TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
          host->HostListAssign(host->HostNewList(2), 3, args);
          return args;
        }},
-      {"HostNewList with a negative count",
-       [](const HostTable* host, HostObject) { return host->HostNewList(-1); }},
       {"HostNewExpr with an unknown operator",
        [](const HostTable* host, HostObject args) { return host->HostNewExpr("+", args, args); }},
-      {"HostSeqToList of no sequence",
-       [](const HostTable* host, HostObject) { return host->HostSeqToList(3); }},
-      {"HostAssign to no name",
-       [](const HostTable* host, HostObject args) {
-         host->HostAssign(args, args);
-         return args;
-       }},
       {"HostError: a placeholder stands for no object",
        [](const HostTable* host, HostObject args) {
          const std::uint64_t no_object[4] = {};
@@ -290,27 +227,18 @@ TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
          host->unlisted103[13]();
          return args;
        }},
-      {"unlisted position 56 called",
-       [](const HostTable* host, HostObject args) {
-         return reinterpret_cast<HostObject>(host->HostRTableData(args));
-       }},
       {"a command returned no object", [](const HostTable*, HostObject) { return HostObject{0}; }},
   };
-  for (const Row& row : rows) {
+  for (const auto& [fault, command] : rows) {
     velmor_clear_faults(heap);
-    const std::string text = std::string("fault of the library: ") + row.fault;
-    EXPECT_EQ(call(row.command), "error: " + text);
+    const std::string text = std::string("fault of the library: ") + fault;
+    EXPECT_EQ(call(command), "error: " + text);
     EXPECT_EQ(velmor_faults(heap), text + "\n");
   }
 }
 
 TEST_F(Runtime, ErrorsFillTheirPlaceholders) {
-  struct Row {
-    const char* message;
-    const char* text;
-  };
-  const Row rows[] = {
-      {"plain", "plain"},
+  const std::pair<const char*, const char*> rows[] = {
       {"%1, %2 and %3", "\"a b\", [-11] and 3"},
       {"the %-3", "the 3rd"},
       {"100%% %%1 %", "100%% %%1 %"},
@@ -321,44 +249,13 @@ TEST_F(Runtime, ErrorsFillTheirPlaceholders) {
     host->HostError(message, argument(args, 1), argument(args, 2), argument(args, 3));
     return host->HostNull();
   };
-  for (const Row& row : rows) {
-    message = row.message;
+  for (const auto& [placeholders, text] : rows) {
+    message = placeholders;
     EXPECT_EQ(call(raise, {string("a b"), list({integer(-11)}), integer(3)}),
-              std::string("error: ") + row.text);
+              std::string("error: ") + text);
   }
   message = "%-1 %-2 %-3";
   EXPECT_EQ(call(raise, {integer(1), integer(112), integer(-14)}), "error: 1st 112nd -14th");
-}
-
-TEST_F(Runtime, AssignSetsValuesButNotOfConstants) {
-  const VelmorCommand assign = [](const HostTable* host, HostObject args) {
-    host->HostAssign(argument(args, 1), argument(args, 2));
-    return host->HostNull();
-  };
-  EXPECT_EQ(call(assign, {name("x"), string("value")}), "");
-  EXPECT_EQ(print(velmor_value(heap, name("x"))), "\"value\"");
-  EXPECT_EQ(call(assign, {name("true"), integer(1)}), "error: cannot assign to true");
-  EXPECT_STREQ(velmor_faults(heap), "");
-}
-
-TEST_F(Runtime, OutputGoesWhereItIsSent) {
-  static std::string output;
-  output.clear();
-  velmor_set_output(
-      heap, [](void*, const char* text) { output += text; }, nullptr);
-  velmor_set_userinfo(
-      heap,
-      [](void*, std::int64_t level, const char* package, const char* text) {
-        output += std::to_string(level) + "|" + package + "|" + text;
-      },
-      nullptr);
-  const VelmorCommand speak = [](const HostTable* host, HostObject args) {
-    host->HostPrintf("%s-%d.%ld %5.2f\n", std::string(500, 'x').c_str(), 5, 1L << 40, 0.125);
-    host->HostUserInfo(10, "PatternDictionary", "freeing");
-    return args;
-  };
-  call(speak);
-  EXPECT_EQ(output, std::string(500, 'x') + "-5.1099511627776  0.12\n10|PatternDictionary|freeing");
 }
 
 // ---- Calls and evaluation ----
@@ -366,30 +263,18 @@ TEST_F(Runtime, OutputGoesWhereItIsSent) {
 const VelmorCommand kEvaluate = [](const HostTable* host, HostObject args) {
   return host->HostEvalProc(argument(args, 1), 2, argument(args, 2), argument(args, 3));
 };
-const VelmorCommand kEvaluateQuoted = [](const HostTable* host, HostObject args) {
-  return host->HostEvalProc(argument(args, 1), 2, host->HostQuote(argument(args, 2)),
-                            argument(args, 3));
-};
 
-TEST_F(Runtime, ConvertAndSprintfAreBuiltIn) {
-  const HostObject x = name("x y");
+TEST_F(Runtime, ArgumentsAreEvaluated) {
   const auto convert = [&](HostObject object) {
-    return call(kEvaluateQuoted, {name("convert"), object, name("string")});
+    return call(kEvaluate, {name("convert"), object, name("string")});
   };
-  EXPECT_EQ(convert(integer(-7)), "\"-7\"");
-  EXPECT_EQ(convert(string("s")), "\"s\"");
-  EXPECT_EQ(convert(x), "\"x y\"");
-  EXPECT_EQ(convert(list({x, string("s")})), R"("[`x y`, \"s\"]")");
-  EXPECT_EQ(call(kEvaluate, {name("sprintf"), string("%a"), x}), "\"`x y`\"");
-  velmor_assign(heap, x, integer(9));
-  EXPECT_EQ(convert(x), "\"x y\"");
-  EXPECT_EQ(call(kEvaluate, {name("convert"), x, name("string")}), "\"9\"");
-  EXPECT_EQ(call(kEvaluate, {name("convert"), x, name("list")}),
+  velmor_assign(heap, name("x"), integer(9));
+  EXPECT_EQ(convert(name("x")), "\"9\"");
+  velmor_assign(heap, name("y"), name("x"));
+  velmor_assign(heap, name("x"), name("y"));
+  EXPECT_EQ(convert(name("x")), "error: recursive assignment of x");
+  EXPECT_EQ(call(kEvaluate, {name("convert"), string("s"), name("list")}),
             "error: convert is not a procedure");
-  velmor_assign(heap, name("y"), x);
-  velmor_assign(heap, x, name("y"));
-  EXPECT_EQ(call(kEvaluate, {name("convert"), x, name("string")}),
-            "error: recursive assignment of `x y`");
 }
 
 TEST_F(Runtime, EvaluatorsNestAndFailOutwards) {
@@ -426,15 +311,14 @@ TEST_F(Runtime, EvaluatorsNestAndFailOutwards) {
 }
 
 TEST_F(Runtime, HeapsAreApart) {
-  VelmorHeap* other = velmor_heap_new();
-  static VelmorHeap* inner_heap;
-  inner_heap = other;
+  static VelmorHeap* other;
+  other = velmor_heap_new();
   const VelmorCommand nested = [](const HostTable* host, HostObject args) {
     const VelmorCommand make = [](const HostTable* table, HostObject) {
       return table->HostNewString("inner");
     };
     HostObject inner = 0;
-    velmor_call(inner_heap, make, velmor_sequence(inner_heap, 0, nullptr), &inner);
+    velmor_call(other, make, velmor_sequence(other, 0, nullptr), &inner);
     return host->HostNewSeqOf(2, host->HostNewString("outer"), args);
   };
   EXPECT_EQ(call(nested), "\"outer\"");
@@ -442,28 +326,6 @@ TEST_F(Runtime, HeapsAreApart) {
   EXPECT_NE(name("x"), velmor_name(other, "x"));
   EXPECT_EQ(name("x"), name("x"));
   velmor_heap_free(other);
-}
-
-TEST_F(Runtime, TheChosenOperationFailsOnce) {
-  const VelmorCommand build = [](const HostTable* host, HostObject args) {
-    const HostObject n = host->HostNewName("n", 1);
-    host->HostGcProtect(n);
-    host->HostGcAllow(n);
-    const HostObject list = host->HostNewList(host->HostNumArgs(args));
-    host->HostListAssign(list, 1, host->HostNewInteger(host->HostIsString(n)));
-    host->HostAssign(n, list);
-    return host->HostQuote(list);
-  };
-  constexpr std::size_t kOperations = 6;
-  const std::size_t before = velmor_operation_count(heap);
-  EXPECT_EQ(call(build, {integer(1)}), "[0]");
-  EXPECT_EQ(velmor_operation_count(heap) - before, kOperations);
-  for (std::size_t k = 1; k <= kOperations + 1; ++k) {
-    velmor_fail_operation(heap, k);
-    EXPECT_EQ(call(build, {integer(1)}), k <= kOperations ? "error: injected failure" : "[0]");
-    velmor_fail_operation(heap, 0);
-    EXPECT_EQ(call(build, {integer(1)}), "[0]");
-  }
 }
 
 }  // namespace
