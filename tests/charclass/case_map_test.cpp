@@ -18,11 +18,6 @@ TEST(CaseMaps, Forms) {
        R"("aBCd", "abcD", "abcd")"},
       {R"(lowercase("ABCD", 3 .. 2), lowercase("ABCD", 1 .. 1, 7), lowercase("AB", 7, 7))",
        R"("ABCD", "abcd", "ab")"},
-      {"lowercase()", "error: expecting one argument, but got 0"},
-      {"uppercase(7, 7)", "error: first argument must be a string"},
-      {R"(uppercase("a", 7))", "error: second argument must be a range"},
-      {R"(uppercase("a", 0 .. 1))", "error: invalid range"},
-      {R"(lowercase("", 1 .. 1))", "error: invalid range"},
       {R"(lowercase("a", 1 .. b))", "error: upper endpoint of range must be a small integer"},
   });
 }
@@ -32,17 +27,11 @@ TEST(CaseMaps, CapitaliseAndTranslate) {
       {R"(capitalise("hello wORLD"), capitalise(""), capitalise("x-ray 3COM a\351bc"))",
        R"("Hello World", "", "X-Ray 3com A\351Bc")"},
       {R"(capitalise("ab", 7))", R"("Ab")"},
-      {"capitalise()", "error: expecting one argument, but got 0"},
-      {"capitalise(7)", "error: first argument must be a string"},
       {R"(tr("abca", "xyzw", "aaa"), tr("", "", "abc"), tr("a", "xyz", `banana`))",
        R"("xxx", "abc", "bxnxnx")"},
       {R"(tr("a\377", "\377a", "a\377b"), tr("a", "b", ""), tr("a", "b", "a", 7))",
        R"("\377ab", "", "b")"},
       {R"(tr("ab", "x", "a"))", "error: second argument must be as long as the first"},
-      {R"(tr("ab", "x", 7))", "error: third argument must be a string"},
-      {R"(tr("ab", 7, 7))", "error: second argument must be a string"},
-      {"tr(7, 7, 7)", "error: first argument must be a string"},
-      {R"(tr("ab", "x"))", "error: expecting 3 arguments, but got 2"},
   });
 }
 

@@ -165,13 +165,7 @@ TEST(Predicates, WholeTextsAndRanges) {
       {R"(isalpha("ab\351", 1 .. 2), isalpha("ab\351", 1 .. 3), hasalpha("1\351", 2 .. 2))",
        "true, false, false"},
       {R"(isalpha("ab1", 1 .. 2, 7))", "true"},
-      {"isvowel()", "error: expecting one argument, but got 0"},
-      {"hasvowel(7, 7)", "error: argument must be a string"},
-      {R"(isvowel("a", 1))", "error: second argument must be a range"},
-      {R"(hasvowel("a", x))", "error: second argument must be a range"},
       {R"(isvowel("a", 1.5 .. 2))", "error: lower endpoint of range must be a small integer"},
-      {R"(isvowel("a", 0 .. 1))", "error: invalid range"},
-      {R"(hasvowel("", 1 .. 1))", "error: invalid range"},
   });
 }
 
@@ -248,8 +242,6 @@ TEST(Expansion, Lists) {
       {R"(expandCharClass("z-a"))", "error: invalid character class specification"},
       {R"(expandCharClass("[^a-\\z]"))", "error: invalid character class specification"},
       {R"(expandCharClass("a", 7))", R"("a")"},
-      {"expandCharClass()", "error: expecting one argument, but got 0"},
-      {"expandCharClass([a])", "error: argument must be a string"},
   });
 }
 

@@ -14,20 +14,12 @@ TEST(Joining, JoinAndImplode) {
   Check({
       {R"(join(["a", "b", "c"]), join(["a", `b`, ""], "--"), join(["a", "b"], ""))",
        R"("a b c", "a--b--", "ab")"},
-      {R"(join([]), join([x]), join([7]), join([[]], 7))", R"("", x, 7, [])"},
+      {"join([]), join([x]), join([7]), join([[]], 7)", R"("", x, 7, [])"},
       {R"(join(["a", "b"], sep, 7))", R"("asepb")"},
-      {"join()", "error: expecting one argument, but got 0"},
-      {R"(join({"a"}))", "error: first argument must be a list of strings"},
-      {R"(join("a"))", "error: first argument must be a list of strings"},
-      {"join(7)", "error: first argument must be a list of strings"},
-      {R"(join(["a", 7], 7))", "error: first argument must be a list of strings"},
-      {R"(join(["a", "b"], 7))", "error: second argument must be a string"},
       {R"(implode(["abc", "", `de`]), implode([]), implode(["", ""]), implode(["\351x"]))",
        R"("ad", "", "", "\351")"},
-      {"implode()", "error: expecting one argument, but got 0"},
       {R"(implode({"a"}))", "error: argument must be a list"},
       {R"(implode("a"))", "error: argument must be a list"},
-      {R"(implode(["a", 7]))", "error: first argument must be a list of strings"},
   });
 }
 
@@ -36,19 +28,11 @@ TEST(Joining, ExplodeAndSplit) {
       {R"(explode("hello", 2 .. 3), explode(`a\351`), explode("ab", 3 .. 2))",
        R"(["e", "l"], ["a", "\351"], [])"},
       {R"(explode(""), explode("", 7), explode("abc", -2 .. 99))", R"([], [], ["b", "c"])"},
-      {"explode()", "error: expecting one argument, but got 0"},
-      {"explode(7)", "error: first argument must be a string"},
-      {R"(explode("abc", 2))", "error: second argument must be a range"},
-      {R"(explode("abc", 1 .. 0))", "error: invalid range"},
-      {R"(explode("abc", 3 .. 1))", "error: invalid range"},
       {R"(split("a  b"), split(" a"), split("a\t"), split(""))",
        R"(["a", "", "b"], ["", "a"], ["a", ""], [""])"},
       {R"(split("a\nb\fc\rd\ve"))", R"(["a", "b", "c", "d\ve"])"},
       {R"(split("a,b;c", ",;"), split(`a b`, ""), split(",", ","), split("a\351b", "\351"))",
        R"(["a", "b", "c"], ["a b"], ["", ""], ["a", "b"])"},
-      {"split()", "error: expecting one argument, but got 0"},
-      {"split(7, 7)", "error: first argument must be a string"},
-      {R"(split("a", 7))", "error: second argument must be a string"},
   });
 }
 
@@ -56,17 +40,11 @@ TEST(Joining, MixedCase) {
   Check({
       {R"(casejoin(["hello", "world"]), casejoin(["a1", "Bc", "", `x`]), casejoin([]))",
        R"("HelloWorld", "A1BcX", "")"},
-      {R"(casejoin(["abc"]), casejoin(["\351a", "1a"]))", R"("Abc", "\351a1a")"},
-      {"casejoin()", "error: expecting one argument, but got 0"},
-      {R"(casejoin({"a"}))", "error: first argument must be a list of strings"},
-      {R"(casejoin(["a", 7]))", "error: first argument must be a list of strings"},
-      {"casejoin(a)", "error: first argument must be a list of strings"},
-      {R"(casesplit("helloWorldFoo"))", R"("hello", "World", "Foo")"},
+      {R"(casejoin(["abc"]), casejoin(["\351a", "1a"]), casesplit("helloWorldFoo"))",
+       R"("Abc", "\351a1a", "hello", "World", "Foo")"},
       {R"([casesplit("ABC")], [casesplit("Hello")], [casesplit("")], [casesplit(`aB`)])",
        R"(["A", "B", "C"], ["Hello"], [""], ["a", "B"])"},
       {R"([casesplit("a\311B\351")])", R"(["a\311", "B\351"])"},
-      {"casesplit()", "error: expecting one argument, but got 0"},
-      {"casesplit([a])", "error: argument must be a string"},
   });
 }
 

@@ -16,25 +16,17 @@ TEST(Orders, Lexicographic) {
   Check({
       {R"(lex("ab", "abc"), lex("b", "abc"), lex("", ""), lex("a", "\351"))", "-1, 1, 0, -1"},
       {R"(lex("a", "c", "cba"), lex("ax", "ax", "q"), lex("a", "ab", ""))", "1, 0, -1"},
-      {R"(lex("a", "c", "ab"))", "error: invalid support string"},
-      {R"(lex("a", "c", ""))", "error: invalid support string"},
       {R"(lex("a", "c", "abcba"))", "error: repeated character `\"b\"' detected in support"},
       {R"(revlex("ab", "b"), revlex("ba", "ca"), revlex("xb", "ya"), revlex("a", "\351"))",
        "0, -1, 1, 1"},
       {R"(revlex("", ""), revlex("", "a"), revlex("a", ""), revlex("", "a", "x"))", "0, -1, 1, -1"},
       {R"(revlex("ba", "ca", "x"), revlex("a", "xb", "x"), revlex("xb", "a", "x"))", "0, -1, 1"},
       {R"(revlex("xab", "xcb", "ca"), revlex("xab", "xab", ""))", "1, 0"},
-      {R"(revlex("xab", "xcb", "a"))", "error: invalid support string"},
       {R"(shortlex("b", "abc"), shortlex("b", "a"), shortlex("ab", "c", ""))", "-1, 1, 1"},
       {R"(shortlex("a", "c", "ca"), shortrevlex("ab", "b"), shortrevlex("ab", "ba"))", "1, 1, 1"},
       {R"(shortrevlex("", ""), shortrevlex("xab", "xcb", "ca"), shortrevlex("ab", "b", "x"))",
        "0, 1, 1"},
-      {R"(shortlex("a", "c", "a"))", "error: invalid support string"},
       {R"(shortlex("a", "ab", "aa"))", "error: repeated character `\"a\"' detected in support"},
-      {R"(shortrevlex("a", "ab", 7))", "error: third argument must be a string"},
-      {R"(lex("a"))", "error: expecting 2 arguments, but got 1"},
-      {R"(revlex(7, 7, 7))", "error: first argument must be a string"},
-      {R"(shortlex(`a`, 7, 7))", "error: second argument must be a string"},
   });
 }
 
@@ -49,9 +41,6 @@ TEST(Orders, Weighted) {
       {R"(wreathorder("xa", "xb", []), wreathorder("b", "ab", ["b" = 9]), wreathorder("", "", []))",
        "-1, -1, 0"},
       {R"(wreathorder("a", "\351", ["a" = 0]), wreathorder("ab", "b", []))", "-1, 1"},
-      {R"(wslo("a", "b"))", "error: expecting 3 arguments, but got 2"},
-      {"wslo(7, 7, 7)", "error: first argument must be a string"},
-      {R"(wreathorder("a", 7, 7))", "error: second argument must be a string"},
       {R"(wslo("a", "b", {"a" = 1}))", "error: expecting a list"},
       {R"(wslo("a", "b", 7))", "error: expecting a list"},
       {R"(wslo("a", "b", ["a" = 1, 7, 8 = 9]))", "error: expecting a list of equations"},
@@ -170,15 +159,12 @@ TEST(Orders, Sorting) {
     SortString(exported.data(), bytes.data(), static_cast<std::int64_t>(n));
     EXPECT_EQ(sorted + '\0' + '#', exported);
   }
-  Check({{R"(sort("banana"), sort("b\351a"), sort(`a`), sort(""))", R"("aaabnn", "ab\351", a, "")"},
-         {R"(issorted("aab"), issorted("aba"), issorted("a\351"), issorted(""))",
-          "true, false, true, true"},
-         {R"(compare("abd", "abc"), compareci("ABC", `abc`))", "false, true"},
-         {R"(compare("a", 7))", "error: second argument must be a string"},
-         {R"(rrpo("a"))", "error: expecting 2 arguments, but got 1"},
-         {"sort()", "error: expecting one argument, but got 0"},
-         {"sort(7)", "error: argument must be a string"},
-         {"issorted({})", "error: argument must be a string"}});
+  Check({
+      {R"(sort("banana"), sort("b\351a"), sort(`a`), sort(""))", R"("aaabnn", "ab\351", a, "")"},
+      {R"(issorted("aab"), issorted("aba"), issorted("a\351"), issorted(""))",
+       "true, false, true, true"},
+      {R"(compare("abd", "abc"), compareci("ABC", `abc`))", "false, true"},
+  });
 }
 
 }  // namespace

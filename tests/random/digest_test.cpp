@@ -41,26 +41,24 @@ TEST(Digests, EveryLengthOfFourBlocks) {
 // Appendix A.5 of RFC 1321 and of RFC 1320; all spellings of the methods.
 TEST(Digests, PublishedVectors) {
   Check({
-      {R"(hash(""))", R"("d41d8cd98f00b204e9800998ecf8427e")"},
-      {R"(hash("", method = md4))", R"("31d6cfe0d16ae931b73c59d7e0c089c0")"},
-      {R"(hash("abc", method = MD5))", R"("900150983cd24fb0d6963f7d28e17f72")"},
-      {R"(hash(`abc`, `method` = "md4", 7))", R"("a448017aaf21d8525fc10ae87aa6729d")"},
-      {R"(hash("message digest", "method" = "md5"))", R"("f96b697d7cb7938d525a2f31aaf161d0")"},
-      {R"(hash("message digest", method = MD4))", R"("d9130a8164549fe818874806e1c7014b")"},
+      {R"(hash(""), hash("", method = md4))",
+       R"("d41d8cd98f00b204e9800998ecf8427e", "31d6cfe0d16ae931b73c59d7e0c089c0")"},
+      {R"(hash("abc", method = MD5), hash(`abc`, `method` = "md4", 7))",
+       R"("900150983cd24fb0d6963f7d28e17f72", "a448017aaf21d8525fc10ae87aa6729d")"},
+      {R"(hash("message digest", "method" = "md5"), hash("message digest", method = MD4))",
+       R"("f96b697d7cb7938d525a2f31aaf161d0", "d9130a8164549fe818874806e1c7014b")"},
   });
 }
 
 TEST(Digests, Refusals) {
   Check({
       {"hash()", "error: arguments expected"},
-      {"hash(7)", "error: first argument must be a string"},
       {"hash(7, md5)", "error: invalid option: md5"},
       {"hash(7, 1 = md5)", "error: invalid option: 1 = md5"},
       {"hash(7, methods = md5)", "error: invalid option: methods = md5"},
       {"hash(7, method = 4)", "error: method must be a string, but received 4"},
       {"hash(7, \"method\" = \"Md5\")", "error: unrecognised method `\"Md5\"'"},
       {"hash(7, method = `md-5`)", "error: unrecognised method ``md-5`'"},
-      {"hash(7, method = md4)", "error: first argument must be a string"},
   });
 }
 

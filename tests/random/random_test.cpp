@@ -171,19 +171,13 @@ TEST_F(FreshLibrary, LastClass) {
 
 TEST(Random, RefusalsAndEdges) {
   Check({
-      {"random()", "error: expecting one argument, but got 0"},
-      {"random(x)", "error: first argument must be a 32-bit integer"},
-      {"random(2147483648)", "error: first argument must be a 32-bit integer"},
       {"random(-7, 1)", "error: first argument must be a non-negative integer, but received -7"},
       {"random(3, 7)", "error: unrecognised character class `7'"},
       {"random(3, \"\")", "error: character class must be nonempty"},
-      {"random(0), length(random(9000, digit)), random(4, \"a\")", "\"\", 9000, \"aaaa\""},
-      {"randperm()", "error: expecting one argument, but got 0"},
-      {"randperm(\"3\")", "error: first argument must be a 32-bit integer"},
+      {R"(random(0), length(random(9000, digit)), random(4, "a"))", R"("", 9000, "aaaa")"},
       {"randperm(-1)", "error: first argument must be non-negative"},
       {"randperm(0), randperm(1)", "[], [1]"},
       {"randomise(0)", "error: bad seed"},
-      {"randomise(1.5)", "error: first argument must be a 32-bit integer"},
       {"[randomise(-1)], [randomise()]", "[], []"},
   });
 }

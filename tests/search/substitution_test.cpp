@@ -13,18 +13,14 @@ namespace {
 
 TEST(Substitution, Values) {
   Check({
-      {"subst(\"abcab\", \"ab\", \"X\"), substx(\"abcab\", `ab`, \"X\")", "\"Xcab\", \"XcX\""},
-      {"substx(\"aaaa\", \"aa\", \"X\"), substx(\"aaaaaa\", \"aaa\", \"XY\")", "\"XX\", \"XYX\""},
-      {"substx(\"aaa\", \"aa\", \"\"), substx(\"aaa\", \"aa\", \"xyz\")", "\"\", \"xyza\""},
-      {"substx(\"aaaaaaaaa\", \"aaaa\", \"\")", "\"\""},
-      {"subst(\"a\\351b\", \"\\351\", \"\"), substx(\"aXa\", \"a\", \"aa\")", "\"ab\", \"aaXaa\""},
-      {"subst(\"abc\", \"\", \"X\"), substx(\"abc\", \"\", \"X\")", "\"abc\", \"abc\""},
-      {"subst(\"abc\", \"x\", \"X\"), substx(\"abc\", \"x\", \"X\")", "\"abc\", \"abc\""},
-      {"subst(\"\", \"\", \"X\"), substx(\"\", \"a\", \"X\", surplus)", "\"\", \"\""},
-      {"subst(\"a\", \"b\")", "error: expecting 3 arguments, but got 2"},
-      {"substx([\"a\"], 2, 3)", "error: first argument must be a string"},
-      {"subst(\"a\", {\"a\"}, 3)", "error: second argument must be a string"},
-      {"substx(\"a\", \"bb\", 3)", "error: third argument must be a string"},
+      {R"(subst("abcab", "ab", "X"), substx("abcab", `ab`, "X"))", R"("Xcab", "XcX")"},
+      {R"(substx("aaaa", "aa", "X"), substx("aaaaaa", "aaa", "XY"))", R"("XX", "XYX")"},
+      {R"(substx("aaa", "aa", ""), substx("aaa", "aa", "xyz"), substx("aaaaaaaaa", "aaaa", ""))",
+       R"("", "xyza", "")"},
+      {R"(subst("a\351b", "\351", ""), substx("aXa", "a", "aa"))", R"("ab", "aaXaa")"},
+      {R"(subst("abc", "", "X"), substx("abc", "", "X"))", R"("abc", "abc")"},
+      {R"(subst("abc", "x", "X"), substx("abc", "x", "X"))", R"("abc", "abc")"},
+      {R"(subst("", "", "X"), substx("", "a", "X", surplus))", R"("", "")"},
   });
 }
 

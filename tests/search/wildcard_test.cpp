@@ -86,9 +86,6 @@ TEST(Wild, Tables) {
       {R"(wild("*[ab]?c*", repeat("ab", 600)), wild("*[ab]?b*", repeat("ab", 600)))",
        "false, true"},
       {R"(wild(cap(repeat("[ab]", 70), "*", "c*"), repeat("ab", 600)))", "false"},
-      {R"(wild("a"))", "error: expecting 2 arguments, but got 1"},
-      {R"(wild(7, 7))", "error: first argument must be a string"},
-      {R"(wild("a", ["a"]))", "error: second argument must be a string"},
   });
 }
 

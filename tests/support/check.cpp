@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <set>
+#include <sstream>
 
 #include "support/allocations.h"
 #include "support/fingerprint.h"
@@ -102,6 +103,23 @@ void Check(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     fail_operations(row);
     fail_allocations(row);
+  }
+}
+
+void CheckRefusals(const std::vector<Refusal>& refusals) {
+  const std::string separator = "; ";
+  for (const auto& [message, calls] : refusals) {
+    for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + separator.size()) {
+      end = calls.find(separator, at);
+      Check({{calls.substr(at, end - at), "error: " + message}});
+    }
+  }
+}
+
+void CheckWords(const std::string& command, const std::string& pairs) {
+  std::istringstream in(pairs + ' ');
+  for (std::string from, to; std::getline(in, from, '/') && std::getline(in, to, ' ');) {
+    Check({{command + "(" + vstring_test::quoted(from) + ")", vstring_test::quoted(to)}});
   }
 }
 

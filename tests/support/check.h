@@ -28,6 +28,15 @@ std::string evaluate(const std::string& call);
 
 void Check(const std::vector<Row>& rows);
 
+// Calls with "; " between them, which are all refused with this message.
+struct Refusal {
+  std::string message, calls;
+};
+void CheckRefusals(const std::vector<Refusal>& refusals);
+
+// What a command makes of words, as "from/to from/to ...".
+void CheckWords(const std::string& command, const std::string& pairs);
+
 // For calls whose answer depends on what was called before: each row runs once, without failures.
 void CheckInOrder(const std::vector<Row>& rows);
 

@@ -13,95 +13,30 @@ const std::string kTooLong = "error: word is too long";
 
 std::string word(std::size_t n, char c = 'a') { return quoted(std::string(n, c)); }
 
-// The words that a command turns into other words.
-void check_stems(const std::string& command,
-                 std::initializer_list<std::pair<std::string, std::string>> pairs) {
-  std::vector<Row> rows;
-  for (const auto& [from, to] : pairs) {
-    rows.push_back({command + "(" + quoted(from) + ")", quoted(to)});
-  }
-  Check(rows);
-}
-
 TEST(Porter, EveryStep) {
-  check_stems("porter", {{"caresses", "caress"},
-                         {"ponies", "poni"},
-                         {"ties", "ti"},
-                         {"cats", "cat"},
-                         {"feed", "feed"},
-                         {"agreed", "agre"},
-                         {"plastered", "plaster"},
-                         {"bled", "bled"},
-                         {"sing", "sing"},
-                         {"conflated", "conflat"},
-                         {"troubled", "troubl"},
-                         {"sized", "size"},
-                         {"hopping", "hop"},
-                         {"falling", "fall"},
-                         {"hissing", "hiss"},
-                         {"fizzed", "fizz"},
-                         {"filing", "file"},
-                         {"failing", "fail"},
-                         {"happy", "happi"},
-                         {"sky", "sky"},
-                         {"relational", "relat"},
-                         {"conditional", "condit"},
-                         {"rational", "ration"},
-                         {"valenci", "valenc"},
-                         {"digitizer", "digit"},
-                         {"analogies", "analog"},
-                         {"possibly", "possibl"},
-                         {"vileli", "vile"},
-                         {"operator", "oper"},
-                         {"callousness", "callous"},
-                         {"sensibiliti", "sensibl"},
-                         {"triplicate", "triplic"},
-                         {"formative", "form"},
-                         {"electriciti", "electr"},
-                         {"hopeful", "hope"},
-                         {"goodness", "good"},
-                         {"replacement", "replac"},
-                         {"adoption", "adopt"},
-                         {"onion", "onion"},
-                         {"homologou", "homolog"},
-                         {"communism", "commun"},
-                         {"probate", "probat"},
-                         {"rate", "rate"},
-                         {"cease", "ceas"},
-                         {"controll", "control"},
-                         {"roll", "roll"}});
+  CheckWords(
+      "porter",
+      "caresses/caress ponies/poni ties/ti cats/cat feed/feed agreed/agre plastered/plaster "
+      "bled/bled sing/sing conflated/conflat troubled/troubl sized/size hopping/hop "
+      "falling/fall hissing/hiss fizzed/fizz filing/file failing/fail happy/happi sky/sky "
+      "relational/relat conditional/condit rational/ration valenci/valenc digitizer/digit "
+      "analogies/analog possibly/possibl vileli/vile operator/oper callousness/callous "
+      "sensibiliti/sensibl triplicate/triplic formative/form electriciti/electr hopeful/hope "
+      "goodness/good replacement/replac adoption/adopt onion/onion homologou/homolog "
+      "communism/commun probate/probat rate/rate cease/ceas controll/control roll/roll");
 }
 
 // Words so short that a rule would look before their start, runs of y, and bytes that are no
 // letters.
 TEST(Porter, Edges) {
-  check_stems("porter", {{"", ""},
-                         {"A", "A"},
-                         {"y", "y"},
-                         {"AB", "ab"},
-                         {"ies", "i"},
-                         {"aed", "a"},
-                         {"ion", "ion"},
-                         {"ing", "ing"},
-                         {"eed", "eed"},
-                         {"sss", "sss"},
-                         {"yyy", "yyi"},
-                         {"syzygy", "syzygi"},
-                         {"FLIES", "fli"},
-                         {"\xc4"
-                          "ED",
-                          "\xc4"
-                          "ed"},
-                         {"a1ed", "a1"},
-                         {"e-s", "e-"}});
+  CheckWords("porter",
+             "/ A/A y/y AB/ab ies/i aed/a ion/ion ing/ing eed/eed sss/sss yyy/yyi syzygy/syzygi "
+             "FLIES/fli a1ed/a1 e-s/e- \304ED/\304ed");
   Check({
-      {"porter(`x`)", "\"x\""},
-      {"porter(`Dogs`, 7)", "\"dog\""},
+      {"porter(`x`), porter(`Dogs`, 7)", R"("x", "dog")"},
       {"length(porter(" + word(127, 'y') + "))", "127"},
       {"length(porter(" + word(127, 's') + "))", "127"},
       {"porter(" + word(128) + ")", kTooLong},
-      {"porter()", "error: expecting one argument, but got 0"},
-      {"porter([\"a\"])", "error: first argument must be a string"},
   });
 }
 
@@ -114,34 +49,14 @@ TEST(Porter, VowelsAreThoseOfTheClassTable) {
 }
 
 TEST(Lancaster, Values) {
-  check_stems("lancaster", {{"maximum", "maxim"},
-                            {"multiply", "multiply"},
-                            {"provision", "provid"},
-                            {"owed", "ow"},
-                            {"ear", "ear"},
-                            {"saying", "say"},
-                            {"crying", "cry"},
-                            {"string", "string"},
-                            {"meant", "meant"},
-                            {"cement", "cem"},
-                            {"Maximum", "maxim"},
-                            {"", ""},
-                            {"s", "s"},
-                            {"as", "as"},
-                            {"ia", "ia"},
-                            {"misj", "mist"},
-                            {"anc", "ant"},
-                            {"churches", "church"},
-                            {"guish", "guish"},
-                            {"distinguish", "distinct"},
-                            {"analytic", "analys"}});
+  CheckWords(
+      "lancaster",
+      "maximum/maxim multiply/multiply provision/provid owed/ow ear/ear saying/say crying/cry "
+      "string/string meant/meant cement/cem Maximum/maxim / s/s as/as ia/ia misj/mist anc/ant "
+      "churches/church guish/guish distinguish/distinct analytic/analys");
   Check({
       {"lancaster(" + word(255, 'l') + ")", quoted(std::string(255, 'l'))},
       {"lancaster(" + word(256, '1') + ")", kTooLong},
-      {"lancaster(\"two words\")", "error: word must consist entirely of alphabetic characters"},
-      {"lancaster(\"caf\\351\")", "error: word must consist entirely of alphabetic characters"},
-      {"lancaster()", "error: expecting one argument, but got 0"},
-      {"lancaster(1)", "error: argument must be a string"},
   });
 }
 
@@ -169,63 +84,38 @@ TEST(Lancaster, Trace) {
 }
 
 TEST(PluralStemmer, Values) {
-  check_stems("pstem",
-              {{"ponies", "pony"},    {"PONIES", "PONY"}, {"shoes", "shoe"},    {"cats", "cat"},
-               {"CATS", "CAT"},       {"has", "has"},     {"Has", "Has"},       {"gas", "gas"},
-               {"analyses", "analy"}, {"boxes", "box"},   {"pies", "pi"},       {"ties", "ti"},
-               {"aaies", "aai"},      {"aeies", "aei"},   {"movies", "movy"},   {"bus", "bus"},
-               {"virus", "virus"},    {"glass", "glass"}, {"glasses", "glass"}, {"toes", "toe"},
-               {"trees", "tree"},     {"reaes", "reae"},  {"1 23s", "1 23"},    {"", ""}});
+  CheckWords("pstem",
+             "ponies/pony PONIES/PONY shoes/shoe cats/cat CATS/CAT has/has Has/Has gas/gas "
+             "analyses/analy boxes/box pies/pi ties/ti aaies/aai aeies/aei movies/movy bus/bus "
+             "virus/virus glass/glass glasses/glass toes/toe trees/tree reaes/reae /");
   Check({
-      {"pstem(`dogs`)", "\"dog\""},
+      {R"(pstem(`dogs`), pstem("1 23s"))", R"("dog", "1 23")"},
       {"length(pstem(" + word(255, 's') + "))", "255"},
       {"pstem(" + word(256) + ")", kTooLong},
-      {"pstem()", "error: expecting one argument, but got 0"},
-      {"pstem(1)", "error: argument must be a string"},
   });
 }
 
 TEST(PrefixStemmer, Values) {
-  check_stems("prestem", {{"kilogram", "gram"},
-                          {"unicycle", "icycle"},
-                          {"pre", "pre"},
-                          {"predispose", "pose"},
-                          {"decade", "cade"},
-                          {"disable", "able"},
-                          {"anti", "anti"},
-                          {"anti-war", "anti-war"},
-                          {"Unfair", "Unfair"},
-                          {"post1", "post1"},
-                          {"undo", "do"},
-                          {"isotope", "tope"},
-                          {"ununun", "un"},
-                          {"", ""}});
-  Check({
-      {"prestem(" + word(256) + ")", kTooLong},
-      {"prestem()", "error: expecting one argument, but got 0"},
-      {"prestem(1)", "error: argument must be a string"},
-  });
+  CheckWords(
+      "prestem",
+      "kilogram/gram unicycle/icycle pre/pre predispose/pose decade/cade disable/able "
+      "anti/anti anti-war/anti-war Unfair/Unfair post1/post1 undo/do isotope/tope ununun/un /");
+  Check({{"prestem(" + word(256) + ")", kTooLong}});
 }
 
 TEST(Stem, Dispatch) {
   Check({
-      {"stem(\"ponies\")", "\"poni\""},
-      {"stem(\"ponies\", stemmer = porter)", "\"poni\""},
-      {"stem(\"ponies\", \"stemmer\" = \"PLURAL\")", "\"pony\""},
-      {"stem(\"ponies\", plural)", "\"pony\""},
-      {"stem(\"ponies\", Sbremba)", "\"pony\""},
-      {"stem(\"ponies\", stemmer)", "\"pony\""},
-      {"stem(\"kilograms\", \"Prefix\")", "\"grams\""},
-      {"stem(\"maximum\", pAICE)", "\"maxim\""},
+      {R"(stem("ponies"), stem("ponies", stemmer = porter), stem("ponies", "stemmer" = "PLURAL"))",
+       R"("poni", "poni", "pony")"},
+      {R"(stem("ponies", plural), stem("ponies", Sbremba), stem("ponies", stemmer))",
+       R"("pony", "pony", "pony")"},
+      {R"(stem("kilograms", "Prefix"), stem("maximum", pAICE))", R"("grams", "maxim")"},
       {"stem(\"maximum\", stemmer = paic)", "error: unrecognised stemmer `paic'"},
       {"stem(\"maximum\", \"porters\")", "error: unrecognised stemmer `\"porters\"'"},
       {"stem(\"maximum\", \"\")", "error: unrecognised stemmer `\"\"'"},
       {"stem(\"maximum\", stemmer = 1)", "error: unrecognised option `stemmer = 1'"},
       {"stem(\"maximum\", method = porter)", "error: unrecognised option `method = porter'"},
       {"stem(\"maximum\", 12)", "error: unrecognised option `12'"},
-      {"stem(\"ma ximum\", paice)", "error: word must consist entirely of alphabetic characters"},
-      {"stem(1, 2)", "error: first argument must be a string"},
-      {"stem()", "error: expecting one argument, but got 0"},
   });
 }
 
