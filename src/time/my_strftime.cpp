@@ -80,7 +80,7 @@ int64_t iso_week(const Record& t) {
   if (new_year < 0) new_year += 7;
   if (new_year >= 2 && new_year <= 4) {
     ++week;  // the days before the first Monday are a week of this year
-  } else if ((new_year == 0 || new_year >= 5) && week == 0) {
+  } else if ((new_year == 0 || new_year == 5 || new_year == 6) && week == 0) {
     // ... or of the year before, whose last day lies 364 or 365 days after its first.
     const int64_t last_year = t.year - 1;
     week = iso_week({last_year, kDecember, 31, new_year == 0 ? 6 : new_year - 1,

@@ -96,6 +96,9 @@ TEST(Strftime, TextModifiersAndRecordsOutOfRange) {
       {"[%z]%n%t", "[]\n\t"},
   };
   for (const auto& [format, expected] : rows) EXPECT_EQ(expected, formatted(format, odd)) << format;
+  odd.tm_wday = 6;  // with a day before the first of January, which then is no day of the week
+  odd.tm_yday = -1;
+  EXPECT_EQ("00 1899", formatted("%V %G", odd));
   odd.tm_year = odd.tm_yday = odd.tm_wday = odd.tm_mon = odd.tm_mday = INT32_MAX;
   EXPECT_EQ("2147485547 2147483648", formatted("%Y %j", odd));
   EXPECT_NE("<0>", formatted("%U%W%V%G%g%c%v", odd));
