@@ -1,5 +1,6 @@
 // A set of byte values: 256 bits, so that making one from a short list costs next to nothing.
 #pragma once
+#include <bit>
 #include <cstdint>
 
 #include "runtime/bytes.h"
@@ -19,6 +20,17 @@ class ByteSet {
   }
   constexpr void complement() {
     for (std::uint64_t& word : words_) word = ~word;
+  }
+  constexpr int count() const {
+    int n = 0;
+    for (const std::uint64_t word : words_) n += std::popcount(word);
+    return n;
+  }
+  // The least member; the set must not be empty.
+  constexpr Byte first() const {
+    int i = 0;
+    while (words_[i] == 0) ++i;
+    return static_cast<Byte>(64 * i + std::countr_zero(words_[i]));
   }
   constexpr bool has(Byte c) const { return (words_[c / 64] & bit(c)) != 0; }
 

@@ -10,25 +10,6 @@ constexpr std::size_t kScanPerUnit = 16;
 
 }  // namespace
 
-// Where the longest run of bytes that `state` takes ends.
-std::size_t Backtracker::run_end(const State& state, std::size_t from) const {
-  const std::size_t n = text_.size();
-  std::size_t i = from;
-  switch (state.test) {
-    case Test::any:
-      return n;
-    case Test::byte:
-      while (i < n && text_[i] == state.byte) ++i;
-      return i;
-    case Test::set: {
-      const ByteSet& set = plan_.sets[state.other];
-      while (i < n && set.has(text_[i])) ++i;
-      return i;
-    }
-  }
-  return i;
-}
-
 // The rightmost place in [low, high) where `next` has a chance, or kNowhere: before a literal,
 // only its first byte is worth a try.
 std::size_t Backtracker::last_place(const State& next, std::size_t low, std::size_t high) const {
@@ -87,7 +68,7 @@ Attempt Backtracker::run(std::size_t begin, std::size_t at, std::int64_t& credit
       case Op::star:
       case Op::plus: {
         const std::size_t low = state.op == Op::plus ? p + 1 : p;
-        const std::size_t end = run_end(state, p);
+        const std::size_t end = plan_.run_end(state, text_, p);
         const std::size_t place = last_place(states[state.next], low, end + 1);
         credit -= static_cast<std::int64_t>((end - p) / kScanPerUnit);
         goes_on = place != kNowhere;

@@ -35,7 +35,6 @@ class Backtracker {
   };
 
   bool push(const Frame& frame) { return stack_.size() < max_frames_ && stack_.push_back(frame); }
-  std::size_t run_end(const State& state, std::size_t from) const;
   std::size_t last_place(const State& next, std::size_t low, std::size_t high) const;
 
   const Plan& plan_;

@@ -90,9 +90,10 @@ Found Finder::backtrack(std::size_t begin, Match& match) {
       case Attempt::failed:
         break;
     }
-    if (plan_.anchored || at == text_.size()) return Found::no;
-    ++at;
-    earn(1);
+    const std::size_t next = plan_.after_failure(text_, at);
+    if (plan_.anchored || next > text_.size()) return Found::no;
+    earn(next - at);
+    at = next;
   }
 }
 

@@ -289,6 +289,13 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   plan->first_byte = regex.first_byte;
   plan->has_first_set = has_first_set_;
   plan->first_set = first_set_;
+  if (plan->first_byte == 0 && has_first_set_ && first_set_.count() == 1) {
+    plan->first_byte = first_set_.first();
+  }
+  std::uint32_t first = start_;
+  for (int i = 0; i < kGroups && states_[first].op == Op::save; ++i) first = states_[first].next;
+  const Op op = states_[first].op;
+  plan->first_run = op == Op::star || op == Op::plus ? first : kFailState;
   if (regex.must != nullptr && regex.must_length > 0) {
     const auto length = static_cast<std::size_t>(regex.must_length);
     plan->must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
@@ -308,6 +315,19 @@ std::size_t Plan::next_start(Bytes text, std::size_t at) const {
   if (!has_first_set) return at;
   while (at < text.size() && !first_set.has(text[at])) ++at;
   return at < text.size() ? at : kNowhere;
+}
+
+std::size_t Plan::run_end(const State& state, Bytes text, std::size_t from) const {
+  const std::size_t n = text.size();
+  std::size_t i = from;
+  if (state.test == Test::any) return n;
+  if (state.test == Test::byte) {
+    while (i < n && text[i] == state.byte) ++i;
+  } else {
+    const ByteSet& set = sets[state.other];
+    while (i < n && set.has(text[i])) ++i;
+  }
+  return i;
 }
 
 Plan* make_plan(const VstringRegex& regex) {

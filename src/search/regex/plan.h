@@ -51,6 +51,7 @@ struct Plan {
   std::uint32_t state_count;
   std::uint32_t start;
   std::uint32_t slot_count;  // captures beyond these are never set
+  std::uint32_t first_run;   // a star or plus that every match begins with; kFailState: none
   bool has_bol;              // whether the answer can depend on where the text starts
   bool anchored;             // tried at the start of the text only
   bool has_first_set;        // every match begins with a byte of first_set
@@ -64,6 +65,9 @@ struct Plan {
     return state.test == Test::any || sets[state.other].has(c);
   }
 
+  // Where the longest run of bytes that a star or plus takes ends.
+  std::size_t run_end(const State& state, Bytes text, std::size_t from) const;
+
   // The state that follows once state `s` has taken a byte.
   std::uint32_t after(std::uint32_t s) const {
     const State& state = states[s];
@@ -75,6 +79,12 @@ struct Plan {
   // The first place from `at` on, the end of the text included, where a match may start as far as
   // its first byte tells; kNowhere when there is none.
   std::size_t next_start(Bytes text, std::size_t at) const;
+  // The first place after `at`, where an attempt has failed, that is worth another. A run of bytes
+  // that the pattern begins with need not be entered again further in: the places where it can be
+  // left have all been tried.
+  std::size_t after_failure(Bytes text, std::size_t at) const {
+    return (first_run == kFailState ? at : run_end(states[first_run], text, at)) + 1;
+  }
   // Whether one may start at `at`, in a text that starts at `begin`.
   bool may_start(Bytes text, std::size_t begin, std::size_t at) const {
     if (anchored) return at == begin;

@@ -17,7 +17,7 @@ bool leads_to_next(Op op) {
 // Depth first from every state. A state is pushed again by each that leads to it; all but the copy
 // entered first are dropped.
 Status TwoPass::order_states() {
-  enum Mark : Byte { kNew, kOpen, kDone };
+  enum Mark : Byte { kNew, kEntered, kLeft };
   const std::uint32_t n = plan_.state_count;
   Buffer<Byte> mark;
   Buffer<std::uint32_t> stack;
@@ -28,16 +28,16 @@ Status TwoPass::order_states() {
       const std::uint32_t s = stack.back();
       if (mark[s] != kNew) {
         stack.pop_back();
-        if (mark[s] == kOpen && !order_.push_back(s)) return Status::out_of_memory;
-        mark[s] = kDone;
+        if (mark[s] == kEntered && !order_.push_back(s)) return Status::out_of_memory;
+        mark[s] = kLeft;
         continue;
       }
-      mark[s] = kOpen;
+      mark[s] = kEntered;
       const State& state = plan_.states[s];
       if (!leads_to_next(state.op)) continue;
       const std::uint32_t targets[] = {state.next, state.other};
       for (int i = 0; i < (state.op == Op::branch ? 2 : 1); ++i) {
-        if (mark[targets[i]] == kOpen) return Status::refused;
+        if (mark[targets[i]] == kEntered) return Status::refused;
         if (mark[targets[i]] == kNew && !stack.push_back(targets[i])) return Status::out_of_memory;
       }
     }
