@@ -45,10 +45,10 @@ Status TwoPass::order_states() {
   return Status::ok;
 }
 
-// The row of the place `at` from that of the next one (none at the end of the text).
+// The row of the place `at` from that of the next one, which the end of the text has not.
 void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_begin) const {
   std::fill_n(row, row_words_, 0);
-  const bool is_end = at == text_.size();
+  const bool is_end = later == nullptr;
   const Byte c = is_end ? Byte{0} : text_[at];
   for (const std::uint32_t s : order_) {
     const State& state = plan_.states[s];
