@@ -1,6 +1,7 @@
 // A second matcher for regular expressions, obviously correct and in no hurry: a syntax tree, and
 // recursive backtracking with continuations, choice by choice in the order of the pattern.
 #pragma once
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <cstddef>
@@ -126,21 +127,12 @@ class Regex {
   }
 
   static bool has_width(const Node& node) {
-    switch (node.kind) {
-      case Node::kByte:
-        return true;
-      case Node::kRepeat:
-        return node.operation == '+';
-      case Node::kGroup:
-        for (const auto& alternative : node.alternatives) {
-          bool wide = false;
-          for (const Node& piece : alternative) wide = wide || has_width(piece);
-          if (!wide) return false;
-        }
-        return true;
-      default:
-        return false;
+    if (node.kind != Node::kGroup) {
+      return node.kind == Node::kByte || (node.kind == Node::kRepeat && node.operation == '+');
     }
+    return std::ranges::all_of(node.alternatives, [](const auto& alternative) {
+      return std::ranges::any_of(alternative, has_width);
+    });
   }
 
   Node group(int number) {

@@ -3,6 +3,7 @@
 #include <pthread.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -201,18 +202,16 @@ TEST(Regex, LongTextsNeedLittleStack) {
   const std::size_t n = long_tier() ? 100000000 : 3000000;
   std::string ab(n, 'a');
   for (std::size_t i = 1; i < n; i += 2) ab[i] = 'b';
-  struct Work {
-    const char* text;
-    std::ptrdiff_t ends[2];
-  } work = {ab.c_str(), {}};
-  const auto run = [](void* data) -> void* {
-    auto* const w = static_cast<Work*>(data);
-    const char* const patterns[] = {"(a|b)*", "(ab)+"};
-    for (int i = 0; i < 2; ++i) {
-      VstringRegex* const regex = vrx_regcomp(patterns[i]);
-      if (vrx_regexec(regex, w->text) == 1) w->ends[i] = regex->end[0] - w->text;
-      std::free(regex);
+  std::vector<std::ptrdiff_t> ends;
+  std::function<void()> work = [&] {
+    for (const char* const pattern : {"(a|b)*", "(ab)+"}) {
+      const Compiled compiled(pattern);
+      EXPECT_EQ(1, vrx_regexec(compiled.regex, ab.c_str()));
+      ends.push_back(compiled.regex->end[0] - ab.c_str());
     }
+  };
+  const auto run = [](void* data) -> void* {
+    (*static_cast<std::function<void()>*>(data))();
     return nullptr;
   };
   pthread_attr_t attributes;
@@ -222,8 +221,7 @@ TEST(Regex, LongTextsNeedLittleStack) {
   ASSERT_EQ(0, pthread_create(&thread, &attributes, run, &work));
   pthread_join(thread, nullptr);
   pthread_attr_destroy(&attributes);
-  EXPECT_EQ(static_cast<std::ptrdiff_t>(n), work.ends[0]);
-  EXPECT_EQ(static_cast<std::ptrdiff_t>(n), work.ends[1]);
+  EXPECT_EQ(std::vector<std::ptrdiff_t>(2, static_cast<std::ptrdiff_t>(n)), ends);
 }
 
 TEST(Regex, ThousandsOfAlternativesCompileAtOnce) {

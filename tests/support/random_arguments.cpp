@@ -18,30 +18,8 @@ constexpr const char* kWords[] = {
 };
 
 constexpr std::int64_t kIntegers[] = {
-    0,
-    1,
-    2,
-    3,
-    4,
-    5,
-    8,
-    -1,
-    -2,
-    -3,
-    10,
-    64,
-    80,
-    255,
-    256,
-    511,
-    512,
-    8190,
-    8191,
-    INT32_MAX,
-    INT32_MIN,
-    INT64_C(1) << 31,
-    INT64_C(1) << 40,
-};
+    0,  1,   2,   3,   4,   5,    8,    -1,        -2,        -3,         10,           64,
+    80, 255, 256, 511, 512, 8190, 8191, INT32_MAX, INT32_MIN, 2147483648, 1099511627776};
 
 // Argument kinds that commands ask for: string, small integer, range, list of strings, equation,
 // weights, keyword, number of an algorithm.

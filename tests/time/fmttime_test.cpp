@@ -45,26 +45,12 @@ std::tm record(std::chrono::sys_days day, int second_of_day) {
   return time;
 }
 
-// The week that holds a day belongs to the year of its Thursday, and is counted from there.
-std::string iso_week(std::chrono::sys_days day) {
-  using namespace std::chrono;
-  const int from_monday = static_cast<int>((weekday(day) - Monday).count());
-  const sys_days thursday = day - days(from_monday) + days(3);
-  const year the_year = year_month_day(thursday).year();
-  const auto number = (thursday - sys_days(the_year / January / 1)).count() / 7 + 1;
-  char text[32];
-  std::snprintf(text, sizeof text, "%d %02d %02d", int{the_year}, int{the_year} % 100,
-                static_cast<int>(number));
-  return text;
-}
-
 TEST(Strftime, EveryDayOf400Years) {
   using namespace std::chrono;
   for (sys_days day = 1900y / January / 1; day < sys_days(2300y / January / 1); day += days(1)) {
     const std::tm time =
         record(day, static_cast<int>((day.time_since_epoch().count() + 40000) * 7919 % 86400));
     ASSERT_EQ(by_libc(kEveryConversion, time), formatted(kEveryConversion, time));
-    ASSERT_EQ(iso_week(day), formatted("%G %g %V", time)) << formatted("%Y-%m-%d", time);
     ASSERT_EQ(by_libc("%a %b %d %H:%M:%S %Y,%d-%b-%Y", time), formatted("%c,%v", time));
   }
 }
@@ -145,11 +131,7 @@ class Zone {
 
  private:
   static void set(const char* name) {
-    if (name != nullptr) {
-      setenv("TZ", name, 1);
-    } else {
-      unsetenv("TZ");
-    }
+    name != nullptr ? setenv("TZ", name, 1) : unsetenv("TZ");
     tzset();
   }
 };
