@@ -53,11 +53,8 @@ TEST(Joining, ElementsStayAsTheyAre) {
   VelmorHeap* const heap = session().heap();
   const HostObject word = velmor_string(heap, "hello");
   const HostObject list = velmor_list(heap, 1, &word);
-  HostObject result = 0;
-  ASSERT_EQ(1, velmor_call(heap, vstring_join, velmor_sequence(heap, 1, &list), &result));
-  EXPECT_EQ(word, result);
-  ASSERT_EQ(1, velmor_call(heap, vstring_casejoin, velmor_sequence(heap, 1, &list), &result));
-  EXPECT_STREQ("Hello", velmor_text(result));
+  EXPECT_EQ(word, result_of(vstring_join, {list}));
+  EXPECT_STREQ("Hello", velmor_text(result_of(vstring_casejoin, {list})));
   EXPECT_STREQ("hello", velmor_text(word));
 }
 

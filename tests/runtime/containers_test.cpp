@@ -179,37 +179,32 @@ TEST(BitVector, CountsWholeWordsOnly) {
   EXPECT_EQ(nullptr, bv_init(&bits, 8));
 }
 
-// Every constructor, with each of its allocations failing.
-TEST(Containers, ConstructorsFailCleanly) {
+// With each allocation failing.
+void check_constructor(auto make, auto release) {
   const std::size_t live = live_blocks();
-  const auto each_failure = [&](const char* name, auto make) {
-    for (std::size_t k = 1; k < 8; ++k) {
-      fail_allocation(k);
-      const bool made = make();
-      const bool failed = allocation_failed();
-      fail_allocation(0);
-      if (!failed) break;
-      EXPECT_FALSE(made) << name << " at " << k;
-      EXPECT_EQ(live, live_blocks()) << name << " at " << k;
-    }
+  for (std::size_t k = 1; k < 8; ++k) {
+    fail_allocation(k);
+    auto* const made = make();
+    const bool failed = allocation_failed();
+    fail_allocation(0);
+    EXPECT_EQ(failed, made == nullptr) << k;
+    if (made != nullptr) release(made);
+    EXPECT_EQ(live, live_blocks()) << k;
+  }
+}
+
+TEST(Containers, ConstructorsFailCleanly) {
+  const auto both = [](auto release) {
+    return [=](auto* container) {
+      release(container);
+      std::free(container);
+    };
   };
-  const auto release = [](auto* list, auto free_list) {
-    if (list == nullptr) return false;
-    free_list(list);
-    std::free(list);
-    return true;
-  };
-  each_failure("pool", [&] { return release(pool_create(), pool_destroy); });
-  each_failure("list", [&] { return release(list_create(), list_free); });
-  each_failure("il", [&] { return release(il_create(), il_free); });
-  each_failure("sl", [&] { return release(sl_create(), sl_free); });
-  each_failure("table", [&] {
-    VstringTable* const table = table_new(9);
-    const bool made = table != nullptr;
-    table_free(table);
-    return made;
-  });
-  EXPECT_EQ(live, live_blocks());
+  check_constructor(pool_create, both(pool_destroy));
+  check_constructor(list_create, both(list_free));
+  check_constructor(il_create, both(il_free));
+  check_constructor(sl_create, both(sl_free));
+  check_constructor([] { return table_new(9); }, table_free);
 }
 
 }  // namespace

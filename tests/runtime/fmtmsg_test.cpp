@@ -50,8 +50,7 @@ TEST(Fmtmsg, LongMessages) {
 TEST(Fmtmsg, AFormatWithoutPercentIsReturnedItself) {
   VelmorHeap* const heap = session().heap();
   for (const HostObject format : {velmor_string(heap, "abc"), velmor_name(heap, "abc")}) {
-    HostObject result = 0;
-    ASSERT_EQ(1, velmor_call(heap, vstring_fmtmsg, velmor_sequence(heap, 1, &format), &result));
+    const HostObject result = result_of(vstring_fmtmsg, {format});
     EXPECT_EQ(velmor_tag(format) == HOST_TAG_STRING, result == format);
     EXPECT_STREQ("abc", velmor_text(result));
   }

@@ -55,38 +55,28 @@ TEST_F(Dictionary, Values) {
 }
 
 TEST_F(Dictionary, Refusals) {
-  const std::string invalid = "error: invalid dictionary ID";
-  const std::string not_integer = "error: argument must be a 32-bit integer";
-  const std::string not_words =
-      "error: argument must be a list of strings, or the special name `builtin'";
+  CheckRefusals({
+      {"expecting one argument, but got 0", "dictCreate(); dictObjSize(); dictObjFree()"},
+      {"expecting 2 arguments, but got 1", "dictObjGet(0); dictObjSearch(0)"},
+      {"argument must be a list of strings, or the special name `builtin'",
+       R"(dictCreate("builtin"); dictCreate({"a"}); dictCreate(builti))"},
+      {"argument must be a 32-bit integer",
+       R"(dictObjSize("0"); dictObjGet(x, y); dictObjGet(0, 2147483648); dictObjFree(1.5))"},
+      {"invalid dictionary ID",
+       "dictObjSize(1); dictObjSize(-1); dictObjSize(512); dictObjSearch(600, 1)"},
+  });
   CheckInOrder({
-      {"dictCreate()", "error: expecting one argument, but got 0"},
-      {"dictCreate(\"builtin\")", not_words},
-      {"dictCreate({\"a\"})", not_words},
-      {"dictCreate(builti)", not_words},
       {"dictCreate([\"a\", 1])", "error: first argument must be a list of strings"},
-      {"dictObjSize()", "error: expecting one argument, but got 0"},
-      {"dictObjSize(\"0\")", not_integer},
-      {"dictObjSize(1)", invalid},
-      {"dictObjSize(-1)", invalid},
-      {"dictObjSize(512)", invalid},
-      {"dictObjGet(0)", "error: expecting 2 arguments, but got 1"},
-      {"dictObjGet(x, y)", not_integer},
-      {"dictObjGet(0, 2147483648)", not_integer},
       {"dictObjGet(1, -5)", "\"\""},
       {"dictObjGet(512, 1)", "\"\""},
       {"dictObjGet(0, 25951)", "error: invalid word ID for dictionary"},
       {"dictObjGet(0, -1)", "error: invalid word ID for dictionary"},
-      {"dictObjSearch(0)", "error: expecting 2 arguments, but got 1"},
       {"dictObjSearch(\"a\", 1)", "error: first argument must be a 32-bit integer"},
-      {"dictObjSearch(0, 1)", invalid},
-      {"dictObjSearch(600, 1)", invalid},
+      {"dictObjSearch(0, 1)", "error: invalid dictionary ID"},
       {"dictCreate([\"a\"])", "1"},
       {"dictObjSearch(1, 1)", "error: second argument must be a string"},
       {"dictObjGet(1, 2)", "error: invalid word ID for dictionary"},
       {"dictObjGet(1, -1)", "error: invalid word ID for dictionary"},
-      {"dictObjFree()", "error: expecting one argument, but got 0"},
-      {"dictObjFree(1.5)", not_integer},
   });
 }
 

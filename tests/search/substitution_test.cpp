@@ -31,10 +31,8 @@ TEST(Substitution, ReturnsAShorterTextItself) {
        {velmor_string(heap, "ab"), velmor_name(heap, "ab"), velmor_string(heap, "")}) {
     for (const char* const pattern : {"", "x", "ab", "abc"}) {
       for (const VelmorCommand command : {vstring_subst, vstring_substx}) {
-        const HostObject arguments[] = {text, velmor_string(heap, pattern),
-                                        velmor_string(heap, "ab")};
-        HostObject result = 0;
-        ASSERT_EQ(1, velmor_call(heap, command, velmor_sequence(heap, 3, arguments), &result));
+        const HostObject result =
+            result_of(command, {text, velmor_string(heap, pattern), velmor_string(heap, "ab")});
         const bool is_shorter = velmor_text_length(text) < std::string(pattern).size();
         EXPECT_EQ(is_shorter, result == text) << velmor_text(text) << ", " << pattern;
         EXPECT_EQ(is_shorter ? velmor_tag(text) : HOST_TAG_STRING, velmor_tag(result));

@@ -11,14 +11,6 @@ void collect_now_and_then(VelmorHeap* heap) {
   if (velmor_object_count(heap) > 100000) velmor_collect(heap);
 }
 
-// 0 when the command raised.
-HostObject result_of(VelmorCommand command, const std::vector<HostObject>& arguments) {
-  VelmorHeap* const heap = session().heap();
-  HostObject result = 0;
-  const HostObject argseq = velmor_sequence(heap, arguments.size(), arguments.data());
-  return velmor_call(heap, command, argseq, &result) != 0 ? result : 0;
-}
-
 std::vector<HostObject> strings(const std::vector<std::string>& texts) {
   VelmorHeap* const heap = session().heap();
   collect_now_and_then(heap);
@@ -29,7 +21,7 @@ std::vector<HostObject> strings(const std::vector<std::string>& texts) {
   return arguments;
 }
 
-HostObject result_of(VelmorCommand command, const std::vector<std::string>& texts) {
+HostObject result_from(VelmorCommand command, const std::vector<std::string>& texts) {
   const HostObject result = result_of(command, strings(texts));
   if (result == 0) ADD_FAILURE() << velmor_error(session().heap());
   return result;
@@ -38,6 +30,13 @@ HostObject result_of(VelmorCommand command, const std::vector<std::string>& text
 std::string text_of(HostObject object) { return {velmor_text(object), velmor_text_length(object)}; }
 
 }  // namespace
+
+HostObject result_of(VelmorCommand command, const std::vector<HostObject>& arguments) {
+  VelmorHeap* const heap = session().heap();
+  HostObject result = 0;
+  const HostObject argseq = velmor_sequence(heap, arguments.size(), arguments.data());
+  return velmor_call(heap, command, argseq, &result) != 0 ? result : 0;
+}
 
 std::string call(VelmorCommand command, const std::vector<HostObject>& arguments) {
   VelmorHeap* const heap = session().heap();
@@ -59,7 +58,7 @@ std::string answer(VelmorCommand command, const std::vector<std::string>& texts)
 }
 
 std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts) {
-  return velmor_to_integer(result_of(command, texts));
+  return velmor_to_integer(result_from(command, texts));
 }
 
 bool truth(VelmorCommand command, const std::vector<std::string>& texts) {
@@ -67,11 +66,11 @@ bool truth(VelmorCommand command, const std::vector<std::string>& texts) {
 }
 
 std::string text(VelmorCommand command, const std::vector<std::string>& texts) {
-  return text_of(result_of(command, texts));
+  return text_of(result_from(command, texts));
 }
 
 std::vector<std::string> texts(VelmorCommand command, const std::vector<std::string>& texts) {
-  const HostObject list = result_of(command, texts);
+  const HostObject list = result_from(command, texts);
   std::vector<std::string> elements;
   for (std::size_t i = 1; i <= velmor_size(list); ++i) {
     elements.push_back(text_of(velmor_element(list, i)));
@@ -80,7 +79,7 @@ std::vector<std::string> texts(VelmorCommand command, const std::vector<std::str
 }
 
 std::vector<std::int64_t> integers(VelmorCommand command, const std::vector<std::string>& texts) {
-  const HostObject list = result_of(command, texts);
+  const HostObject list = result_from(command, texts);
   std::vector<std::int64_t> elements;
   for (std::size_t i = 1; i <= velmor_size(list); ++i) {
     elements.push_back(velmor_to_integer(velmor_element(list, i)));

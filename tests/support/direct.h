@@ -17,6 +17,9 @@ namespace vstring_test {
 // collected afterwards.
 std::string call(VelmorCommand command, const std::vector<HostObject>& arguments);
 
+// The object itself; 0 when the command raised.
+HostObject result_of(VelmorCommand command, const std::vector<HostObject>& arguments);
+
 // The same with texts; and read as what the command is known to give.
 std::string answer(VelmorCommand command, const std::vector<std::string>& texts);
 std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts);

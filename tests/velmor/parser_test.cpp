@@ -6,6 +6,7 @@
 
 #include "language/failure.h"
 #include "language/statements.h"
+#include "words/sample_words.h"
 
 namespace velmor {
 namespace {
@@ -93,9 +94,7 @@ TEST(Parser, Refusals) {
 // Trees of any shape are bounded, so that nobody who walks one overruns the stack.
 TEST(Parser, DepthIsBounded) {
   const auto repeated = [](const std::string& text, std::size_t n) {
-    std::string result;
-    for (std::size_t i = 0; i < n; ++i) result += text;
-    return result;
+    return vstring_test::periodic_word(text, n * text.size());
   };
   for (const char* opening : {"(", "[", "{", "'[", "f(", "-", "f(1 + [", "a = ("})
     EXPECT_EQ(parsed(repeated(opening, 100'000)), "1: nested too deeply") << opening;

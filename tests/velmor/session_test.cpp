@@ -97,14 +97,6 @@ TEST_F(SessionTest, Arithmetic) {
          {"-x", "error: expecting integers around `-'"}});
 }
 
-TEST_F(SessionTest, FailuresOfCommandsAreTold) {
-  check({{"take(\"abc\", -1)", "error: second argument must be non-negative"},
-         {"[take(\"abc\")]", "error: expecting 2 arguments, but got 1"},
-         {"reverse(\"abc\")", "\"cba\""}});
-  EXPECT_EQ(run(session_, "take(\"abc\", -1); reverse(\"ab\")"),
-            "\"ba\"\n---\nError, (in take) second argument must be non-negative\nfailed");
-}
-
 TEST_F(SessionTest, Scripts) {
   Session fresh(resolve);
   EXPECT_EQ(run(fresh,

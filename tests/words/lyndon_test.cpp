@@ -120,9 +120,7 @@ TEST(Lyndon, ReturnsTheArgumentItself) {
   VelmorHeap* const heap = session().heap();
   for (const auto& [command, word, itself] : cases) {
     for (const HostObject argument : {velmor_string(heap, word), velmor_name(heap, word)}) {
-      HostObject result = 0;
-      ASSERT_TRUE(velmor_call(heap, command, velmor_sequence(heap, 1, &argument), &result));
-      EXPECT_EQ(itself, result == argument) << word;
+      EXPECT_EQ(itself, result_of(command, {argument}) == argument) << word;
     }
   }
 }
