@@ -165,7 +165,6 @@ TEST(Predicates, WholeTextsAndRanges) {
       {R"(isalpha("ab\351", 1 .. 2), isalpha("ab\351", 1 .. 3), hasalpha("1\351", 2 .. 2))",
        "true, false, false"},
       {R"(isalpha("ab1", 1 .. 2, 7))", "true"},
-      {R"(isvowel("a", 1.5 .. 2))", "error: lower endpoint of range must be a small integer"},
   });
 }
 
@@ -239,8 +238,6 @@ TEST(Expansion, Lists) {
       {R"(length(expandCharClass("^")), length(expandCharClass("[^a-z]")))", "255, 229"},
       {R"(expandCharClass("\376-\377"), length(expandCharClass("^\001-\377")))",
        R"("\376\377", 0)"},
-      {R"(expandCharClass("z-a"))", "error: invalid character class specification"},
-      {R"(expandCharClass("[^a-\\z]"))", "error: invalid character class specification"},
       {R"(expandCharClass("a", 7))", R"("a")"},
   });
 }

@@ -77,6 +77,25 @@ TEST(Refusals, CountsAndKinds) {
       {"invalid support string",
        R"(lex("a", "c", "ab"); lex("a", "c", ""); revlex("xab", "xcb", "a"); )"
        R"(shortlex("a", "c", "a"))"},
+      {"too few parameters", R"(fmtmsg("ab%3", [1], 2); fmtmsg("%1%-2", [1]))"},
+      {"second argument must be an integer", "wrap(7, obeylines = true); wrap(7, 4294967296)"},
+      {"fourth argument must be 1, 2 or 3",
+       R"(asearchb("a", "b", 1, "1"); asearchxb("a", "b", 1, 4294967297))"},
+      {"bad algorithm selector (must be 1,2 or 3)",
+       R"(asearchxb("a", "b", 1, 4); asearchb("a", "b", 1, -1))"},
+      {"lower endpoint of range must be a small integer",
+       R"(isvowel("a", 1.5 .. 2); substr("hello", "a" .. 2))"},
+      {"invalid character class specification",
+       R"(expandCharClass("z-a"); expandCharClass("[^a-\\z]"))"},
+      {"upper endpoint of range must be a small integer",
+       R"(lowercase("a", 1 .. b); substr("hello", 1 .. 2147483648))"},
+      {"argument must be a list", R"(implode({"a"}); implode("a"))"},
+      {"second argument must be a positive integer or a string",
+       R"(take("abc", 1.5); drop("abc", [1]))"},
+      {"integer argument must be in the range 1 .. 255", "iota(0); iota(256)"},
+      {"left endpoint of range must be less than or equal to the right endpoint",
+       R"(iota(70 .. 65); iota("z", "a"))"},
+      {"expecting a list", R"(wslo("a", "b", {"a" = 1}); wslo("a", "b", 7))"},
   });
 }
 

@@ -91,11 +91,8 @@ TEST_F(Decoders, StringIndex) {
     return GetStringIndex(host, 4, argument(argseq));
   };
   EXPECT_EQ("4", decode({integer(4)}));
-  EXPECT_EQ("0", decode({integer(0)}));
   EXPECT_EQ("3", decode({integer(-1)}));
-  EXPECT_EQ("0", decode({integer(-4)}));
   EXPECT_EQ("string index `-5' out of range", decode({integer(-5)}));
-  EXPECT_EQ("string index `5' out of range", decode({integer(5)}));
   EXPECT_EQ("expecting an integral (32-bit) string index, but got `x'", decode({name("x")}));
 }
 

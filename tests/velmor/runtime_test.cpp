@@ -207,8 +207,6 @@ TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
        [](const HostTable* host, HostObject args) {
          return HostObject(host->HostToCString(args) != nullptr);
        }},
-      {"HostNewString without a text",
-       [](const HostTable* host, HostObject) { return host->HostNewString(nullptr); }},
       {"HostListAssign outside of the list",
        [](const HostTable* host, HostObject args) {
          host->HostListAssign(host->HostNewList(2), 3, args);
@@ -240,7 +238,6 @@ TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
 TEST_F(Runtime, ErrorsFillTheirPlaceholders) {
   const std::pair<const char*, const char*> rows[] = {
       {"%1, %2 and %3", "\"a b\", [-11] and 3"},
-      {"the %-3", "the 3rd"},
       {"100%% %%1 %", "100%% %%1 %"},
       {"%0 %4 %- %-0 %x%2", "%0 %4 %- %-0 %x[-11]"},
   };

@@ -94,7 +94,6 @@ TEST(Borders, AllShortPairs) {
 TEST(Borders, ValuesAndRefusals) {
   Check({
       {R"(period(""), period("a"), period(`abab`), period("\377a\377"))", "0, 1, 2, 2"},
-      {R"(isperiod("ab", 2), isperiod("ab", 3), isperiod("", 1))", "true, false, false"},
       {R"(border(""), border("a"), border(`aaaa`))", R"("", "", "aaa")"},
       {R"(borderlen("abcab", 7), borderarray(""))", "2, []"},
       {R"(overlap("abcx", "abc"), overlap("abc", ""), overlap(`aba`, "ba"))", "3, 0, 2"},

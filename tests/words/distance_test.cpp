@@ -110,11 +110,7 @@ TEST(Distances, ValuesAndRefusals) {
   Check({
       {R"(hd(`abc`, "a"), leedist("\377", "\001"), leewt("\310"), leewt(""))", "2, 2, 56, 0"},
       {R"(leedist("ab", "a"))", "error: strings must be of equal length"},
-      {R"(prefixdist("abcd", `abxy`), suffixdist("xbcd", "ybcd"))", "4, 2"},
-      {R"(levenshtein("flaw", "lawn"), levenshtein(`abc`, "abc"), levenshtein("", "ab"))",
-       "2, 0, 2"},
-      {R"(editdist("abcde", "abcde"), editdist("", ""), editdist("ab", "cd"))", "10, 0, 0"},
-      {R"(editdist("", "x"))", "error: out of memory"},
+      {R"(levenshtein("flaw", "lawn"), levenshtein(`abc`, "abc"))", "2, 0"},
       {R"(editdist("a", "bcd"))", "error: out of memory"},
       {"levenshtein(" + quoted(s) + ", " + quoted(t) + ")", printed(edits(s, t))},
   });
