@@ -192,17 +192,15 @@ TEST(Predicates, AskTheTableAsItIs) {
 TEST(Expansion, NamedClasses) {
   const std::string small = "abcdefghijklmnopqrstuvwxyz";
   const std::string capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-  std::map<std::string, std::string> expected = {
-      {"alnum", capitals + small + "0123456789"},
-      {"space", " \t\n\r\f\v"},
-      {"ident", capitals + small + "0123456789_?"},
-      {"ident1", capitals + small + "_"},
-      {"binary", "01"},
-      {"nosuch", ""},
-      {"", ""},
-      {"alpha:", ""},
-      {"digits", ""},
-  };
+  std::map<std::string, std::string> expected = {{"alnum", capitals + small + "0123456789"},
+                                                 {"space", " \t\n\r\f\v"},
+                                                 {"ident", capitals + small + "0123456789_?"},
+                                                 {"ident1", capitals + small + "_"},
+                                                 {"binary", "01"},
+                                                 {"nosuch", ""},
+                                                 {"", ""},
+                                                 {"alpha:", ""},
+                                                 {"digits", ""}};
   for (const ClassFacts& facts : kClasses) {
     std::string members;
     for (int code = 1; code < 256; ++code) {

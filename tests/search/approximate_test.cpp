@@ -85,10 +85,8 @@ void check_ends(const std::string& pattern, const std::string& text, std::int64_
       for (const std::int64_t value : more) arguments.push_back(velmor_integer(heap, value));
       return call(command, arguments);
     };
-    std::string all;
-    for (const std::size_t end : expected) all += (all.empty() ? "" : ", ") + std::to_string(end);
     const std::string where = pattern + " in " + text + ", " + std::to_string(k);
-    ASSERT_EQ(expected.empty() ? "[]" : all, answer(every)) << where;
+    ASSERT_EQ(printed_sequence(expected), answer(every)) << where;
     ASSERT_EQ(expected.empty() ? "0" : std::to_string(expected[0]), answer(first)) << where;
   };
   const Ends by_table = ends_by_table(pattern, text, k);

@@ -71,47 +71,37 @@ HostObject list_of(const std::string& text) {
   return velmor_list(session().heap(), 1, &element);
 }
 
-// Elements with commas between them; the empty list when there are none.
-std::string sequence(const std::vector<std::string>& elements) {
-  std::string text;
-  for (const std::string& element : elements) text += (text.empty() ? "" : ", ") + element;
-  return elements.empty() ? "[]" : text;
-}
-
 // First and all occurrences, in one text and in a list of texts.
 void check_exact(const std::string& pattern, const std::string& text) {
-  std::vector<std::string> found;
+  std::vector<std::size_t> found;
   for (std::size_t i = 0; i + pattern.size() <= text.size() && !pattern.empty(); ++i) {
-    if (text.compare(i, pattern.size(), pattern) == 0) found.push_back(std::to_string(i + 1));
+    if (text.compare(i, pattern.size(), pattern) == 0) found.push_back(i + 1);
   }
-  const std::string first = found.empty() ? "0" : found.front();
-  const std::string all = sequence(found);
+  const std::string first = printed(found.empty() ? 0 : found[0]);
+  const std::string all = printed_sequence(found);
   const std::string where = pattern + " in " + text;
   ASSERT_EQ(first, call(vstring_search, {string(pattern), string(text)})) << where;
   ASSERT_EQ(all, call(vstring_searchx, {string(pattern), string(text)})) << where;
   ASSERT_EQ("[" + first + "]", call(vstring_search, {string(pattern), list_of(text)})) << where;
-  ASSERT_EQ("[" + (found.empty() ? all : "[" + all + "]") + "]",
-            call(vstring_searchx, {string(pattern), list_of(text)}))
+  ASSERT_EQ("[" + printed(found) + "]", call(vstring_searchx, {string(pattern), list_of(text)}))
       << where;
 }
 
 void check_mismatches(const std::string& pattern, const std::string& text, std::size_t k) {
-  std::vector<std::string> found;
-  std::string first = "0";
+  std::vector<std::vector<std::size_t>> found;
   for (std::size_t i = 0; i + pattern.size() <= text.size(); ++i) {
     std::size_t count = 0;
     for (std::size_t j = 0; j < pattern.size(); ++j) count += pattern[j] != text[i + j] ? 1 : 0;
     if (count > k || (k == 0 && pattern.empty())) continue;
-    if (found.empty()) first = std::to_string(i + 1);
-    found.push_back("[" + std::to_string(i + 1) + ", " + std::to_string(count) + "]");
+    found.push_back({i + 1, count});
   }
   const auto answer = [&](VelmorCommand command) {
     return call(command, {string(pattern), string(text),
                           velmor_integer(session().heap(), static_cast<std::int64_t>(k))});
   };
   const std::string where = pattern + " in " + text;
-  ASSERT_EQ(first, answer(vstring_hsearch)) << where;
-  ASSERT_EQ(sequence(found), answer(vstring_psearchx)) << where;
+  ASSERT_EQ(printed(found.empty() ? 0 : found[0][0]), answer(vstring_hsearch)) << where;
+  ASSERT_EQ(printed_sequence(found), answer(vstring_psearchx)) << where;
 }
 
 TEST(Exact, EveryShortPatternInEveryShortText) {

@@ -95,13 +95,11 @@ void compare(const std::string& pattern, const std::vector<std::string>& texts) 
       for (const std::string& piece : *pieces) split += piece + "/";
     }
     for (const Method method : kMethods) {
-      const int shown = static_cast<int>(method);
-      ASSERT_EQ(slots, find_by(*compiled.plan, text, method))
-          << pattern << " on " << text << ", method " << shown;
-      ASSERT_EQ(replaced, replaced_by(*compiled.plan, text, replacement, method))
-          << pattern << " on " << text << ", method " << shown;
-      ASSERT_EQ(split, split_by(*compiled.plan, text, method))
-          << pattern << " on " << text << ", method " << shown;
+      const std::string where =
+          pattern + " on " + text + ", method " + std::to_string(static_cast<int>(method));
+      ASSERT_EQ(slots, find_by(*compiled.plan, text, method)) << where;
+      ASSERT_EQ(replaced, replaced_by(*compiled.plan, text, replacement, method)) << where;
+      ASSERT_EQ(split, split_by(*compiled.plan, text, method)) << where;
     }
   }
 }

@@ -88,18 +88,11 @@ class Regex {
 
     bool match(const Node& node, std::size_t at, const Next& next) {
       if (steps_left == 0 || --steps_left == 0) return false;
-      switch (node.kind) {
-        case Node::kBol:
-          return at == 0 && next(at);
-        case Node::kEol:
-          return at == text.size() && next(at);
-        case Node::kByte:
-          return at < text.size() && node.bytes[static_cast<unsigned char>(text[at])] &&
-                 next(at + 1);
-        case Node::kGroup:
-          return match_group(node, at, next);
-        case Node::kRepeat:
-          break;
+      if (node.kind == Node::kBol) return at == 0 && next(at);
+      if (node.kind == Node::kEol) return at == text.size() && next(at);
+      if (node.kind == Node::kGroup) return match_group(node, at, next);
+      if (node.kind == Node::kByte) {
+        return at < text.size() && node.bytes[static_cast<unsigned char>(text[at])] && next(at + 1);
       }
       const Node& x = node.operand[0];
       if (node.operation == '?') return match(x, at, next) || next(at);
@@ -161,35 +154,22 @@ class Regex {
   Node atom() {
     Node node;
     const char c = pattern_[at_++];
-    switch (c) {
-      case '^':
-      case '$':
-        node.kind = c == '^' ? Node::kBol : Node::kEol;
-        return node;
-      case '.':
-        node.bytes.set();
-        return node;
-      case '[':
-        return set();
-      case '(': {
-        if (groups_ == 9) return fail("too many ()");
-        node = group(++groups_);
-        if (error_.empty() && peek() != ')') return fail("unmatched ()");
-        ++at_;
-        return node;
-      }
-      case '*':
-      case '+':
-      case '?':
-        return fail("?+* follows nothing");
-      case '\\':
-        if (at_end()) return fail("trailing \\");
-        node.bytes.set(static_cast<unsigned char>(pattern_[at_++]));
-        return node;
-      default:
-        node.bytes.set(static_cast<unsigned char>(c));
-        return node;
+    if (c == '[') return set();
+    if (c == '*' || c == '+' || c == '?') return fail("?+* follows nothing");
+    if (c == '(') {
+      if (groups_ == 9) return fail("too many ()");
+      node = group(++groups_);
+      if (error_.empty() && peek() != ')') return fail("unmatched ()");
+      ++at_;
+    } else if (c == '^' || c == '$') {
+      node.kind = c == '^' ? Node::kBol : Node::kEol;
+    } else if (c == '.') {
+      node.bytes.set();
+    } else {
+      if (c == '\\' && at_end()) return fail("trailing \\");
+      node.bytes.set(static_cast<unsigned char>(c == '\\' ? pattern_[at_++] : c));
     }
+    return node;
   }
 
   Node set() {

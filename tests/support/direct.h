@@ -39,6 +39,13 @@ std::string printed(const std::vector<T>& list) {
   return text + "]";
 }
 
+// A sequence of values as commands give it; none is an empty list.
+template <typename T>
+std::string printed_sequence(const std::vector<T>& values) {
+  const std::string list = printed(values);
+  return values.empty() ? list : list.substr(1, list.size() - 2);
+}
+
 // All words over `alphabet` of at most `longest` letters, the empty one first.
 std::vector<std::string> all_words(std::string_view alphabet, std::size_t longest);
 

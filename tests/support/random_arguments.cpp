@@ -46,53 +46,27 @@ HostObject RandomArguments::sequence() {
 }
 
 HostObject RandomArguments::of_kind(char kind) {
-  switch (kind) {
-    case 's':
-      return text();
-    case 'i':
-      return integer();
-    case 'a':
-      return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
-    case 'r':
-      return range();
-    case 'l':
-      return list(0);
-    case 'e':
-      return equation(0);
-    case 'k':
-      return word();
-    default: {
-      const HostObject weight = velmor_equation(heap_, velmor_string(heap_, "a"), integer());
-      return velmor_list(heap_, 1, &weight);
-    }
-  }
+  if (kind == 's') return text();
+  if (kind == 'i') return integer();
+  if (kind == 'a') return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
+  if (kind == 'r') return range();
+  if (kind == 'l') return list(0);
+  if (kind == 'e') return equation(0);
+  if (kind == 'k') return word();
+  const HostObject weight = velmor_equation(heap_, velmor_string(heap_, "a"), integer());
+  return velmor_list(heap_, 1, &weight);
 }
 
 HostObject RandomArguments::value(int depth) {
-  switch (below_(depth > 0 ? 12 : 8)) {
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-      return text();
-    case 4:
-    case 5:
-      return integer();
-    case 6:
-      return word();
-    case 7:
-      return below_(8) == 0 ? velmor_float(heap_, 1.5) : integer();
-    case 8:
-      return list(depth - 1);
-    case 9:
-      return range();
-    case 10:
-      return equation(depth - 1);
-    default: {
-      const HostObject argument = velmor_sequence(heap_, 0, nullptr);
-      return below_(4) == 0 ? velmor_function(heap_, velmor_name(heap_, "f"), argument) : text();
-    }
-  }
+  const std::size_t kind = below_(depth > 0 ? 12 : 8);
+  if (kind == 6) return word();
+  if (kind == 7 && below_(8) == 0) return velmor_float(heap_, 1.5);
+  if (kind >= 4 && kind <= 7) return integer();
+  if (kind == 8) return list(depth - 1);
+  if (kind == 9) return range();
+  if (kind == 10) return equation(depth - 1);
+  if (kind < 4 || below_(4) != 0) return text();
+  return velmor_function(heap_, velmor_name(heap_, "f"), velmor_sequence(heap_, 0, nullptr));
 }
 
 HostObject RandomArguments::text() {

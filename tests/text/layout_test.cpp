@@ -62,19 +62,15 @@ std::string model(const std::string& text, unsigned width, const Options& option
   return out;
 }
 
-std::string wrap_call(const std::string& text, unsigned width, const Options& options) {
-  const auto option = [](const char* name, bool value) {
-    return std::string(", ") + name + (value ? " = true" : " = false");
-  };
-  return "wrap(" + quoted(text) + ", " + std::to_string(width) +
-         option("countbytes", options.count_bytes) + option("expandtabs", options.expand_tabs) +
-         option("obeylines", options.obey_lines) + option("obeyspaces", options.obey_spaces) + ")";
-}
-
 void expect_as_model(const std::string& text, unsigned width, unsigned option_set) {
   const Options options = {(option_set & 1) != 0, (option_set & 2) != 0, (option_set & 4) != 0,
                            (option_set & 8) != 0};
-  const std::string call = wrap_call(text, width, options);
+  std::string call = "wrap(" + quoted(text) + ", " + std::to_string(width);
+  for (const char* const name : {"countbytes", "expandtabs", "obeylines", "obeyspaces"}) {
+    call += std::string(", ") + name + ((option_set & 1) != 0 ? " = true" : " = false");
+    option_set /= 2;
+  }
+  call += ")";
   const std::string expected = text.size() <= width ? text : model(text, width, options);
   ASSERT_EQ(quoted(expected), evaluate(call)) << call;
 }

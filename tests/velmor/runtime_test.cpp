@@ -307,22 +307,4 @@ TEST_F(Runtime, EvaluatorsNestAndFailOutwards) {
   EXPECT_STREQ(velmor_error(heap), "");
 }
 
-TEST_F(Runtime, HeapsAreApart) {
-  static VelmorHeap* other;
-  other = velmor_heap_new();
-  const VelmorCommand nested = [](const HostTable* host, HostObject args) {
-    const VelmorCommand make = [](const HostTable* table, HostObject) {
-      return table->HostNewString("inner");
-    };
-    HostObject inner = 0;
-    velmor_call(other, make, velmor_sequence(other, 0, nullptr), &inner);
-    return host->HostNewSeqOf(2, host->HostNewString("outer"), args);
-  };
-  EXPECT_EQ(call(nested), "\"outer\"");
-  EXPECT_EQ(velmor_object_count(other), 1U);
-  EXPECT_NE(name("x"), velmor_name(other, "x"));
-  EXPECT_EQ(name("x"), name("x"));
-  velmor_heap_free(other);
-}
-
 }  // namespace
