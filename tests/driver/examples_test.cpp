@@ -15,6 +15,7 @@ TEST(BindingTable, ExamplesGiveWhatTheySay) {
   for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
     for (const velmor::lexiva::Command& command : family.commands) {
       SCOPED_TRACE(command.name);
+      EXPECT_EQ(&command, velmor::lexiva::find(command.name));
       Check({{command.example, command.result}});
     }
   }

@@ -64,6 +64,7 @@ TEST(Letters, OfAHostsOwnClassTable) {
       {R"(soundex("b\351b"), soundex("\351bc"))", R"("B100", "\351120")"},
       {R"(metaphone("c\351t"), metaphone("\351\351"))", R"("KT", "")"},
       {R"(syllen("a\351"), prestem("un\351\351"))", R"(1, "\351\351")"},
+      {R"(porter("c\351ming"))", R"("c\351me")"},
   });
   cclbm[0xe9] = kept;
 }

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "host/vstring.h"
 #include "support/check.h"
 
 namespace vstring_test {
@@ -38,14 +37,6 @@ TEST(Porter, Edges) {
       {"length(porter(" + word(127, 's') + "))", "127"},
       {"porter(" + word(128) + ")", kTooLong},
   });
-}
-
-TEST(Porter, VowelsAreThoseOfTheClassTable) {
-  const std::uint32_t kept = cclbm[int{'w'}];
-  cclbm[int{'w'}] |= cclbm[int{'a'}] & ~cclbm[int{'w'}];
-  EXPECT_EQ("\"cwme\"", evaluate("porter(\"cwming\")"));
-  cclbm[int{'w'}] = kept;
-  EXPECT_EQ("\"cwming\"", evaluate("porter(\"cwming\")"));
 }
 
 TEST(Lancaster, Values) {

@@ -203,10 +203,6 @@ TEST_F(Runtime, MemoryIsReusedAndStaysFlat) {
 
 TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
   const std::pair<const char*, VelmorCommand> rows[] = {
-      {"HostToCString of no string",
-       [](const HostTable* host, HostObject args) {
-         return HostObject(host->HostToCString(args) != nullptr);
-       }},
       {"HostListAssign outside of the list",
        [](const HostTable* host, HostObject args) {
          host->HostListAssign(host->HostNewList(2), 3, args);

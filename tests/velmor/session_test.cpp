@@ -5,7 +5,7 @@
 #include <map>
 #include <sstream>
 
-#include "lexiva/commands.h"
+#include "host/vstring.h"
 
 namespace velmor {
 namespace {
@@ -151,16 +151,6 @@ TEST_F(SessionTest, GarbageStaysBounded) {
     session_.value_of(expression);
   }
   EXPECT_LT(velmor_object_count(session_.heap()), 50'000U);
-}
-
-TEST(Lexiva, FindsRowsByName) {
-  for (const lexiva::Family& family : lexiva::families()) {
-    for (const lexiva::Command& command : family.commands) {
-      EXPECT_EQ(lexiva::find(command.name), &command) << command.name << " has two rows";
-    }
-  }
-  EXPECT_EQ(lexiva::find("Version"), lexiva::find("version"));
-  EXPECT_EQ(lexiva::find("nothing"), nullptr);
 }
 
 }  // namespace
