@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "search/regex/program.h"
+#include "search/regex_comparison.h"
 #include "support/check.h"
 #include "support/direct.h"
 
@@ -21,15 +22,6 @@ std::string call_of(const std::string& command, const std::string& pattern,
                     const std::string& text) {
   return command + "(" + quoted(pattern) + ", " + quoted(text) + ")";
 }
-
-class Compiled {
- public:
-  explicit Compiled(const std::string& pattern) : regex(vrx_regcomp(pattern.c_str())) {}
-  ~Compiled() { std::free(regex); }
-  Compiled(const Compiled&) = delete;
-  Compiled& operator=(const Compiled&) = delete;
-  VstringRegex* const regex;
-};
 
 TEST(Regex, RefusalsInTheOrderOfThePattern) {
   const std::string ten(10, '(');
