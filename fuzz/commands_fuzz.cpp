@@ -1,11 +1,8 @@
 // Any command with any arguments: the fuzzer's bytes choose both. A fault that the host notices, a
 // changed argument or a crash is a finding.
-#include <dlfcn.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -14,22 +11,6 @@
 #include "support/random_arguments.h"
 
 namespace {
-
-struct Command {
-  std::string name;
-  VelmorCommand entry;
-};
-
-std::vector<Command> all_commands() {
-  std::vector<Command> commands;
-  std::ifstream names(VSTRING_EXPORTS);
-  for (std::string name; std::getline(names, name);) {
-    // The one command that writes to standard output, always the same.
-    if (!name.starts_with("vstring_") || name == "vstring_wildTester") continue;
-    commands.push_back({name, reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()))});
-  }
-  return commands;
-}
 
 void require(bool holds, const std::string& command, const char* what) {
   if (holds) return;
@@ -40,14 +21,15 @@ void require(bool holds, const std::string& command, const char* what) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const std::vector<Command> commands = all_commands();
+  static const std::vector<vstring_test::Command> commands = [] {
+    std::vector<vstring_test::Command> all = vstring_test::all_commands();
+    // The one command that writes to standard output, always the same.
+    std::erase_if(all, [](const auto& command) { return command.name == "vstring_wildTester"; });
+    return all;
+  }();
   vstring_test::limit_allocation(std::size_t{1} << 22);
   // One heap for all inputs: the library holds on to lists from one call to the next.
-  static VelmorHeap* const heap = velmor_heap_new();
-  velmor_set_output(
-      heap, [](void*, const char*) {}, nullptr);
-  velmor_set_userinfo(
-      heap, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
+  static VelmorHeap* const heap = vstring_test::quiet_heap();
 
   std::size_t at = 0;
   const auto choose = [&](std::size_t n) {
@@ -57,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   vstring_test::RandomArguments arguments(heap, choose);
   while (at < size) {
-    const Command& command = commands[choose(commands.size())];
+    const vstring_test::Command& command = commands[choose(commands.size())];
     const HostObject argseq = arguments.sequence();
     const std::uint64_t before = vstring_test::fingerprint(argseq);
     HostObject result = 0;

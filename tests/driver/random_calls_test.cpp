@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <random>
 #include <set>
 #include <string>
@@ -20,36 +19,13 @@ constexpr std::size_t kDefaultCalls = 100000;
 constexpr std::size_t kMemoryLimit = std::size_t{1} << 21;
 constexpr std::size_t kCacheBlocks = 16;  // compiled pattern, dictionaries' slots, generator ...
 
-struct Command {
-  std::string name;
-  VelmorCommand entry;
-  bool has_answered = false;
-};
-
-std::vector<Command> all_commands() {
-  std::vector<Command> commands;
-  std::ifstream names(VSTRING_EXPORTS);
-  for (std::string name; std::getline(names, name);) {
-    if (!name.starts_with("vstring_") && name != "vstringVersion") continue;
-    const auto entry = reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()));
-    if (entry != nullptr) commands.push_back({name, entry, false});
-  }
-  return commands;
-}
-
 // These write to the process's own streams.
 const std::set<std::string> kWriters = {"vstring_wildTest", "vstring_wildTester", "vstring_stem",
                                         "vstring_lancaster"};
 
 class RandomCalls : public testing::Test {
  protected:
-  void SetUp() override {
-    velmor_set_output(
-        heap_, [](void*, const char*) {}, nullptr);
-    velmor_set_userinfo(
-        heap_, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
-    limit_before_ = limit_allocation(kMemoryLimit);
-  }
+  void SetUp() override { limit_before_ = limit_allocation(kMemoryLimit); }
   void TearDown() override {
     limit_allocation(limit_before_);
     velmor_heap_free(heap_);
@@ -75,7 +51,7 @@ class RandomCalls : public testing::Test {
     return live_blocks();
   }
 
-  VelmorHeap* heap_ = velmor_heap_new();
+  VelmorHeap* heap_ = quiet_heap();
   std::vector<Command> commands_ = all_commands();
   RandomArguments arguments_{heap_, [this](std::size_t n) { return below(n); }};
 

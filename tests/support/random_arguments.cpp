@@ -1,6 +1,9 @@
 #include "support/random_arguments.h"
 
+#include <dlfcn.h>
+
 #include <cstdint>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -31,6 +34,25 @@ constexpr const char* kShapes[] = {"s",   "ss", "sss", "ssi", "ssia", "si", "sii
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
 }  // namespace
+
+std::vector<Command> all_commands() {
+  std::vector<Command> commands;
+  std::ifstream names(VSTRING_EXPORTS);
+  for (std::string name; std::getline(names, name);) {
+    if (!name.starts_with("vstring_") && name != "vstringVersion") continue;
+    commands.push_back({name, reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()))});
+  }
+  return commands;
+}
+
+VelmorHeap* quiet_heap() {
+  VelmorHeap* const heap = velmor_heap_new();
+  velmor_set_output(
+      heap, [](void*, const char*) {}, nullptr);
+  velmor_set_userinfo(
+      heap, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
+  return heap;
+}
 
 HostObject RandomArguments::sequence() {
   std::vector<HostObject> items;

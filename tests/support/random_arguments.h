@@ -3,11 +3,24 @@
 #pragma once
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "runtime/velmor_runtime.h"
 
 namespace vstring_test {
+
+// Every exported command.
+struct Command {
+  std::string name;
+  VelmorCommand entry;
+  bool has_answered = false;
+};
+std::vector<Command> all_commands();
+
+// A heap whose host says nothing.
+VelmorHeap* quiet_heap();
 
 class RandomArguments {
  public:

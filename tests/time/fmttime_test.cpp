@@ -46,15 +46,8 @@ TEST(Strftime, EveryDayOf400Years) {
 }
 
 TEST(Strftime, TextModifiersAndRecordsOutOfRange) {
-  std::tm odd = {};
-  odd.tm_wday = 9;
-  odd.tm_mon = 12;
-  odd.tm_mday = 40;
-  odd.tm_hour = 30;
-  odd.tm_min = -1;
-  odd.tm_sec = 70;
-  odd.tm_yday = 999;
-  odd.tm_year = -1;
+  // From seconds to years, then the days of week and year: all out of range.
+  std::tm odd = {70, -1, 30, 40, 12, -1, 9, 999, 0, 0, nullptr};
   const std::pair<const char*, const char*> rows[] = {
       {"%a %A %b %B %h", "? ? ? ? ?"},
       {"%w %u %m %d %e %H %I %M %S %p %j", "6 6 12 31 31 23 11 00 61 PM 1000"},

@@ -231,26 +231,6 @@ TEST_F(Runtime, MisuseIsAFaultOfTheLibrary) {
   }
 }
 
-TEST_F(Runtime, ErrorsFillTheirPlaceholders) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"%1, %2 and %3", "\"a b\", [-11] and 3"},
-      {"100%% %%1 %", "100%% %%1 %"},
-      {"%0 %4 %- %-0 %x%2", "%0 %4 %- %-0 %x[-11]"},
-  };
-  static const char* message;
-  const VelmorCommand raise = [](const HostTable* host, HostObject args) {
-    host->HostError(message, argument(args, 1), argument(args, 2), argument(args, 3));
-    return host->HostNull();
-  };
-  for (const auto& [placeholders, text] : rows) {
-    message = placeholders;
-    EXPECT_EQ(call(raise, {string("a b"), list({integer(-11)}), integer(3)}),
-              std::string("error: ") + text);
-  }
-  message = "%-1 %-2 %-3";
-  EXPECT_EQ(call(raise, {integer(1), integer(112), integer(-14)}), "error: 1st 112nd -14th");
-}
-
 // ---- Calls and evaluation ----
 
 const VelmorCommand kEvaluate = [](const HostTable* host, HostObject args) {
