@@ -38,15 +38,13 @@ class Dictionary : public testing::Test {
 TEST_F(Dictionary, Values) {
   CheckInOrder({
       {"dictCreate([\"he\", \"she\", \"his\", \"hers\"])", "1"},
-      {"dictObjSearch(1, \"ushers\")", "[3, 1], [2, 2], [3, 4]"},
       {"dictObjSearch(1, `ushers`)", "[3, 1], [2, 2], [3, 4]"},
       {R"(dictObjSearch(1, "HE"), dictObjSearch(1, ""))", "[], []"},
       {"dictCreate([c, bc, abcd, c, \"\"])", "2"},
       {"dictObjSearch(2, \"abcd\")", "[2, 2], [3, 1], [1, 3]"},
       {"dictObjSize(2), dictObjGet(2, 0)", "5, \"\""},
       {"dictObjGet(2, 2), dictObjGet(2, 4), dictObjGet(2, 5)", "\"bc\", \"c\", \"\""},
-      {"dictCreate([])", "3"},
-      {"dictObjSearch(3, \"abc\"), dictObjSize(3)", "[], 0"},
+      {"dictCreate([]), dictObjSearch(3, \"abc\"), dictObjSize(3)", "3, [], 0"},
       {R"(dictObjFree(1), dictCreate(["x"]))", "1, 1"},
   });
 }

