@@ -24,13 +24,13 @@ struct Stream {
   void seed(std::uint32_t s) {
     const std::uint64_t m[] = {18273, 23163, 24984, 28854};
     std::uint64_t x[4];
-    for (int i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i) {
       const std::uint32_t nibble = s >> 8 * i & 15;
       x[i] = (nibble != 0 ? nibble : std::array<std::uint32_t, 4>{1, 3, 5, 7}[i]) | 1;
     }
     carry = static_cast<std::uint32_t>(x[0] + x[1] + x[2] + x[3]);
-    for (int k = 0; k < 127; ++k) {
-      for (int i = 0; i < 4; ++i) x[i] = (x[i] / 65536 + x[i] % 65536 * m[i]) & 0xffffffff;
+    for (std::size_t k = 0; k < 127; ++k) {
+      for (std::size_t i = 0; i < 4; ++i) x[i] = (x[i] / 65536 + x[i] % 65536 * m[i]) & 0xffffffff;
       table[k] =
           static_cast<std::uint32_t>((x[0] + x[2]) * 65536 + x[1] % 65536 + x[3] % 65536) | 1;
     }
@@ -135,7 +135,7 @@ TEST_F(FreshLibrary, EveryKindOfDraw) {
       evaluate("randomise(" + std::to_string(static_cast<std::int32_t>(seed)) + ")");
       stream_.seed(seed);
     }
-    for (const std::size_t n : {0, 1, 3, 4, 5, 130, 9000}) {
+    for (const std::size_t n : {0U, 1U, 3U, 4U, 5U, 130U, 9000U}) {
       const std::string count = std::to_string(n);
       EXPECT_EQ(quoted(stream_.bytes(n)), evaluate("random(" + count + ")")) << seed;
       EXPECT_EQ(quoted(stream_.of(kLower, n)), evaluate("random(" + count + ", lower)"));

@@ -110,7 +110,8 @@ TEST(Approximate, LongPatterns) {
   std::mt19937 random(4);
   const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
   const auto letter = [&] { return static_cast<char>('a' + below(3)); };
-  for (const std::size_t m : {1, 2, 7, 31, 32, 33, 34, 63, 64, 65, 96, 97, 128, 129, 200}) {
+  for (const std::size_t m :
+       {1U, 2U, 7U, 31U, 32U, 33U, 34U, 63U, 64U, 65U, 96U, 97U, 128U, 129U, 200U}) {
     for (int round = 0; round < 40; ++round) {
       std::string pattern(m, 'a');
       for (char& c : pattern) c = letter();

@@ -219,9 +219,9 @@ TEST(Automaton, Records) {
   EXPECT_EQ(1, ac_insert(automaton, std::string(10, 'x').c_str(), 1));
   EXPECT_EQ(20, automaton->capacity);
   EXPECT_NE(nullptr, automaton->depth[10]);
-  EXPECT_EQ(automaton->root['x'], automaton->depth[1]);
+  EXPECT_EQ(automaton->root[+'x'], automaton->depth[1]);
   EXPECT_EQ(automaton, ac_init(automaton));  // releases the pool that the record holds
-  EXPECT_EQ(nullptr, automaton->root['x']);
+  EXPECT_EQ(nullptr, automaton->root[+'x']);
   for (int times = 0; times < 2; ++times) {
     ac_free(automaton);
     EXPECT_EQ(-1, automaton->capacity);

@@ -116,7 +116,7 @@ TEST(Exact, EveryShortPatternInEveryShortText) {
 // Long texts with structure make the search leave its first method for the second.
 TEST(Exact, FactorsOfLongTexts) {
   for (const std::string& text : sample_words(3000)) {
-    for (const std::size_t m : {1, 2, 3, 5, 8, 31, 32, 33, 63, 64, 65, 200}) {
+    for (const std::size_t m : {1U, 2U, 3U, 5U, 8U, 31U, 32U, 33U, 63U, 64U, 65U, 200U}) {
       std::string factor = text.substr(text.size() / 2, m);
       check_exact(factor, text);
       factor[m / 2] = 'b';
@@ -128,7 +128,7 @@ TEST(Exact, FactorsOfLongTexts) {
 
 // The count of one pattern in one text is kept in 16 bits; no other form has that limit.
 TEST(Exact, CountsInSixteenBits) {
-  for (const std::size_t n : {65535, 65536, 65537, 131072}) {
+  for (const std::size_t n : {65535U, 65536U, 65537U, 131072U}) {
     const std::string text = "repeat(\"a\", " + std::to_string(n) + ")";
     const auto count = [&](const std::string& before, const std::string& after) {
       return velmor_size(session().evaluate("[" + before + text + after + ")]").value);

@@ -79,7 +79,7 @@ TEST(Substitution, EveryShortCase) {
 
 // A multiple of 65536 occurrences counts as none; the scratch buffer's limit does not show.
 TEST(Substitution, LongTexts) {
-  for (const std::size_t n : {8188, 8189, 8190, 8191, 65535, 65536, 65537, 131072}) {
+  for (const std::size_t n : {8188U, 8189U, 8190U, 8191U, 65535U, 65536U, 65537U, 131072U}) {
     const std::string a(n, 'a');
     for (const std::string pattern : {"a", "aa"}) {
       for (const std::string replacement : {"", "b", "bcd"}) {

@@ -105,7 +105,8 @@ TEST_F(CommandLine, MapAnswersEachLine) {
 // Lines around and beyond the size of a block, all bytes, with and without a newline at the end.
 TEST_F(CommandLine, ReversingTwiceGivesTheTextBack) {
   std::string text;
-  for (const std::size_t length : {0, 1, 262'142, 1, 262'143, 262'144, 262'145, 700'000, 0, 5}) {
+  for (const std::size_t length :
+       {0U, 1U, 262'142U, 1U, 262'143U, 262'144U, 262'145U, 700'000U, 0U, 5U}) {
     for (std::size_t i = 0; i < length; ++i) {
       const auto byte = static_cast<char>(1 + (i * 7 + length) % 255);
       text += byte == '\n' ? ' ' : byte;

@@ -64,7 +64,7 @@ TEST(Borders, AllShortWordsByDefinition) {
 
 // Around the length from which on the border array may be needed, and around 512 cells of it.
 TEST(Borders, LongWords) {
-  for (const std::size_t n : {499, 500, 501, 511, 512, 1000}) {
+  for (const std::size_t n : {499U, 500U, 501U, 511U, 512U, 1000U}) {
     for (const std::string& w : sample_words(n)) {
       check_word(w);
       for (const std::string& t : {w.substr(n / 2) + w, w.substr(n - 3)}) {
@@ -72,7 +72,7 @@ TEST(Borders, LongWords) {
       }
     }
   }
-  for (const std::size_t n : {510, 511, 512}) check_border_array(fibonacci_word(n));
+  for (const std::size_t n : {510U, 511U, 512U}) check_border_array(fibonacci_word(n));
 }
 
 TEST(Borders, AllShortPairs) {

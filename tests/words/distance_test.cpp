@@ -69,9 +69,9 @@ TEST(Distances, AllShortPairsByDefinition) {
 // close and words that are not.
 TEST(Distances, LevenshteinOfLongerWords) {
   unsigned seed = 0;
-  for (const std::size_t m : {1, 7, 63, 64, 65, 127, 128, 130, 300}) {
-    for (const std::size_t n : {2, 64, 66, 129, 192, 200, 450}) {
-      for (const int letters : {2, 4, 255}) {
+  for (const std::size_t m : {1U, 7U, 63U, 64U, 65U, 127U, 128U, 130U, 300U}) {
+    for (const std::size_t n : {2U, 64U, 66U, 129U, 192U, 200U, 450U}) {
+      for (const unsigned letters : {2U, 4U, 255U}) {
         const std::string s = random_word(m, letters, ++seed);
         check_levenshtein(s, random_word(n, letters, ++seed));
         std::string close = s;

@@ -73,7 +73,7 @@ TEST(Lyndon, AllShortWordsByDefinition) {
 }
 
 TEST(Lyndon, LongWords) {
-  for (const std::size_t n : {15, 16, 17, 64, 210}) {
+  for (const std::size_t n : {15U, 16U, 17U, 64U, 210U}) {
     for (const std::string& w : sample_words(n)) {
       check_word(w);
       std::string other = rotation(w, n / 3);
