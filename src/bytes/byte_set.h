@@ -32,6 +32,22 @@ class ByteSet {
     while (words_[i] == 0) ++i;
     return static_cast<Byte>(64 * i + std::countr_zero(words_[i]));
   }
+  // Calls visit(c) for each member, in increasing order.
+  template <typename Visit>
+  constexpr void for_each(Visit visit) const {
+    for (int i = 0; i < 4; ++i) {
+      for (std::uint64_t rest = words_[i]; rest != 0; rest &= rest - 1) {
+        visit(static_cast<Byte>(64 * i + std::countr_zero(rest)));
+      }
+    }
+  }
+  // Whether a byte is in both sets.
+  constexpr bool meets(const ByteSet& other) const {
+    for (int i = 0; i < 4; ++i) {
+      if ((words_[i] & other.words_[i]) != 0) return true;
+    }
+    return false;
+  }
   constexpr bool has(Byte c) const { return (words_[c / 64] & bit(c)) != 0; }
 
  private:

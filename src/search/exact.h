@@ -1,13 +1,14 @@
 // Exact search for one pattern: the first occurrence, or all of them.
 //
-// Ordinary texts are scanned by memchr for the pattern's rarest byte, at the speed of memory. What
-// the candidates cost is counted: where they come too thick (a small alphabet, a periodic text, a
-// rare byte that is not rare here) the rest of the text is left to the two-way matcher, so that
-// every search is linear in pattern and text.
+// Ordinary texts are scanned for the pattern's two rarest bytes, at the speed of memory. What the
+// candidates cost is counted: where they come too thick (a small alphabet, a periodic text, rare
+// bytes that are not rare here) the rest of the text is left to the two-way matcher, so that every
+// search is linear in pattern and text.
 #pragma once
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/find_pair.h"
 #include "runtime/bytes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
@@ -27,17 +28,22 @@ class Finder {
 
   // Offset of the next occurrence, or npos.
   std::size_t next();
+  // Offset of the next occurrence at `from` or later, or npos.
+  std::size_t next_from(std::size_t from);
 
  private:
   bool has_spent_budget() const;
+  std::size_t next_candidate(std::size_t end) const;
+  bool occurs_at(std::size_t at) const;
 
   Bytes pattern_;
   Bytes text_;
-  std::size_t at_ = npos;  // the next alignment to try; npos at the end
-  std::size_t spent_ = 0;  // cost of the candidates so far, in bytes of scanning
-  std::size_t candidate_cost_ = 0;
-  std::size_t rare_ = 0;   // offset of the pattern's rarest byte
-  std::size_t guard_ = 0;  // offset of another byte, asked before a comparison in full
+  std::size_t at_ = npos;   // the next alignment to try; npos at the end
+  std::size_t spent_ = 0;   // cost of the candidates so far, in bytes of scanning
+  std::size_t rare_ = 0;    // offset of the pair in the pattern
+  BytePair pair_ = {};      // of the pattern's rarest bytes; of a single byte, only the first
+  std::uint64_t head_ = 0;  // the pattern's first bytes, eight at most, and
+  std::uint64_t mask_ = 0;  // all bits of those
   bool is_two_way_ = false;
   TwoWay two_way_;
 };

@@ -1,0 +1,23 @@
+// How common a byte is in ordinary text: a search looks for the rarest ones first.
+#pragma once
+#include <array>
+
+#include "runtime/bytes.h"
+
+namespace vstring {
+
+// From 255, the most common, downwards: letters by their frequency in English prose, then what is
+// common in tables and programs. All that is not listed counts as rare, 0.
+inline constexpr std::array<Byte, 256> kCommonness = [] {
+  constexpr const char* kCommonFirst =
+      " etaoinsrhldcumfpgwybvk,.\nTSAIMCBPHWDRELFNGOxjqzUVJKYXQZ'\"-()0123456789;:\t"
+      "/_=*<>{}[]#+&!?|%$@~^`\\";
+  std::array<Byte, 256> commonness = {};
+  Byte value = 255;
+  for (const char* c = kCommonFirst; *c != '\0'; ++c) {
+    commonness[static_cast<Byte>(*c)] = value--;
+  }
+  return commonness;
+}();
+
+}  // namespace vstring

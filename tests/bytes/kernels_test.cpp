@@ -1,0 +1,115 @@
+// The vector kernels and their plain twins beside loops over single bytes.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bytes/byte_scan.h"
+#include "bytes/cpu.h"
+#include "bytes/find_pair.h"
+#include "bytes/prefix_filter.h"
+
+namespace vstring_test {
+namespace {
+
+using namespace vstring;
+
+// Runs a check with the vector kernels and without. Texts are exactly as long as their blocks, so
+// that the sanitizers see a read beyond the end.
+template <typename Check>
+void on_random_texts(Check check) {
+  std::mt19937 random(20261121);
+  for (int i = 0; i < 4000; ++i) {
+    std::vector<Byte> text(random() % (i % 2 == 0 ? 40 : 300));
+    const std::size_t letters = 2 + random() % 40;  // where few, kernels stop at once
+    const std::size_t first = random() % 256;
+    for (Byte& c : text) c = static_cast<Byte>(first + random() % letters * 7);
+    for (const bool plain : {false, true}) {
+      plain_kernels_only = plain;
+      check(Bytes(text), random);
+    }
+    plain_kernels_only = false;
+    if (testing::Test::HasFailure()) return;
+  }
+}
+
+ByteSet random_set(std::mt19937& random, std::size_t members) {
+  ByteSet set;
+  for (std::size_t i = 0; i < members; ++i) set.add(static_cast<Byte>(random()));
+  return set;
+}
+
+// The first place from `at` on where a condition holds; `none` when there is none before `end`.
+template <typename Condition>
+std::size_t first_place(std::size_t at, std::size_t end, std::size_t none, Condition holds) {
+  for (; at < end; ++at) {
+    if (holds(at)) return at;
+  }
+  return none;
+}
+
+TEST(Kernels, ByteScan) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    ByteSet set = random_set(random, random() % 20);
+    if (random() % 2 == 0) set.complement();
+    const ByteScan scan(set);
+    const std::size_t n = text.size();
+    const std::size_t at = random() % (n + 1);
+    EXPECT_EQ(first_place(at, n, n, [&](std::size_t i) { return set.has(text[i]); }),
+              scan.find(text, at));
+    EXPECT_EQ(first_place(at, n, n, [&](std::size_t i) { return !set.has(text[i]); }),
+              scan.find_other(text, at));
+  });
+}
+
+TEST(Kernels, FindPair) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    if (text.empty()) return;
+    const std::size_t distance = random() % text.size();
+    const std::size_t end = random() % (text.size() - distance + 1);
+    const std::size_t at = random() % (end + 1);
+    const BytePair pair = {text[random() % text.size()], text[random() % text.size()], distance};
+    const auto stands = [&](std::size_t i) {
+      return text[i] == pair.first && text[i + distance] == pair.second;
+    };
+    EXPECT_EQ(first_place(at, end, SIZE_MAX, stands), find_pair(text, at, end, pair));
+  });
+}
+
+// It may stop too often: never behind a place where a prefix stands, and, with sets that the two
+// halves of a byte decide, at no other.
+TEST(Kernels, PrefixFilter) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    const std::size_t length = 2 + random() % 2;
+    const std::size_t prefixes = 1 + random() % PrefixFilter::kPrefixes;
+    const bool is_exact = random() % 2 == 0;
+    PrefixFilter filter;
+    std::vector<std::vector<ByteSet>> sets(prefixes);
+    for (std::size_t p = 0; p < prefixes; ++p) {
+      for (std::size_t i = 0; i < length; ++i) {
+        sets[p].push_back(random_set(random, is_exact ? 0 : random() % 8));
+        if (!text.empty()) sets[p][i].add(text[random() % text.size()]);
+        filter.add(p, i, sets[p][i]);
+      }
+    }
+    const auto stands = [&](std::size_t place) {
+      for (const std::vector<ByteSet>& prefix : sets) {
+        std::size_t i = 0;
+        while (i < length && prefix[i].has(text[place + i])) ++i;
+        if (i == length) return true;
+      }
+      return false;
+    };
+    const std::size_t end = text.size() < length ? 0 : text.size() - length + 1;
+    const std::size_t at = end == 0 ? 0 : random() % end;
+    const std::size_t expected = first_place(at, end, SIZE_MAX, stands);
+    const std::size_t found = filter.find(length, text, at);
+    EXPECT_LE(found, expected);
+    EXPECT_TRUE(!is_exact || found == expected);
+  });
+}
+
+}  // namespace
+}  // namespace vstring_test
