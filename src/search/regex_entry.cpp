@@ -105,13 +105,20 @@ HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   const Bytes replacement = args.text(3);
   Match match;
   if (!matches(args, pattern, text, match)) return host->HostToBoolean(-1);
-  const Result<std::size_t> length = regex::expanded_length(replacement, text, match);
+  regex::Template parts;
+  if (!parts.read(replacement)) {
+    parts.free();
+    args.raise(Status::out_of_memory);
+  }
+  const Result<std::size_t> length = parts.expanded_length(text, match);
   // Built in a block whatever its length: what the scratch buffer holds stays.
   HeldArray<Byte> block;
   if (!length.ok() || *length == SIZE_MAX || !block.resize(*length + 1)) {
+    parts.free();
     args.raise(Status::out_of_memory);
   }
-  regex::expand(replacement, text, match, {block.data(), *length});
+  parts.expand(text, match, {block.data(), *length});
+  parts.free();
   block[*length] = '\0';
   const HostObject string = host->HostNewString(chars(block.data()));
   block.free();

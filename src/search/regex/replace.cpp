@@ -1,6 +1,6 @@
 #include "search/regex/replace.h"
 
-#include "search/regex/template.h"
+#include "bytes/copy.h"
 
 namespace vstring::regex {
 
@@ -38,12 +38,8 @@ bool Replacement::record(std::size_t place, const Match& match) {
 
 Scan Replacement::find(const Plan& plan, Bytes text, Bytes replacement, Method method) {
   text_ = text;
-  replacement_ = replacement;
-  groups_ = 0;
-  for (TemplateReader reader(replacement); !reader.done();) {
-    const int group = reader.next().group;
-    if (group > 0) groups_ |= 1U << group;
-  }
+  if (!template_.read(replacement)) return Scan::out_of_memory;
+  groups_ = template_.groups() & ~1U;
   Finder finder(plan, text, method);
   Match match;
   std::size_t place = 0;
@@ -53,7 +49,7 @@ Scan Replacement::find(const Plan& plan, Bytes text, Bytes replacement, Method m
     if (found == Found::out_of_space) return Scan::out_of_space;
     if (found == Found::no) break;
     if (match.start() == match.end()) return Scan::empty_match;
-    const Result<std::size_t> expansion = expanded_length(replacement, text, match);
+    const Result<std::size_t> expansion = template_.expanded_length(text, match);
     if (!expansion.ok() || !record(place, match)) return Scan::out_of_memory;
     if (__builtin_add_overflow(length, match.start() - place, &length) ||
         __builtin_add_overflow(length, *expansion, &length)) {
@@ -71,7 +67,7 @@ void Replacement::write(MutableBytes out) const {
   std::size_t place = 0;
   for (std::size_t at = 0; at < matches_.size();) {
     const std::size_t start = place + read_number(at);
-    out = copy_into(out, text_.subspan(place, start - place));
+    out = copy_part(out, text_, place, start - place);
     match.slot[0] = start;
     match.slot[1] = place = start + read_number(at);
     for (int g = 1; g < kGroups; ++g) {
@@ -82,7 +78,7 @@ void Replacement::write(MutableBytes out) const {
       match.slot[2 * g] = start + distance - 1;
       match.slot[2 * g + 1] = match.slot[2 * g] + read_number(at);
     }
-    out = expand(replacement_, text_, match, out);
+    out = template_.expand(text_, match, out);
   }
   copy_into(out, text_.subspan(place));
 }

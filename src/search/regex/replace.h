@@ -10,6 +10,7 @@
 #include "runtime/memory.h"
 #include "search/regex/finder.h"
 #include "search/regex/plan.h"
+#include "search/regex/template.h"
 
 namespace vstring::regex {
 
@@ -23,14 +24,17 @@ enum class Scan : std::uint8_t {
 // What replacing does, found before any result is written.
 class Replacement {
  public:
-  // Finds all matches and the result's length. Requires plan, text and replacement to outlive it.
+  // Finds all matches and the result's length. Requires plan and text to outlive it.
   Scan find(const Plan& plan, Bytes text, Bytes replacement, Method method = Method::automatic);
 
   std::size_t length() const { return length_; }
   bool changes_text() const { return !matches_.empty(); }
   void write(MutableBytes out) const;  // length() bytes
 
-  void free() { matches_.free(); }
+  void free() {
+    matches_.free();
+    template_.free();
+  }
 
  private:
   bool record(std::size_t place, const Match& match);
@@ -38,7 +42,7 @@ class Replacement {
   std::size_t read_number(std::size_t& at) const;
 
   Bytes text_;
-  Bytes replacement_;
+  Template template_;
   std::size_t length_ = 0;
   unsigned groups_ = 0;  // bit n: the template inserts group n > 0
   // Per match: bytes before it, its length, and for each group inserted 0, or 1 + its distance

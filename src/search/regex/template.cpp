@@ -1,59 +1,66 @@
 #include "search/regex/template.h"
 
+#include "bytes/copy.h"
+
 namespace vstring::regex {
 namespace {
 
-constexpr bool is_digit(Byte c) { return c >= '0' && c <= '9'; }
-
-// Length of the leading bytes that stand for themselves.
-std::size_t plain_length(Bytes text) {
-  std::size_t i = 0;
-  for (; i < text.size() && text[i] != '&'; ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) continue;
-    const Byte c = text[i + 1];
-    if (is_digit(c) || c == '&' || c == '\\') break;
-  }
-  return i;
-}
+constexpr int kNoGroup = -1;
 
 }  // namespace
 
-Piece TemplateReader::next() {
-  Piece piece;
-  std::size_t used = plain_length(rest_);
-  if (used > 0) {
-    piece.bytes = rest_.first(used);
-  } else if (rest_[0] == '&') {
-    piece.group = 0;
-    used = 1;
-  } else {
-    used = 2;
-    if (is_digit(rest_[1])) {
-      piece.group = rest_[1] - '0';
-    } else {
-      piece.bytes = rest_.subspan(1, 1);
+bool Template::read(Bytes text) {
+  const auto end_piece = [this](int group) {
+    const std::size_t at = pieces_.empty() ? 0 : pieces_.back().at + pieces_.back().length;
+    return pieces_.push_back({at, plain_.size() - at, group});
+  };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    int group = kNoGroup;
+    Byte c = text[i];
+    if (c == '&') {
+      group = 0;
+    } else if (c == '\\' && i + 1 < text.size()) {
+      const Byte escaped = text[i + 1];
+      const bool is_group = escaped >= '0' && escaped <= '9';
+      if (is_group) group = escaped - '0';
+      if (is_group || escaped == '&' || escaped == '\\') {
+        c = escaped;
+        ++i;
+      }
     }
+    if (group != kNoGroup) groups_ |= 1U << group;
+    if (!(group == kNoGroup ? plain_.push_back(c) : end_piece(group))) return false;
   }
-  rest_ = rest_.subspan(used);
-  return piece;
+  // Room behind, so that the last bytes are copied as quickly as the first.
+  length_ = plain_.size();
+  constexpr Byte kRoom[kCopyBlock] = {};
+  return end_piece(kNoGroup) && plain_.append(kRoom);
 }
 
-Result<std::size_t> expanded_length(Bytes replacement, Bytes text, const Match& match) {
-  std::size_t length = 0;
-  for (TemplateReader reader(replacement); !reader.done();) {
-    const Piece piece = reader.next();
-    const Bytes bytes = piece.group < 0 ? piece.bytes : match.group(text, piece.group);
-    if (__builtin_add_overflow(length, bytes.size(), &length)) return Status::out_of_memory;
+Result<std::size_t> Template::expanded_length(Bytes text, const Match& match) const {
+  std::size_t length = length_;
+  if (groups_ == 0) return length;
+  for (const Piece& piece : pieces_) {
+    if (piece.group == kNoGroup) continue;
+    const std::size_t group = match.group(text, piece.group).size();
+    if (__builtin_add_overflow(length, group, &length)) return Status::out_of_memory;
   }
   return length;
 }
 
-MutableBytes expand(Bytes replacement, Bytes text, const Match& match, MutableBytes out) {
-  for (TemplateReader reader(replacement); !reader.done();) {
-    const Piece piece = reader.next();
-    out = copy_into(out, piece.group < 0 ? piece.bytes : match.group(text, piece.group));
+MutableBytes Template::expand(Bytes text, const Match& match, MutableBytes out) const {
+  for (const Piece& piece : pieces_) {
+    out = copy_part(out, plain_.view(), piece.at, piece.length);
+    if (piece.group == kNoGroup || !match.has(piece.group)) continue;
+    const std::size_t start = match.start(piece.group);
+    out = copy_part(out, text, start, match.end(piece.group) - start);
   }
   return out;
+}
+
+void Template::free() {
+  pieces_.free();
+  plain_.free();
 }
 
 }  // namespace vstring::regex

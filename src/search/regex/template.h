@@ -5,32 +5,40 @@
 #include <cstddef>
 
 #include "runtime/bytes.h"
+#include "runtime/memory.h"
 #include "runtime/status.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {
 
-// A template is read piece by piece: bytes to copy, or a group to insert.
-struct Piece {
-  Bytes bytes;
-  int group = -1;  // -1: the bytes themselves
-};
-
-class TemplateReader {
+class Template {
  public:
-  explicit TemplateReader(Bytes text) : rest_(text) {}
+  // Takes a template apart; false when memory fails.
+  bool read(Bytes text);
 
-  bool done() const { return rest_.empty(); }
-  Piece next();  // requires !done()
+  // Bit n: group n is inserted.
+  unsigned groups() const { return groups_; }
+
+  // Bytes of the expansion; Status::out_of_memory when no text can be that long.
+  Result<std::size_t> expanded_length(Bytes text, const Match& match) const;
+
+  // Writes the expansion to the start of `out` and returns what is left of it.
+  MutableBytes expand(Bytes text, const Match& match, MutableBytes out) const;
+
+  void free();
 
  private:
-  Bytes rest_;
+  // Bytes to copy, those of plain_ from `at` on, and then a group to insert; -1: none.
+  struct Piece {
+    std::size_t at;
+    std::size_t length;
+    int group;
+  };
+
+  HeldArray<Piece> pieces_;
+  HeldArray<Byte> plain_;
+  std::size_t length_ = 0;  // of all plain bytes
+  unsigned groups_ = 0;
 };
-
-// Bytes of the expansion; Status::out_of_memory when no text can be that long.
-Result<std::size_t> expanded_length(Bytes replacement, Bytes text, const Match& match);
-
-// Writes the expansion to the start of `out` and returns what is left of it.
-MutableBytes expand(Bytes replacement, Bytes text, const Match& match, MutableBytes out);
 
 }  // namespace vstring::regex

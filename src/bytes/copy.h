@@ -1,0 +1,22 @@
+// Copies of a few bytes each, where calling memcpy would take longer than the copy.
+#pragma once
+#include <cstddef>
+#include <cstring>
+
+#include "runtime/bytes.h"
+
+namespace vstring {
+
+// Copies from[at, at + n) to the start of `to` and returns what is left of `to`. Where there is
+// room on both sides a whole block is copied: what follows in `to` must still be to be written.
+inline constexpr std::size_t kCopyBlock = 16;
+inline MutableBytes copy_part(MutableBytes to, Bytes from, std::size_t at, std::size_t n) {
+  if (n <= kCopyBlock && to.size() >= kCopyBlock && from.size() - at >= kCopyBlock) {
+    std::memcpy(to.data(), from.data() + at, kCopyBlock);
+  } else if (n > 0) {
+    std::memcpy(to.data(), from.data() + at, n);
+  }
+  return to.subspan(n);
+}
+
+}  // namespace vstring
