@@ -90,10 +90,11 @@ class Ours {
     return Finder(*plan_, bytes(text)).find(0, match) == Found::yes;
   }
   std::size_t all(const std::string& text) const {
-    vstring::Buffer<Cut> cuts;
-    std::size_t rest = 0;
-    find_cuts(*plan_, bytes(text), cuts, rest);
-    return cuts.size();
+    Finder finder(*plan_, bytes(text));
+    Match match;
+    std::size_t n = 0;
+    for (std::size_t at = 0; finder.find(at, match) == Found::yes; ++n) at = match.end();
+    return n;
   }
   std::size_t replace(const std::string& text) const {
     Replacement changes;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "bytes/cpu.h"
 #include "search/regex_comparison.h"
 #include "support/check.h"
 #include "support/direct.h"
@@ -13,7 +14,8 @@
 namespace vstring_test {
 namespace {
 
-void compare(const std::string& pattern, const std::vector<std::string>& texts) {
+void compare(const std::string& pattern, const std::vector<std::string>& texts,
+             std::size_t steps = SIZE_MAX) {
   const reference::Regex expected(pattern);
   const Compiled compiled(pattern);
   if (!expected.error().empty()) {
@@ -23,7 +25,7 @@ void compare(const std::string& pattern, const std::vector<std::string>& texts) 
   }
   ASSERT_NE(nullptr, compiled.plan) << pattern;
   for (const std::string& text : texts) {
-    ASSERT_EQ("", difference(compiled, expected, text, "<&|\\1|\\2>")) << pattern;
+    ASSERT_EQ("", difference(compiled, expected, text, "<&|\\1|\\2>", steps)) << pattern;
   }
 }
 
@@ -80,6 +82,31 @@ TEST(RegexOracleAtRandom, LongerPatterns) {
     }
     compare(pattern, texts);
   }
+}
+
+// Texts in which most places are passed over: by what a match begins with, by what every match
+// contains and what it can have ahead of that; runs that need not be tried shorter. With the vector
+// kernels and without.
+TEST(RegexOracleAtRandom, SparseTexts) {
+  constexpr const char* kPatterns[] = {
+      "cab",          "[ab]c",         "a|bc|cab",        "[a-c]+x",      "([a-c]+) *\\(",
+      "x[^y]*y",      "(a|b)+x(c|y)*", "a+(b|c)$",        "[b-x]y|a\\(x", "(ab?c?)+[xy]",
+      "[ab]*x+[ab]*", "(a*x|b)y",      "((a|b)*c)*x",     "a(b|c)*x.*y",  "[abc]+x[abc]+",
+      "x*ab",         "(a|b|c|x|y)y+", "^a|(b|c)x|[xy]a", "(.*)x(.*)y",   "b.?.?x|a",
+      "(xy)+(a|b)",   "a[abc]*",       "[a-y]+ ",         "(a|^)b+c",     "x$|y+a"};
+  constexpr const char* kAlphabets[] = {"abcxy (", "        abcxy(", "abcabcabc x", "xxxxxxxxy"};
+  std::mt19937 random(20261121);
+  const int rounds = long_tier() ? 400 : 12;
+  for (int i = 0; i < rounds && !HasFatalFailure(); ++i) {
+    vstring::plain_kernels_only = i % 3 == 2;
+    std::vector<std::string> texts;
+    for (const std::string_view alphabet : kAlphabets) {
+      std::string& text = texts.emplace_back(random() % 200, ' ');
+      for (char& c : text) c = alphabet[random() % alphabet.size()];
+    }
+    for (const char* const pattern : kPatterns) compare(pattern, texts, 20000);
+  }
+  vstring::plain_kernels_only = false;
 }
 
 }  // namespace

@@ -168,12 +168,12 @@ TEST(Regex, NoPatternRunsAway) {
   const std::size_t n = 1000000;
   const std::string a(n, 'a');
   const std::string x(n, 'x');
-  for (const char* const pattern : {"(a|aa)+b", "(a|a)*b", "(a|a)*[bc]", "((a|b)*c)*d",
-                                    "((a|b)*c)*[de]", "(a+)+$b", "^(a?a?)?.*b.*c"}) {
+  // First those that can be refused for want of a byte, then those that must be tried.
+  for (const char* const pattern :
+       {"(a|aa)+b", "(a|a)*b", "((a|b)*c)*d", "(a+a+)+[yz]", "(a+)+$b", "(a|aa)+(b|c)",
+        "(a|a)*(b|c)", "((a|b)*c)*(d|e)", "(a+a+)+(y|z)", "^(a?a?)?.*b.*c"}) {
     EXPECT_FALSE(truth(vstring_regmatch, {pattern, a})) << pattern;
   }
-  EXPECT_FALSE(truth(vstring_regmatch, {"(x+x+)+y", x}));
-  EXPECT_FALSE(truth(vstring_regmatch, {"(x+x+)+[yz]", x}));
   EXPECT_EQ(a, text(vstring_regsub, {"(a|b)*", a, "&"}));
   for (const char* const pattern : {"a.*z|a", "(aa)*b|a", "^a|(.*)(a|b)z|a"}) {
     EXPECT_EQ(std::vector<std::string>(n / 4),
@@ -185,6 +185,23 @@ TEST(Regex, NoPatternRunsAway) {
     EXPECT_EQ("\"" + x + "\"", call(vstring_regsubs, {rule, velmor_string(heap, a.c_str())}))
         << pattern;
   }
+}
+
+// Where what a match begins with is everywhere, exact search changes its method on the way.
+TEST(Regex, PrefixInManyPlaces) {
+  std::string text;
+  for (unsigned i = 0; i < 20000; ++i) text += i * i * 40503U >> 9 & 1U ? 'a' : 'b';
+  std::vector<std::string> pieces(1);
+  for (std::size_t at = 0; at < text.size();) {
+    const bool matches = text.compare(at, 3, "aab") == 0 && at + 4 <= text.size();
+    if (matches) {
+      pieces.emplace_back();
+    } else {
+      pieces.back() += text[at];
+    }
+    at += matches ? 4 : 1;
+  }
+  EXPECT_EQ(pieces, texts(vstring_regsplit, {"aab.", text}));
 }
 
 // Long texts in 64 KiB of stack.
@@ -275,6 +292,15 @@ TEST(RegexEngine, DamagedProgramsAreReported) {
   EXPECT_EQ(0, vrx_regexec(regex, nullptr));
   EXPECT_EQ(nullptr, vrx_regcomp(nullptr));
   EXPECT_STREQ("NULL argument", vrx_regerror(nullptr));
+
+  for (const int alternative : {10, 18}) {
+    const Compiled ends("(a|b)c");
+    ends.regex->program[alternative] = kEnd;
+    EXPECT_EQ("1", run(ends, "x"));
+  }
+  const Compiled hinted("ab");
+  hinted.regex->first_byte = 'b';  // is believed
+  EXPECT_EQ("0", run(hinted, "ab"));
 
   const Compiled circle("(a)*b");
   circle.regex->must = nullptr;

@@ -55,22 +55,30 @@ Attempt Backtracker::run(std::size_t begin, std::size_t at, std::int64_t& credit
         break;
       case Op::literal:
         goes_on = n - p >= state.other && text_[p] == state.byte &&
-                  std::memcmp(text_.data() + p, plan_.program + state.at, state.other) == 0;
+                  (state.other == 1 ||
+                   std::memcmp(text_.data() + p, plan_.program + state.at, state.other) == 0);
         p += state.other;
         break;
       case Op::branch:
         if (!push({Kind::alternative, state.other, p, 0})) return Attempt::gave_up;
         break;
       case Op::save:
-        if (!push({Kind::restore, state.slot, match.slot[state.slot], 0})) return Attempt::gave_up;
+        // With no choice open, a failure is that of the attempt: the captures are all cleared then.
+        if (!stack_.empty() && !push({Kind::restore, state.slot, match.slot[state.slot], 0}))
+          return Attempt::gave_up;
         match.slot[state.slot] = p;
         break;
       case Op::star:
       case Op::plus: {
         const std::size_t low = state.op == Op::plus ? p + 1 : p;
         const std::size_t end = plan_.run_end(state, text_, p);
-        const std::size_t place = last_place(states[state.next], low, end + 1);
         credit -= static_cast<std::int64_t>((end - p) / kScanPerUnit);
+        if (state.takes_all) {
+          goes_on = end >= low;
+          p = end;
+          break;
+        }
+        const std::size_t place = last_place(states[state.next], low, end + 1);
         goes_on = place != kNowhere;
         if (goes_on && low < place && !push({Kind::shorter, state.next, low, place})) {
           return Attempt::gave_up;
@@ -81,7 +89,10 @@ Attempt Backtracker::run(std::size_t begin, std::size_t at, std::int64_t& credit
     }
     current = state.next;
     while (!goes_on) {
-      if (stack_.empty()) return Attempt::failed;
+      if (stack_.empty()) {
+        if (plan_.slot_count > 2) match.clear();
+        return Attempt::failed;
+      }
       Frame& frame = stack_.back();
       current = frame.state;
       if (frame.kind == Kind::restore) {

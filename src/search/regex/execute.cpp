@@ -9,8 +9,11 @@
 namespace vstring::regex {
 namespace {
 
+// The plan serves one search only: shorter texts are not worth all hints.
+constexpr std::size_t kWorthHints = 512;
+
 Found find_first(const VstringRegex& regex, Bytes text, Match& match) {
-  Plan* const plan = make_plan(regex);
+  Plan* const plan = make_plan(regex, text.size() >= kWorthHints);
   if (plan == nullptr) return Found::out_of_space;
   const Found found = Finder(*plan, text).find(0, match);
   std::free(plan);

@@ -33,8 +33,9 @@ Finder::Finder(const Plan& plan, Bytes text, Method method)
       credit_(method == Method::backtracking
                   ? INT64_MAX
                   : static_cast<std::int64_t>(first_credit(text.size()))),
+      starts_(plan, text),
       backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames),
-      simulation_(plan, text),
+      simulation_(plan, text, starts_),
       two_pass_(plan, text) {}
 
 void Finder::earn(std::size_t bytes) {
@@ -75,7 +76,7 @@ Found Finder::backtrack(std::size_t begin, Match& match) {
   std::size_t at = begin;
   for (;;) {
     if (!plan_.anchored) {
-      const std::size_t candidate = plan_.next_start(text_, at);
+      const std::size_t candidate = starts_.next(at);
       if (candidate == kNowhere) return Found::no;
       earn(candidate - at);
       at = candidate;

@@ -12,6 +12,7 @@
 #include "search/regex/backtrack.h"
 #include "search/regex/plan.h"
 #include "search/regex/simulate.h"
+#include "search/regex/starts.h"
 #include "search/regex/two_pass.h"
 
 namespace vstring::regex {
@@ -42,6 +43,7 @@ class Finder {
   std::int64_t credit_;
   std::size_t must_at_ = 0;  // the literal does not stand between the last `begin` and here
   bool must_known_ = false;  // it stands at must_at_
+  Starts starts_;
   Backtracker backtracker_;
   Simulation simulation_;
   TwoPass two_pass_;

@@ -6,6 +6,7 @@
 
 #include "runtime/memory.h"
 #include "search/regex/error.h"
+#include "search/regex/hints.h"
 
 namespace vstring::regex {
 namespace {
@@ -24,6 +25,7 @@ class Decoder {
   // False when memory fails.
   bool run();
 
+  // The plan, but for its hints. Null when memory fails.
   Plan* finish(const VstringRegex& regex) const;
 
  private:
@@ -49,19 +51,16 @@ class Decoder {
   void fill_literal(Task task);
   void fill_repetition(Task task);
   void set_test(State& state, std::size_t node);
-  bool find_first_set();
 
   const Byte* program_;
   const std::size_t limit_;
   Buffer<State> states_;
-  Buffer<ByteSet> sets_;
+  Buffer<ByteScan> sets_;
   Buffer<std::uint32_t> number_;  // of the state at each node; 0: none yet
   Buffer<Task> tasks_;            // nodes that have a number, but whose states are not filled yet
   std::uint32_t start_ = 0;
   std::uint32_t slot_count_ = 2;
   bool has_bol_ = false;
-  bool has_first_set_ = false;
-  ByteSet first_set_;
   bool has_memory_ = true;
 };
 
@@ -79,7 +78,7 @@ bool Decoder::run() {
     tasks_.pop_back();
     fill(task);
   }
-  return has_memory_ && find_first_set();
+  return has_memory_;
 }
 
 // The state that stands for what happens at a node: nodes that match nothing are passed over, and
@@ -173,7 +172,7 @@ void Decoder::fill_literal(Task task) {
     states[i].byte = literal[i];
     states[i].next = after;
     states[i].other = static_cast<std::uint32_t>(literal.size() - i);
-    states[i].at = static_cast<std::uint32_t>(operand_of(task.node) + i);
+    states[i].at = static_cast<std::uint16_t>(operand_of(task.node) + i);
   }
 }
 
@@ -210,68 +209,16 @@ void Decoder::set_test(State& state, std::size_t node) {
   if (op == kAnyBut) set.complement();
   state.test = Test::set;
   state.other = static_cast<std::uint32_t>(sets_.size());
-  if (!sets_.push_back(set)) has_memory_ = false;
-}
-
-// Which bytes a match can begin with, unless it may be empty.
-bool Decoder::find_first_set() {
-  Buffer<bool> seen;
-  Buffer<std::uint32_t> stack;
-  if (!seen.resize_zeroed(states_.size()) || !stack.push_back(start_)) return false;
-  has_first_set_ = true;
-  while (!stack.empty()) {
-    const std::uint32_t number = stack.back();
-    stack.pop_back();
-    if (seen[number]) continue;
-    seen[number] = true;
-    const State& state = states_[number];
-    bool goes_on = false;
-    switch (state.op) {
-      case Op::fail:
-        break;
-      case Op::report:  // must be reached, to be reported
-      case Op::accept:
-      case Op::eol:
-        has_first_set_ = false;
-        return true;
-      case Op::one:
-      case Op::star:
-      case Op::plus:
-        if (state.test == Test::any) {
-          has_first_set_ = false;
-          return true;
-        }
-        if (state.test == Test::set) {
-          first_set_.unite(sets_[state.other]);
-        } else {
-          first_set_.add(state.byte);
-        }
-        goes_on = state.op == Op::star;
-        break;
-      case Op::literal:
-        first_set_.add(state.byte);
-        break;
-      case Op::branch:
-        if (!stack.push_back(state.other)) return false;
-        goes_on = true;
-        break;
-      case Op::bol:
-      case Op::save:
-        goes_on = true;
-        break;
-    }
-    if (goes_on && !stack.push_back(state.next)) return false;
-  }
-  return true;
+  if (!sets_.push_back(ByteScan(set))) has_memory_ = false;
 }
 
 Plan* Decoder::finish(const VstringRegex& regex) const {
   const std::size_t state_bytes = states_.size() * sizeof(State);
-  const std::size_t set_bytes = sets_.size() * sizeof(ByteSet);
+  const std::size_t set_bytes = sets_.size() * sizeof(ByteScan);
   auto* const block = static_cast<Byte*>(std::malloc(sizeof(Plan) + state_bytes + set_bytes));
   if (block == nullptr) return nullptr;
-  static_assert(sizeof(Plan) % alignof(State) == 0 && sizeof(Plan) % alignof(ByteSet) == 0 &&
-                sizeof(State) % alignof(ByteSet) == 0);
+  static_assert(sizeof(Plan) % alignof(State) == 0 && sizeof(Plan) % alignof(ByteScan) == 0 &&
+                sizeof(State) % alignof(ByteScan) == 0);
   Byte* const states = block + sizeof(Plan);
   Byte* const sets = states + state_bytes;
   std::memcpy(states, states_.data(), state_bytes);
@@ -279,19 +226,14 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   auto* const plan = reinterpret_cast<Plan*>(block);
   *plan = {};
   plan->program = program_;
-  plan->states = reinterpret_cast<const State*>(states);
-  plan->sets = reinterpret_cast<const ByteSet*>(sets);
+  plan->states = reinterpret_cast<State*>(states);
+  plan->sets = reinterpret_cast<const ByteScan*>(sets);
   plan->state_count = static_cast<std::uint32_t>(states_.size());
   plan->start = start_;
   plan->slot_count = slot_count_;
   plan->has_bol = has_bol_;
   plan->anchored = regex.anchored != 0;
   plan->first_byte = regex.first_byte;
-  plan->has_first_set = has_first_set_;
-  plan->first_set = first_set_;
-  if (plan->first_byte == 0 && has_first_set_ && first_set_.count() == 1) {
-    plan->first_byte = first_set_.first();
-  }
   std::uint32_t first = start_;
   for (int i = 0; i < kGroups && states_[first].op == Op::save; ++i) first = states_[first].next;
   const Op op = states_[first].op;
@@ -305,34 +247,22 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
 
 }  // namespace
 
-std::size_t Plan::next_start(Bytes text, std::size_t at) const {
-  if (first_byte != 0) {
-    if (at == text.size()) return kNowhere;
-    const void* const found = std::memchr(text.data() + at, first_byte, text.size() - at);
-    if (found == nullptr) return kNowhere;
-    return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
-  }
-  if (!has_first_set) return at;
-  while (at < text.size() && !first_set.has(text[at])) ++at;
-  return at < text.size() ? at : kNowhere;
-}
-
-std::size_t Plan::run_end(const State& state, Bytes text, std::size_t from) const {
-  const std::size_t n = text.size();
-  std::size_t i = from;
-  if (state.test == Test::any) return n;
-  if (state.test == Test::byte) {
-    while (i < n && text[i] == state.byte) ++i;
-  } else {
-    const ByteSet& set = sets[state.other];
-    while (i < n && set.has(text[i])) ++i;
-  }
-  return i;
-}
-
-Plan* make_plan(const VstringRegex& regex) {
+Plan* make_plan(const VstringRegex& regex, bool all_hints) {
   Decoder decoder(regex);
-  return decoder.run() ? decoder.finish(regex) : nullptr;
+  Plan* const plan = decoder.run() ? decoder.finish(regex) : nullptr;
+  if (plan == nullptr) return nullptr;
+  if (!find_hints(*plan, all_hints)) {
+    std::free(plan);
+    return nullptr;
+  }
+  // The record's first byte holds, also when the program has been changed since.
+  Hints& hints = plan->hints;
+  if (plan->first_byte != 0 && (hints.prefix.empty() || hints.prefix[0] != plan->first_byte)) {
+    hints.prefix = Bytes(&plan->first_byte, 1);
+    hints.has_first = false;
+    hints.prefix_length = 0;
+  }
+  return plan;
 }
 
 void report(const State& state) { vrx_regerror(kReports[state.other]); }

@@ -7,7 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "bytes/byte_set.h"
+#include "bytes/byte_scan.h"
+#include "bytes/prefix_filter.h"
 #include "host/vstring.h"
 #include "runtime/bytes.h"
 #include "search/regex/program.h"
@@ -38,26 +39,42 @@ struct State {
   Byte slot = 0;          // 2n: start of group n, 2n + 1: its end
   std::uint32_t next = 0;
   std::uint32_t other = 0;
-  std::uint32_t at = 0;
+  std::uint16_t at = 0;
+  bool takes_all = false;  // star, plus: taking fewer bytes than it can never leads to a match
 };
 
 inline constexpr std::uint32_t kFailState = 0;
 inline constexpr int kSlots = 2 * kGroups;
 
+// What is known beforehand of every match, so that most of a text need not be tried (hints.cpp).
+struct Hints {
+  bool has_first = false;  // whether a match begins with a byte of `first`
+  ByteScan first;
+  Bytes prefix;                   // what a match begins with; empty: nothing is known
+  std::size_t prefix_length = 0;  // a match begins as `prefixes` has it, with 2 or 3 bytes; 0: no
+  PrefixFilter prefixes;
+  Bytes required;                 // stands in every match; empty: nothing is known
+  bool has_required_set = false;  // whether a byte of `required_set` stands in every match
+  ByteScan required_set;
+  bool has_lead = false;  // whether the bytes of a match ahead of what is required are of `lead`
+  ByteScan lead;
+
+  bool has_required() const { return !required.empty() || has_required_set; }
+};
+
 struct Plan {
   const Byte* program;  // of the compiled expression, which must outlive the plan
-  const State* states;
-  const ByteSet* sets;
+  State* states;
+  const ByteScan* sets;
   std::uint32_t state_count;
   std::uint32_t start;
   std::uint32_t slot_count;  // captures beyond these are never set
   std::uint32_t first_run;   // a star or plus that every match begins with; kFailState: none
   bool has_bol;              // whether the answer can depend on where the text starts
   bool anchored;             // tried at the start of the text only
-  bool has_first_set;        // every match begins with a byte of first_set
   Byte first_byte;           // tried at this byte only; 0: no such hint
-  ByteSet first_set;
-  Bytes must;  // stands in every text that matches; empty: no such hint
+  Bytes must;                // stands in every text that matches; empty: no such hint
+  Hints hints;
 
   // Whether a state that consumes takes this byte first.
   bool takes(const State& state, Byte c) const {
@@ -66,7 +83,12 @@ struct Plan {
   }
 
   // Where the longest run of bytes that a star or plus takes ends.
-  std::size_t run_end(const State& state, Bytes text, std::size_t from) const;
+  std::size_t run_end(const State& state, Bytes text, std::size_t from) const {
+    if (state.test == Test::any) return text.size();
+    if (state.test == Test::set) return sets[state.other].find_other(text, from);
+    while (from < text.size() && text[from] == state.byte) ++from;
+    return from;
+  }
 
   // The state that follows once state `s` has taken a byte.
   std::uint32_t after(std::uint32_t s) const {
@@ -76,28 +98,29 @@ struct Plan {
     return state.next;
   }
 
-  // The first place from `at` on, the end of the text included, where a match may start as far as
-  // its first byte tells; kNowhere when there is none.
-  std::size_t next_start(Bytes text, std::size_t at) const;
+  // The bytes of a literal.
+  Bytes literal(const State& state) const { return {program + state.at, state.other}; }
+
   // The first place after `at`, where an attempt has failed, that is worth another. A run of bytes
   // that the pattern begins with need not be entered again further in: the places where it can be
   // left have all been tried.
   std::size_t after_failure(Bytes text, std::size_t at) const {
     return (first_run == kFailState ? at : run_end(states[first_run], text, at)) + 1;
   }
-  // Whether one may start at `at`, in a text that starts at `begin`.
+  // Whether one may start at `at`, in a text that starts at `begin`, as far as one byte tells.
   bool may_start(Bytes text, std::size_t begin, std::size_t at) const {
     if (anchored) return at == begin;
-    if (first_byte == 0 && !has_first_set) return true;
+    if (first_byte == 0 && !hints.has_first) return true;
     if (at == text.size()) return false;
-    return first_byte != 0 ? text[at] == first_byte : first_set.has(text[at]);
+    return first_byte != 0 ? text[at] == first_byte : hints.first.has(text[at]);
   }
 };
 
 inline constexpr std::size_t kNowhere = SIZE_MAX;
 
-// One block from malloc, for free(); null when memory fails. O(program).
-Plan* make_plan(const VstringRegex& regex);
+// One block from malloc, for free(); null when memory fails. O(program). To find all
+// hints takes longer than the rest, and than a search in a short text.
+Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
 
 // Records the message of a report state.
 void report(const State& state);

@@ -113,7 +113,7 @@ bool Simulation::run(std::size_t begin, std::size_t from, Match& match) {
   for (;; ++at) {
     if (now_.count == 0) {
       if (has_match || (plan_.anchored && at != begin)) break;
-      if (!plan_.anchored) at = plan_.next_start(text_, at);
+      if (!plan_.anchored) at = starts_.next(at);
       if (at == kNowhere) break;
     }
     if (!has_match && plan_.may_start(text_, begin, at)) {

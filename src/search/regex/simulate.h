@@ -12,12 +12,14 @@
 #include "runtime/bytes.h"
 #include "runtime/memory.h"
 #include "search/regex/plan.h"
+#include "search/regex/starts.h"
 
 namespace vstring::regex {
 
 class Simulation {
  public:
-  Simulation(const Plan& plan, Bytes text) : plan_(plan), text_(text) {}
+  Simulation(const Plan& plan, Bytes text, Starts& starts)
+      : plan_(plan), text_(text), starts_(starts) {}
 
   // Makes room; false when memory fails.
   bool prepare();
@@ -51,6 +53,7 @@ class Simulation {
 
   const Plan& plan_;
   Bytes text_;
+  Starts& starts_;
   std::size_t begin_ = 0;
   std::size_t work_ = 0;
   std::size_t round_ = 0;

@@ -1,0 +1,285 @@
+#include "search/regex/hints.h"
+
+#include <algorithm>
+
+#include "bytes/commonness.h"
+#include "runtime/memory.h"
+
+namespace vstring::regex {
+namespace {
+
+using States = Buffer<std::uint32_t>;
+
+bool takes_byte(Op op) {
+  return op == Op::one || op == Op::literal || op == Op::star || op == Op::plus;
+}
+
+class Analysis {
+ public:
+  explicit Analysis(Plan& plan) : plan_(plan), hints_(plan.hints) {}
+
+  // False when memory fails.
+  bool run(bool all);
+
+ private:
+  // What a match can come to before it takes its next byte, besides the states that take one.
+  struct Ahead {
+    bool accepts = false;
+    bool reports = false;
+    bool is_at_begin = false;  // some of it at the start of the text only
+    bool is_at_end = false;    // the same with its end
+    bool is_known = true;      // false: there is too much to look at
+  };
+
+  const State& state(std::uint32_t s) const { return plan_.states[s]; }
+  ByteSet first_bytes(const State& state) const;
+  void push(States& states, std::uint32_t s) { has_memory_ = states.push_back(s) && has_memory_; }
+
+  template <typename Enter>
+  void walk(std::uint32_t from, Enter enter);
+  Ahead look_ahead(std::uint32_t from, States& takers, std::size_t limit = SIZE_MAX);
+
+  void find_first();
+  bool find_path();
+  void find_prefixes();
+  void find_required();
+  int weight(const State& state) const;
+  void consider(std::uint32_t s);
+  void find_lead();
+  void find_whole_runs();
+
+  Plan& plan_;
+  Hints& hints_;
+  bool has_memory_ = true;
+  std::uint32_t round_ = 1;
+  States seen_;    // by state: the last round that entered it
+  States parent_;  // by state: where that round came from
+  States stack_;
+  States path_;    // one way from the start to the end of a match
+  States place_;   // by state: its place on that path, from 1; 0: none
+  States takers_;  // the states that take the first byte of a match
+  States now_;
+  States later_;
+  std::uint32_t required_ = kFailState;
+  bool must_is_known_ = false;  // to stand in every match, without looking for it
+};
+
+ByteSet Analysis::first_bytes(const State& state) const {
+  ByteSet set;
+  if (state.op == Op::literal || state.test == Test::byte) {
+    set.add(state.byte);
+  } else if (state.test == Test::set) {
+    set = plan_.sets[state.other].set();
+  } else {
+    set.complement();
+  }
+  return set;
+}
+
+// Enters the states that can be reached from one and that this round has not seen, depth first;
+// goes on from those for which `enter` is true.
+template <typename Enter>
+void Analysis::walk(std::uint32_t from, Enter enter) {
+  stack_.clear();
+  push(stack_, from);
+  while (!stack_.empty()) {
+    const std::uint32_t s = stack_.back();
+    stack_.pop_back();
+    if (seen_[s] == round_) continue;
+    seen_[s] = round_;
+    const Op op = state(s).op;
+    if (!enter(s) || op == Op::fail || op == Op::accept) continue;
+    const std::uint32_t targets[] = {state(s).next, state(s).other};
+    for (int i = 0; i < (op == Op::branch ? 2 : 1); ++i) {
+      if (seen_[targets[i]] == round_) continue;
+      parent_[targets[i]] = s;
+      push(stack_, targets[i]);
+    }
+  }
+}
+
+// Adds the states that take the next byte, from a state on, to `takers`.
+Analysis::Ahead Analysis::look_ahead(std::uint32_t from, States& takers, std::size_t limit) {
+  Ahead ahead;
+  walk(from, [&](std::uint32_t s) {
+    if (limit-- == 0) ahead.is_known = false;
+    const Op op = state(s).op;
+    if (takes_byte(op)) push(takers, s);
+    ahead.accepts |= op == Op::accept;
+    ahead.reports |= op == Op::report;
+    ahead.is_at_begin |= op == Op::bol;
+    ahead.is_at_end |= op == Op::eol;
+    return ahead.is_known && op != Op::eol && (op == Op::star || !takes_byte(op));
+  });
+  return ahead;
+}
+
+bool Analysis::run(bool all) {
+  const std::size_t n = plan_.state_count;
+  if (!seen_.resize_zeroed(n) || !parent_.resize(n)) return false;
+  const Ahead ahead = look_ahead(plan_.start, takers_);
+  hints_.has_first = !ahead.accepts && !ahead.is_at_end && !ahead.reports;
+  if (hints_.has_first) find_first();
+  if (!all || !find_path()) return has_memory_;
+  find_whole_runs();
+  if (plan_.anchored) return has_memory_;
+  if (hints_.has_first) find_prefixes();
+  find_required();
+  return has_memory_;
+}
+
+// The bytes that a match can begin with.
+void Analysis::find_first() {
+  ByteSet first;
+  for (const std::uint32_t s : takers_) first.unite(first_bytes(state(s)));
+  hints_.first = ByteScan(first);
+}
+
+// Finds the path. False when nothing can match, or when a state reports something: to be reported
+// it must be reached, so no way to it may be cut short.
+bool Analysis::find_path() {
+  ++round_;
+  std::uint32_t end = kFailState;
+  bool reports = false;
+  walk(plan_.start, [&](std::uint32_t s) {
+    if (state(s).op == Op::accept) end = s;
+    reports |= state(s).op == Op::report;
+    return true;
+  });
+  if (end == kFailState || reports || !has_memory_) return false;
+  if (!place_.resize_zeroed(plan_.state_count)) return has_memory_ = false;
+  push(path_, end);
+  for (std::uint32_t s = end; s != plan_.start; push(path_, s)) s = parent_[s];
+  std::reverse(path_.begin(), path_.end());
+  for (std::uint32_t i = 0; i < path_.size(); ++i) place_[path_[i]] = i + 1;
+  return has_memory_;
+}
+
+// A run that can only be followed by a byte which it would take itself, or by nothing at all, ends
+// where it must or the match fails: whoever leaves it early meets the wrong byte.
+void Analysis::find_whole_runs() {
+  constexpr std::size_t kMaxLook = 16;
+  for (std::uint32_t s = 0; s < plan_.state_count; ++s) {
+    State& run = plan_.states[s];
+    if (run.op != Op::star && run.op != Op::plus) continue;
+    ++round_;
+    now_.clear();
+    const Ahead ahead = look_ahead(run.next, now_, kMaxLook);
+    const ByteSet bytes = first_bytes(run);
+    run.takes_all = ahead.is_known && !(ahead.accepts && ahead.is_at_begin) &&
+                    std::none_of(now_.begin(), now_.end(), [&](std::uint32_t next) {
+                      return bytes.meets(first_bytes(state(next)));
+                    });
+  }
+}
+
+// What a match begins with, from the states that take its first byte. They share the numbers of the
+// filter; what follows those of one number is looked at together.
+void Analysis::find_prefixes() {
+  std::size_t length = PrefixFilter::kMaxLength;
+  for (std::size_t prefix = 0; prefix < PrefixFilter::kPrefixes; ++prefix) {
+    States* now = &now_;
+    States* later = &later_;
+    now->clear();
+    for (std::size_t i = prefix; i < takers_.size(); i += PrefixFilter::kPrefixes) {
+      push(*now, takers_[i]);
+    }
+    for (std::size_t i = 0; i < length && !now->empty(); ++i, std::swap(now, later)) {
+      ++round_;
+      later->clear();
+      for (const std::uint32_t s : *now) {
+        hints_.prefixes.add(prefix, i, first_bytes(state(s)));
+        const Ahead ahead = look_ahead(plan_.after(s), *later);
+        if (ahead.accepts || ahead.is_at_end) length = i + 1;
+      }
+    }
+  }
+  hints_.prefix_length = length < 2 ? 0 : length;
+  if (takers_.size() != 1 || state(takers_[0]).op != Op::literal) return;
+  const Bytes literal = plan_.literal(state(takers_[0]));
+  if (literal.size() > 1 || length < 2) hints_.prefix = literal;
+}
+
+// Finds the states that every match passes through, those of the path that no other way leads
+// around: follows, from one state of the path to the next, all ways that leave it to where they
+// come back.
+void Analysis::find_required() {
+  ++round_;
+  std::size_t furthest = 0;
+  for (std::size_t i = 0; i < path_.size(); ++i) {
+    if (furthest <= i) consider(path_[i]);
+    walk(path_[i], [&](std::uint32_t s) {
+      if (s == path_[i]) return true;
+      if (state(s).op == Op::accept) furthest = path_.size() - 1;
+      if (place_[s] == 0) return true;
+      furthest = std::max<std::size_t>(furthest, place_[s] - 1);
+      seen_[s] = 0;  // its turn comes
+      return false;
+    });
+  }
+  if (required_ == kFailState) return;
+  if (must_is_known_) plan_.must = {};
+  const State& required = state(required_);
+  if (required.op == Op::literal) {
+    hints_.required = plan_.literal(required);
+  } else if (required.test == Test::byte) {
+    hints_.required = Bytes(&required.byte, 1);
+  } else {
+    hints_.required_set = plan_.sets[required.other];
+    hints_.has_required_set = true;
+  }
+  find_lead();
+}
+
+// How much it narrows a search to look for what a state takes: about eight times the binary
+// logarithm of the distance to be expected from one place to the next.
+int Analysis::weight(const State& state) const {
+  constexpr int kMost = 1024;
+  const auto rarity = [](Byte c) { return 24 + 255 - kCommonness[c]; };
+  int weight = state.op == Op::literal ? 0 : kMost;
+  if (state.op == Op::literal) {
+    for (std::size_t i = 0; i < state.other && weight < kMost; ++i) {
+      weight = std::min(weight + rarity(plan_.program[state.at + i]), kMost);
+    }
+  } else {
+    const ByteSet set = first_bytes(state);
+    set.for_each([&](Byte c) { weight = std::min(weight, rarity(c)); });
+    weight -= set.count();
+  }
+  return weight;
+}
+
+// Takes a state that every match passes through as the required one if it tells more than the one
+// before. What a match begins with is known already.
+void Analysis::consider(std::uint32_t s) {
+  const State& state = this->state(s);
+  if (!takes_byte(state.op) || state.op == Op::star) return;
+  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == plan_.must.data();
+  if (takers_.size() == 1 && takers_[0] == s) return;
+  if (state.op != Op::literal && state.test == Test::any) return;
+  if (required_ == kFailState || weight(state) > weight(this->state(required_))) required_ = s;
+}
+
+// The bytes that a match can take before it first comes to what is required.
+void Analysis::find_lead() {
+  ByteSet lead;
+  ++round_;
+  walk(plan_.start, [&](std::uint32_t s) {
+    if (s == required_) return false;
+    const State& state = this->state(s);
+    if (state.op == Op::literal) {
+      lead.unite(ByteSet(plan_.literal(state)));
+    } else if (takes_byte(state.op)) {
+      lead.unite(first_bytes(state));
+    }
+    return true;
+  });
+  hints_.lead = ByteScan(lead);
+  hints_.has_lead = lead.count() < 256;
+}
+
+}  // namespace
+
+bool find_hints(Plan& plan, bool all) { return Analysis(plan).run(all); }
+
+}  // namespace vstring::regex

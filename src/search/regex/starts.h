@@ -1,0 +1,37 @@
+// Where in a text a match may start, as far as the plan's hints tell.
+//
+// When every match contains a literal, and all it can have ahead of that literal are bytes of one
+// set, no match starts before the run of such bytes that leads up to the literal's next
+// occurrence: so the search goes from literal to literal and looks back from there.
+#pragma once
+#include <cstddef>
+
+#include "runtime/bytes.h"
+#include "search/exact.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+
+class Starts {
+ public:
+  Starts(const Plan& plan, Bytes text);
+
+  // The first place from `at` on, the end of the text included, where a match may start; kNowhere
+  // when there is none. From one call to the next, `at` never decreases.
+  std::size_t next(std::size_t at);
+
+ private:
+  std::size_t by_first_bytes(std::size_t at);
+  void look_up_required(std::size_t at);
+
+  const Plan& plan_;
+  Bytes text_;
+  std::size_t prefix_at_ = 0;     // the prefix's first occurrence at the place asked for last
+  std::size_t required_at_ = 0;   // the same for what every match contains, and
+  std::size_t lead_at_ = 0;       // where the run of bytes begins that may come ahead of it
+  std::ptrdiff_t credit_ = 1024;  // what looking for it has saved, in bytes of scanning
+  search::Finder prefix_;
+  search::Finder required_;
+};
+
+}  // namespace vstring::regex
