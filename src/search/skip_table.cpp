@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kMaxLength = 64;
 constexpr std::size_t kMaxBlocks = std::size_t{1} << 14;  // with more, every block is in the table
+constexpr std::size_t kFewPatterns = 2 * PrefixFilter::kPrefixes;
 constexpr std::size_t kMinSize = 256;
 constexpr std::size_t kMaxSize = std::size_t{1} << 16;
 
@@ -25,6 +26,7 @@ bool SkipTable::prepare(VstringPool* pool, std::span<const Pattern> patterns) {
   if (m < kBlock) return true;
   const std::size_t stride = m - kBlock + 1;
   if (patterns.size() > kMaxBlocks / stride) return true;
+  has_filter_ = patterns.size() <= kFewPatterns;
 
   const std::size_t wanted = std::bit_ceil(16 * stride * patterns.size());
   const std::size_t size = std::clamp(wanted, kMinSize, kMaxSize);
@@ -40,6 +42,11 @@ bool SkipTable::prepare(VstringPool* pool, std::span<const Pattern> patterns) {
       if ((place & ~kBegins) < depth) place = static_cast<Byte>((place & kBegins) | depth);
     }
     places_[hash(text)] |= kBegins;
+    if (!has_filter_) continue;
+    const auto number = static_cast<std::size_t>(&pattern - patterns.data());
+    for (std::size_t i = 0; i < kBlock; ++i) {
+      filter_.add(number % PrefixFilter::kPrefixes, i, ByteSet(Bytes(text + i, 1)));
+    }
   }
   return true;
 }

@@ -3,13 +3,16 @@
 // All patterns are cut to the length m of the shortest. An occurrence, wherever it begins, then
 // holds the three bytes at one of every m - 2 offsets of the text: only these are looked up, in a
 // table of the blocks of three bytes that occur in patterns. The sampling is that of K. Fredriksson
-// and Sz. Grabowski, "Average-optimal string matching", 2009, with blocks for bytes.
+// and Sz. Grabowski, "Average-optimal string matching", 2009, with blocks for bytes. A few patterns
+// are looked for by their first three bytes in vectors instead.
 #pragma once
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <span>
 
+#include "bytes/prefix_filter.h"
 #include "host/vstring.h"
 #include "runtime/bytes.h"
 
@@ -32,6 +35,7 @@ class SkipTable {
   // No pattern begins at an offset of `from` or more before this one; the text's size when none
   // begins at all. Requires a table.
   std::size_t next_candidate(Bytes text, std::size_t from) const {
+    if (has_filter_) return std::min(filter_.find(kBlock, text, from), text.size());
     for (std::size_t at = from + stride_ - 1; at + kBlock <= text.size(); at += stride_) {
       const std::size_t depth = places_[hash(text.data() + at)] & ~kBegins;
       for (std::size_t begin = at + 1 - depth; begin <= at; ++begin) {
@@ -53,7 +57,9 @@ class SkipTable {
     return (pair | std::uint32_t{block[2]} << 16) * 0x9e3779b1U >> hash_shift_;
   }
 
-  std::size_t stride_;  // m - 2; 0: no table
+  bool has_filter_;
+  PrefixFilter filter_;  // of few patterns
+  std::size_t stride_;   // m - 2; 0: no table
   std::uint32_t hash_shift_;
   Byte* places_;  // by hash: 1 + the largest offset in a pattern where such a block stands, or 0;
                   // with kBegins when one begins a pattern
