@@ -2,7 +2,7 @@
 // k bytes (Hamming distance). With k = 0 this is exact search, to which the empty pattern occurs
 // nowhere; otherwise it fits everywhere, the end of the text included.
 //
-// Eight bytes are compared at a time, and an alignment is given up as soon as it has more than k.
+// Alignments are given up as soon as they have more than k; 32 are counted side by side.
 #pragma once
 #include <cstddef>
 

@@ -8,6 +8,7 @@
 
 #include "bytes/byte_scan.h"
 #include "bytes/cpu.h"
+#include "bytes/find_near.h"
 #include "bytes/find_pair.h"
 #include "bytes/prefix_filter.h"
 
@@ -75,6 +76,31 @@ TEST(Kernels, FindPair) {
       return text[i] == pair.first && text[i + distance] == pair.second;
     };
     EXPECT_EQ(first_place(at, end, SIZE_MAX, stands), find_pair(text, at, end, pair));
+  });
+}
+
+// The alignments of whole blocks; what is left belongs to the caller, and without vectors all is.
+TEST(Kernels, FindNear) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    const std::size_t m = random() % (text.size() + 1);
+    const std::size_t end = text.size() - m + 1;
+    Bytes pattern = text.subspan(random() % end, m);
+    const std::size_t k = random() % 3 == 0 ? kMaxNear : random() % (m / 4 + 2);
+    std::size_t next = 0;
+    Byte counts[kNearBlock];
+    for (std::size_t at = 0;; at += kNearBlock) {
+      const std::uint32_t near = find_near(pattern, text, k, at, end, counts);
+      for (; next < at + (near == 0 ? 0 : kNearBlock); ++next) {
+        std::size_t count = 0;
+        for (std::size_t j = 0; j < m; ++j) count += pattern[j] != text[next + j] ? 1U : 0U;
+        const bool is_near = near != 0 && next >= at && (near >> (next - at) & 1U) != 0;
+        ASSERT_EQ(count <= k, is_near);
+        ASSERT_TRUE(!is_near || count == counts[next - at]);
+      }
+      if (near != 0) continue;
+      EXPECT_TRUE(!has_avx2() || end - at < kNearBlock);
+      return;
+    }
   });
 }
 

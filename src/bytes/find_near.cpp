@@ -1,0 +1,64 @@
+#include "bytes/find_near.h"
+
+#include <algorithm>
+
+#include "bytes/cpu.h"
+#ifdef VSTRING_AVX2
+#include "bytes/avx2.h"
+#endif
+
+namespace vstring {
+
+#ifdef VSTRING_AVX2
+
+namespace {
+
+// Bit i tells whether alignment i of a block has fewer mismatches than `too_many`, and counts[i]
+// how many. Given up as soon as none can have.
+VSTRING_AVX2 std::uint32_t count_block(Bytes pattern, const Byte* block, __m256i too_many,
+                                       __m256i& counts) {
+  constexpr std::size_t kBetweenChecks = 4;
+  const __m256i ones = _mm256_set1_epi8(1);
+  std::uint32_t within = UINT32_MAX;
+  counts = _mm256_setzero_si256();
+  for (std::size_t j = 0; j < pattern.size() && within != 0;) {
+    const std::size_t check = std::min(j + kBetweenChecks, pattern.size());
+    for (; j < check; ++j) {
+      const __m256i byte = _mm256_set1_epi8(static_cast<char>(pattern[j]));
+      const __m256i equal = _mm256_cmpeq_epi8(avx2::load(block + j), byte);
+      counts = _mm256_adds_epu8(counts, _mm256_andnot_si256(equal, ones));
+    }
+    const __m256i over = _mm256_cmpeq_epi8(_mm256_max_epu8(counts, too_many), counts);
+    within = ~static_cast<std::uint32_t>(_mm256_movemask_epi8(over));
+  }
+  return within;
+}
+
+VSTRING_AVX2 std::uint32_t find_in_blocks(Bytes pattern, Bytes text, std::size_t k, std::size_t& at,
+                                          std::size_t end, Byte* counts) {
+  const __m256i too_many = _mm256_set1_epi8(static_cast<char>(k + 1));
+  __m256i counted;
+  for (; end - at >= kNearBlock; at += kNearBlock) {
+    const std::uint32_t within = count_block(pattern, text.data() + at, too_many, counted);
+    if (within == 0) continue;
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(counts), counted);
+    return within;
+  }
+  return 0;
+}
+
+}  // namespace
+
+#endif
+
+std::uint32_t find_near(Bytes pattern, Bytes text, std::size_t k, std::size_t& at, std::size_t end,
+                        Byte* counts) {
+#ifdef VSTRING_AVX2
+  if (has_avx2()) return find_in_blocks(pattern, text, k, at, end, counts);
+#else
+  (void)pattern, (void)text, (void)k, (void)at, (void)end, (void)counts;
+#endif
+  return 0;
+}
+
+}  // namespace vstring
