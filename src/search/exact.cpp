@@ -36,7 +36,7 @@ void Finder::start(Bytes pattern, Bytes text) {
     if (kCommonness[pattern[i]] < kCommonness[pattern[rarest]]) {
       second = rarest;
       rarest = i;
-    } else if (i != rarest && kCommonness[pattern[i]] < kCommonness[pattern[second]]) {
+    } else if (kCommonness[pattern[i]] < kCommonness[pattern[second]]) {
       second = i;
     }
   }
