@@ -79,9 +79,11 @@ TEST(Classes, EveryCodeInEveryClass) {
       EXPECT_EQ(expected, facts.test(code) != 0) << facts.name << code;
       EXPECT_EQ(expected, (cclbm[code] & bit) != 0) << facts.name << code;
       if (code == 0) continue;
-      const std::string byte(1, static_cast<char>(code));
-      EXPECT_EQ(expected, truth(facts.is, {byte})) << facts.name << code;
-      EXPECT_EQ(expected, truth(facts.has, {byte})) << facts.name << code;
+      for (const std::size_t length : {1, 1500}) {
+        const std::string bytes(length, static_cast<char>(code));
+        EXPECT_EQ(expected, truth(facts.is, {bytes})) << facts.name << code;
+        EXPECT_EQ(expected, truth(facts.has, {bytes})) << facts.name << code;
+      }
     }
     for (const int code : {-1, -128, 256, 1 << 20}) EXPECT_EQ(0, facts.test(code)) << code;
     bit <<= 1;
@@ -177,6 +179,7 @@ TEST(Predicates, AskTheTableAsItIs) {
   CheckInOrder({
       {R"(isalpha("\351"), hasalpha("\351"), isalpha("a\351", 2 .. 2))", "false, false, true"},
       {R"(isupper("1B"), hasupper("B"), isupper("1"))", "false, false, true"},
+      {R"(isupper(repeat("1", 2000)), isupper(cap(repeat("1", 2000), "", "B")))", "true, false"},
       {R"(lowercase("AB1\351"), casesplit("aB1"))", R"("aB1\351", "aB", "1")"},
       {"lowercase(repeat(\"AB1\", 20))",
        quoted("aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1")},
