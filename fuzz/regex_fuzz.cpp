@@ -14,7 +14,7 @@ namespace {
 using namespace vstring_test;
 
 constexpr std::size_t kLongestPattern = 64;
-constexpr std::size_t kLongestText = 128;
+constexpr std::size_t kLongestText = 64;
 constexpr std::size_t kMaxSteps = 20000;  // of the reference, which is exponential
 
 void require(bool condition) {
