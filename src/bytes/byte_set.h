@@ -26,12 +26,6 @@ class ByteSet {
     for (const std::uint64_t word : words_) n += std::popcount(word);
     return n;
   }
-  // The least member; the set must not be empty.
-  constexpr Byte first() const {
-    int i = 0;
-    while (words_[i] == 0) ++i;
-    return static_cast<Byte>(64 * i + std::countr_zero(words_[i]));
-  }
   // Calls visit(c) for each member, in increasing order.
   template <typename Visit>
   constexpr void for_each(Visit visit) const {

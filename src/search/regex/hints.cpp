@@ -155,8 +155,8 @@ bool Analysis::find_path() {
   return has_memory_;
 }
 
-// A run that can only be followed by a byte which it would take itself, or by nothing at all, ends
-// where it must or the match fails: whoever leaves it early meets the wrong byte.
+// When only bytes that a run does not take can follow it, or nothing at all, it ends where it must
+// or the match fails: whoever leaves it early meets a byte that the run would have taken.
 void Analysis::find_whole_runs() {
   constexpr std::size_t kMaxLook = 16;
   for (std::uint32_t s = 0; s < plan_.state_count; ++s) {
