@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "search/approximate.h"
+#include "search/approximate/approximate.h"
 #include "texts.h"
 #ifdef VSTRING_PEER_EDLIB
 #include <edlib.h>

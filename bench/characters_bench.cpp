@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/velmor_runtime.h"
+#include "heap/velmor_runtime.h"
 
 namespace {
 

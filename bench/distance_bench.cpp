@@ -5,8 +5,8 @@
 #include <random>
 #include <string>
 
-#include "words/distance.h"
-#include "words/levenshtein.h"
+#include "words/likeness/distance.h"
+#include "words/likeness/levenshtein.h"
 #ifdef VSTRING_PEER_EDLIB
 #include <edlib.h>
 #endif

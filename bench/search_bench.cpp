@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "search/exact.h"
-#include "search/mismatch.h"
+#include "search/exact/exact.h"
+#include "search/exact/mismatch.h"
 #include "texts.h"
 
 namespace vstring_bench {

@@ -9,10 +9,10 @@
 
 #include "host/vstring.h"
 #include "runtime/memory.h"
-#include "text/metaphone.h"
-#include "text/porter.h"
-#include "text/soundex.h"
-#include "text/wrap.h"
+#include "text/language/metaphone.h"
+#include "text/language/porter.h"
+#include "text/language/soundex.h"
+#include "text/layout/wrap.h"
 #include "velmor_runtime.h"
 #ifdef VSTRING_PEER_STEMMER
 #include <libstemmer.h>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "search/builtin_words.h"
+#include "search/many/builtin_words.h"
 
 namespace vstring_bench {
 

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/bytes.h"
 #include "bytes/cpu.h"
-#include "runtime/bytes.h"
 
 namespace vstring::avx2 {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "bytes/byte_set.h"
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

@@ -3,7 +3,7 @@
 #include <bit>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

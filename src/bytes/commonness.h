@@ -2,7 +2,7 @@
 #pragma once
 #include <array>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

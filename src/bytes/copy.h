@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

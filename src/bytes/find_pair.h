@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

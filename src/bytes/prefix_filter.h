@@ -9,7 +9,7 @@
 #include <cstdint>
 
 #include "bytes/byte_set.h"
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring {
 

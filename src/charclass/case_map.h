@@ -1,8 +1,8 @@
 // Case maps, capitalisation and translation: one byte in, one byte out. `out` has the size of
 // `text` and does not overlap it.
 #pragma once
+#include "bytes/bytes.h"
 #include "charclass/class_table.h"
-#include "runtime/bytes.h"
 
 namespace vstring::charclass {
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <span>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/status.h"
 
 namespace vstring::charclass {

@@ -5,8 +5,8 @@
 #pragma once
 #include <cstddef>
 
+#include "bytes/bytes.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 #include "runtime/status.h"
 
 namespace vstring::charclass {

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "bytes/byte_scan.h"
+#include "bytes/bytes.h"
 #include "charclass/class_table.h"
-#include "runtime/bytes.h"
 
 namespace vstring::charclass {
 

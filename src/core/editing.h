@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/bytes.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 
 namespace vstring::core {
 

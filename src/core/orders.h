@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/status.h"
 
 namespace vstring::core {

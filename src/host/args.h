@@ -7,10 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/bytes.h"
 #include "host/messages.h"
 #include "host/object.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 #include "runtime/status.h"
 
 namespace vstring {

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/bytes.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 
 namespace vstring {
 

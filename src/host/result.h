@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "bytes/bytes.h"
 #include "host/args.h"
-#include "runtime/bytes.h"
 #include "runtime/memory.h"
 
 namespace vstring {

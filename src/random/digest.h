@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring::random {
 

@@ -4,8 +4,8 @@
 #include <span>
 
 #include "bytes/byte_set.h"
+#include "bytes/bytes.h"
 #include "random/generator.h"
-#include "runtime/bytes.h"
 
 namespace vstring::random {
 

@@ -9,7 +9,7 @@
 #include <array>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring::random {
 

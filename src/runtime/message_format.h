@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/memory.h"
 
 namespace vstring {

@@ -3,8 +3,8 @@
 #include <clocale>
 #include <ctime>
 
+#include "bytes/bytes.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 
 namespace vstring::time {
 namespace {

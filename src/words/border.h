@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/status.h"
 
 namespace vstring::words {

@@ -2,7 +2,7 @@
 #pragma once
 #include <cstddef>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 
 namespace vstring::words {
 

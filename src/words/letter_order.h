@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/bytes.h"
 #include "bytes/common.h"
-#include "runtime/bytes.h"
 
 namespace vstring::words {
 

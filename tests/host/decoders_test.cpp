@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "heap/velmor_runtime.h"
 #include "host/vstring.h"
-#include "runtime/velmor_runtime.h"
 
 namespace vstring_test {
 namespace {

@@ -1,5 +1,5 @@
 // Wildcards.
-#include "search/wildcard_cases.h"
+#include "search/wildcard/cases.h"
 
 #include <gtest/gtest.h>
 

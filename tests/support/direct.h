@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "heap/velmor_runtime.h"
 #include "host/vstring.h"
-#include "runtime/velmor_runtime.h"
 #include "support/check.h"
 
 namespace vstring_test {

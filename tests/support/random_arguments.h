@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/velmor_runtime.h"
+#include "heap/velmor_runtime.h"
 
 namespace vstring_test {
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "runtime/velmor_runtime.h"
+#include "heap/velmor_runtime.h"
 
 namespace velmor {
 

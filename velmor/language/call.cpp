@@ -1,6 +1,6 @@
 // Calls: of commands, and of the language's own functions.
+#include "heap/object.h"
 #include "language/session.h"
-#include "runtime/object.h"
 
 namespace velmor {
 

@@ -2,9 +2,9 @@
 #include <cstdlib>
 #include <new>
 
+#include "heap/object.h"
 #include "language/parser.h"
 #include "language/session.h"
-#include "runtime/object.h"
 
 namespace velmor {
 namespace {

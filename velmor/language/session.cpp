@@ -5,10 +5,10 @@
 #include <new>
 #include <ostream>
 
+#include "heap/object.h"
 #include "language/parser.h"
 #include "language/script.h"
 #include "lexiva/commands.h"
-#include "runtime/object.h"
 
 namespace velmor {
 namespace {

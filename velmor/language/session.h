@@ -16,9 +16,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "heap/velmor_runtime.h"
 #include "language/failure.h"
 #include "language/syntax.h"
-#include "runtime/velmor_runtime.h"
 
 namespace velmor {
 

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "search/regex/backtrack.h"
 #include "search/regex/plan.h"
 #include "search/regex/simulate.h"

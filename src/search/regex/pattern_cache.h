@@ -1,6 +1,6 @@
 // The pattern compiled last, kept from one command to the next.
 #pragma once
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {

@@ -8,9 +8,9 @@
 #include <cstdint>
 
 #include "bytes/byte_scan.h"
+#include "bytes/bytes.h"
 #include "bytes/prefix_filter.h"
 #include "host/vstring.h"
-#include "runtime/bytes.h"
 #include "search/regex/program.h"
 
 namespace vstring::regex {

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/memory.h"
 #include "search/regex/plan.h"
 #include "search/regex/starts.h"

@@ -6,8 +6,8 @@
 #pragma once
 #include <cstddef>
 
-#include "runtime/bytes.h"
-#include "search/exact.h"
+#include "bytes/bytes.h"
+#include "search/exact/exact.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {

@@ -4,7 +4,7 @@
 #pragma once
 #include <cstddef>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
 #include "search/regex/plan.h"

@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/bytes.h"
+#include "bytes/bytes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
 #include "search/regex/plan.h"

@@ -1,0 +1,128 @@
+// Entry points: dictCreate, dictObjSize, dictObjGet, dictObjSearch, dictObjFree.
+#include <cstdio>
+
+#include "host/args.h"
+#include "host/result.h"
+#include "host/texts.h"
+#include "search/many/automaton.h"
+#include "search/many/builtin_words.h"
+#include "search/many/dictionary.h"
+
+using namespace vstring;
+using namespace vstring::search;
+
+namespace {
+
+constexpr const char* kInvalidDictionary = "invalid dictionary ID";
+constexpr const char* kInfoSubject = "PatternDictionary";
+constexpr std::int64_t kInfoLevel = 10;
+constexpr std::size_t kBuiltinPrefix = 7;
+
+bool is_dictionary_id(std::int32_t id) { return id >= 0 && id < kDictionaries; }
+
+// Any name that begins so, to leave room for further builtin dictionaries.
+bool names_builtin(HostObject object) {
+  if (!is_name(object)) return false;
+  const Bytes name = text_of(object);
+  return name.size() >= kBuiltinPrefix && equal(name.first(kBuiltinPrefix), "builtin");
+}
+
+HostObject create_from_list(const Args& args, HostObject list) {
+  const std::int32_t id = free_dictionary();
+  if (id == 0) args.raise("too many dictionaries");
+  const Elements words = args.strings(1);
+  HeldArray<Bytes> texts;
+  args.require(texts_of(words, texts));
+  // Whatever may raise comes before the automaton, which no later call would release.
+  const HostObject result = args.host()->HostNewInteger(id);
+  args.host()->HostGcProtect(list);
+  const Status status = build_dictionary(id, texts.view());
+  texts.free();
+  if (status != Status::ok) {
+    args.host()->HostGcAllow(list);
+    args.raise(status);
+  }
+  dictionary(id).words = list;
+  return result;
+}
+
+}  // namespace
+
+constexpr Signature kDictCreate = {1};
+
+HostObject vstring_dictCreate(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kDictCreate);
+  const HostObject words = args.object(1);
+  if (is_list(words)) return create_from_list(args, words);
+  if (!names_builtin(words)) {
+    args.raise("argument must be a list of strings, or the special name `builtin'");
+  }
+  if (dictionary(0).automaton == nullptr) args.require(build_builtin_dictionary());
+  return host->HostNewInteger(0);
+}
+
+constexpr Signature kDictObjSize = {1, {{messages::kArgumentInteger32}}};
+
+HostObject vstring_dictObjSize(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kDictObjSize);
+  const std::int32_t id = args.integer32(1);
+  if (id == 0) return new_integer(args, kBuiltinWordCount);
+  if (!is_dictionary_id(id) || dictionary(id).automaton == nullptr) args.raise(kInvalidDictionary);
+  return new_integer(args, Elements::of_list(dictionary(id).words).size());
+}
+
+constexpr Signature kDictObjGet = {
+    2,
+    {{messages::kArgumentInteger32},
+     {messages::kArgumentInteger32, "invalid word ID for dictionary"}}};
+
+HostObject vstring_dictObjGet(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kDictObjGet);
+  const std::int32_t id = args.integer32(1);
+  const std::int32_t number = args.integer32(2);
+  const bool is_list_slot = is_dictionary_id(id) && dictionary(id).words != 0;
+  if (number == 0 || (id != 0 && !is_list_slot)) return empty_string(args);
+  const auto k = static_cast<std::size_t>(args.positive(2));
+  if (id == 0) {
+    if (k > kBuiltinWordCount) args.refuse(2);
+    return new_string(args, builtin_word(k - 1));
+  }
+  const Elements words = Elements::of_list(dictionary(id).words);
+  if (k > words.size()) args.refuse(2);
+  return new_string(args, text_of(words[k - 1]));
+}
+
+constexpr Signature kDictObjSearch = {2};
+
+HostObject vstring_dictObjSearch(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kDictObjSearch);
+  const std::int32_t id = args.integer32(1);
+  if (!is_dictionary_id(id) || dictionary(id).automaton == nullptr) args.raise(kInvalidDictionary);
+  const Bytes text = args.text(2);
+  HeldArray<PatternMatch> matches;
+  args.require(collect(*dictionary(id).automaton, text, matches));
+  return new_findings(args, matches, [&](const PatternMatch& match) {
+    return new_pair(host, static_cast<std::int64_t>(match.position) + 1, match.pattern);
+  });
+}
+
+constexpr Signature kDictObjFree = {1, {{messages::kArgumentInteger32}}};
+
+HostObject vstring_dictObjFree(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kDictObjFree);
+  const std::int32_t id = args.integer32(1);
+  if (!is_dictionary_id(id)) args.raise(kInvalidDictionary);
+  if (id == 0) {
+    host->HostUserInfo(kInfoLevel, kInfoSubject, "freeing builtin dictionary search automaton");
+  } else {
+    char message[40];
+    std::snprintf(message, sizeof message, "freeing dictionary ID #%d", id);
+    host->HostUserInfo(kInfoLevel, kInfoSubject, message);
+  }
+  const Dictionary freed = dictionary(id);
+  if (id != 0 && freed.automaton == nullptr) args.raise(kInvalidDictionary);
+  const HostObject result = host->HostNewInteger(freed.automaton != nullptr ? 1 : 0);
+  clear_dictionary(id);
+  if (freed.words != 0) host->HostGcAllow(freed.words);
+  return result;
+}

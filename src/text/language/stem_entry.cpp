@@ -1,0 +1,97 @@
+// Entry points: porter, lancaster, pstem, prestem, stem.
+#include <strings.h>
+#include <cstring>
+
+#include "host/args.h"
+#include "host/result.h"
+#include "text/language/lancaster.h"
+#include "text/language/plural.h"
+#include "text/language/porter.h"
+#include "text/language/prefix.h"
+
+using namespace vstring;
+
+constexpr Signature kPorter = {1, {{nullptr, messages::kWordTooLong}}};
+
+HostObject vstring_porter(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kPorter);
+  const Bytes word = args.text(1);
+  if (word.size() > text::kLongestPorterWord) args.refuse(1);
+  TextResult stem(args, word.size());
+  return stem.object(text::porter(word, stem.bytes()));
+}
+
+constexpr Signature kStemmer = {1, {{messages::kArgumentString, messages::kWordTooLong}}};
+constexpr std::size_t kLongestStemmed = 255;
+
+static Bytes word_to_stem(const Args& args) {
+  const Bytes word = args.text(1);
+  if (word.size() > kLongestStemmed) args.refuse(1);
+  return word;
+}
+
+HostObject vstring_lancaster(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kStemmer);
+  const Bytes word = word_to_stem(args);
+  TextResult stem(args, word.size());
+  const Result<std::size_t> length = text::lancaster(word, stem.bytes());
+  if (!length.ok()) args.raise(messages::kWordNotAlphabetic);
+  return stem.object(*length);
+}
+
+HostObject vstring_pstem(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kStemmer);
+  const Bytes word = word_to_stem(args);
+  TextResult stem(args, word.size());
+  return stem.object(text::singular(word, stem.bytes()));
+}
+
+HostObject vstring_prestem(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kStemmer);
+  return new_string(args, text::without_prefixes(word_to_stem(args)));
+}
+
+constexpr Signature kStem = {1, {{}, {"unrecognised option `%1'", "unrecognised stemmer `%1'"}}};
+
+using Command = HostObject(const HostTable* host, HostObject argseq);
+
+struct NamedStemmer {
+  const char* name;
+  Command* command;
+};
+
+constexpr NamedStemmer kStemmers[] = {
+    {"lancaster", vstring_lancaster}, {"paice", vstring_lancaster}, {"plural", vstring_pstem},
+    {"porter", vstring_porter},       {"prefix", vstring_prestem},
+};
+
+// The stemmer of that name in either case, or null. Whatever begins with an s is the plural one.
+static Command* stemmer_named(const char* name) {
+  if (*name == 's' || *name == 'S') return vstring_pstem;
+  for (const NamedStemmer& stemmer : kStemmers) {
+    if (strcasecmp(name, stemmer.name) == 0) return stemmer.command;
+  }
+  return nullptr;
+}
+
+// The trace is switched before the stemmer is looked for, and stays as it is when that fails.
+static void switch_trace(HostObject argument) {
+  if (!is_text(argument)) return;
+  if (equal(text_of(argument), "trace_rules")) text::set_lancaster_trace(true);
+  if (equal(text_of(argument), "no_trace_rules")) text::set_lancaster_trace(false);
+}
+
+HostObject vstring_stem(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kStem);
+  args.text(1);
+  if (args.has(3)) switch_trace(args.object(3));
+  if (!args.has(2)) return vstring_porter(host, argseq);
+  const HostObject option = args.object(2);
+  const char* const name = GetStringOption(host, option, "stemmer");
+  if (name == nullptr) args.raise(kStem.arguments[1].wrong_kind, option);
+  Command* const stemmer = stemmer_named(name);
+  if (stemmer == nullptr) {
+    args.raise(kStem.arguments[1].bad_value, is_equation(option) ? right_side(option) : option);
+  }
+  return stemmer(host, argseq);
+}

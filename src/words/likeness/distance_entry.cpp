@@ -1,0 +1,64 @@
+// Entry points: hd, leedist, leewt, prefixdist, suffixdist, levenshtein, editdist.
+#include "host/args.h"
+#include "host/result.h"
+#include "words/likeness/distance.h"
+#include "words/likeness/levenshtein.h"
+
+using namespace vstring;
+
+constexpr Signature kTwoWords = {2};
+constexpr Signature kLeewt = {1};
+
+// The metrics of two texts differ only in what is measured.
+static HostObject distance(const HostTable* host, HostObject argseq,
+                           std::size_t (*measure)(Bytes, Bytes)) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  return new_integer(args, measure(s, t));
+}
+
+HostObject vstring_hd(const HostTable* host, HostObject argseq) {
+  return distance(host, argseq, words::hamming_distance);
+}
+
+HostObject vstring_prefixdist(const HostTable* host, HostObject argseq) {
+  return distance(host, argseq, words::prefix_distance);
+}
+
+HostObject vstring_suffixdist(const HostTable* host, HostObject argseq) {
+  return distance(host, argseq, words::suffix_distance);
+}
+
+HostObject vstring_leedist(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  if (s.size() != t.size()) args.raise("strings must be of equal length");
+  return new_integer(args, words::lee_distance(s, t));
+}
+
+HostObject vstring_leewt(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kLeewt);
+  return new_integer(args, words::lee_weight(args.text(1)));
+}
+
+HostObject vstring_levenshtein(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  const Result<std::size_t> edits = words::levenshtein(s, t);
+  args.require(edits.status());
+  return new_integer(args, *edits);
+}
+
+HostObject vstring_editdist(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kTwoWords);
+  const Bytes s = args.text(1);
+  const Bytes t = args.text(2);
+  const Result<std::size_t> edits = words::levenshtein(s, t);
+  args.require(edits.status());
+  // What the command is defined to answer for words that are more than half different.
+  if (2 * *edits > s.size() + t.size()) args.raise(Status::out_of_memory);
+  return new_integer(args, s.size() + t.size() - 2 * *edits);
+}
