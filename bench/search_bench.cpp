@@ -77,7 +77,7 @@ Bytes bytes(const std::string& text) {
 std::size_t next_by_memmem(const Workload& w, std::size_t from) {
   const void* const found =
       memmem(w.text.data() + from, w.text.size() - from, w.pattern.data(), w.pattern.size());
-  if (found == nullptr) return vstring::search::npos;
+  if (found == nullptr) return vstring::npos;
   return static_cast<std::size_t>(static_cast<const char*>(found) - w.text.data());
 }
 
@@ -95,8 +95,7 @@ std::size_t all_ours(const Workload& w) {
 
 std::size_t all_memmem(const Workload& w) {
   vstring::Buffer<std::size_t> found;
-  for (std::size_t at = next_by_memmem(w, 0); at != vstring::search::npos;
-       at = next_by_memmem(w, at + 1)) {
+  for (std::size_t at = next_by_memmem(w, 0); at != vstring::npos; at = next_by_memmem(w, at + 1)) {
     (void)found.push_back(at);
   }
   return found.size();

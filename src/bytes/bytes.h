@@ -4,6 +4,7 @@
 // public C routine takes a plain text.
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <span>
 
@@ -12,6 +13,9 @@ namespace vstring {
 using Byte = unsigned char;
 using Bytes = std::span<const Byte>;
 using MutableBytes = std::span<Byte>;
+
+// In place of an offset: there is none.
+inline constexpr std::size_t npos = SIZE_MAX;
 
 // The bytes of a NUL-terminated text, terminator excluded.
 inline Bytes bytes_of(const char* text) {

@@ -32,7 +32,7 @@ VSTRING_AVX2 std::size_t find_in_blocks(const Byte* text, std::size_t at, std::s
     if (hits != 0) return at + static_cast<std::size_t>(std::countr_zero(hits));
   }
   const std::uint32_t hits = pairs(text + last, pair);
-  return hits == 0 ? SIZE_MAX : last + static_cast<std::size_t>(std::countr_zero(hits));
+  return hits == 0 ? npos : last + static_cast<std::size_t>(std::countr_zero(hits));
 }
 
 #endif
@@ -49,7 +49,7 @@ std::size_t find_pair(Bytes text, std::size_t at, std::size_t end, const BytePai
     at = static_cast<std::size_t>(static_cast<const Byte*>(hit) - text.data());
     if (text[at + pair.distance] == pair.second) return at;
   }
-  return SIZE_MAX;
+  return npos;
 }
 
 }  // namespace vstring

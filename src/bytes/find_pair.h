@@ -15,7 +15,7 @@ struct BytePair {
 };
 
 // The first place in text[at, end) where the pair's first byte stands, and its second one as far
-// behind; SIZE_MAX when there is none. Requires `end` + distance to be within the text.
+// behind, or npos. Requires `end` + distance to be within the text.
 std::size_t find_pair(Bytes text, std::size_t at, std::size_t end, const BytePair& pair);
 
 }  // namespace vstring

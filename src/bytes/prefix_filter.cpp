@@ -69,7 +69,7 @@ void PrefixFilter::add(std::size_t prefix, std::size_t i, const ByteSet& set) {
 }
 
 std::size_t PrefixFilter::find(std::size_t length, Bytes text, std::size_t at) const {
-  if (text.size() < length) return SIZE_MAX;
+  if (text.size() < length) return npos;
   const std::size_t end = text.size() - length + 1;
 #ifdef VSTRING_AVX2
   if (has_avx2() && at < end) {
@@ -80,7 +80,7 @@ std::size_t PrefixFilter::find(std::size_t length, Bytes text, std::size_t at) c
   for (; at < end; ++at) {
     if (may_stand(halves_, length, text.data() + at)) return at;
   }
-  return SIZE_MAX;
+  return npos;
 }
 
 }  // namespace vstring

@@ -21,8 +21,8 @@ class PrefixFilter {
   // Adds `set` to what prefix number `prefix` may have as its byte `i`.
   void add(std::size_t prefix, std::size_t i, const ByteSet& set);
 
-  // The first place at `at` or later where a prefix of `length` bytes may stand, SIZE_MAX when
-  // there is none. Requires `length` to be 2 or 3 and all bytes up to it to have been added.
+  // The first place at `at` or later where a prefix of `length` bytes may stand, or npos. Requires
+  // `length` to be 2 or 3 and all bytes up to it to have been added.
   std::size_t find(std::size_t length, Bytes text, std::size_t at) const;
 
   struct Halves {

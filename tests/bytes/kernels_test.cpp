@@ -75,7 +75,7 @@ TEST(Kernels, FindPair) {
     const auto stands = [&](std::size_t i) {
       return text[i] == pair.first && text[i + distance] == pair.second;
     };
-    EXPECT_EQ(first_place(at, end, SIZE_MAX, stands), find_pair(text, at, end, pair));
+    EXPECT_EQ(first_place(at, end, npos, stands), find_pair(text, at, end, pair));
   });
 }
 
@@ -130,7 +130,7 @@ TEST(Kernels, PrefixFilter) {
     };
     const std::size_t end = text.size() < length ? 0 : text.size() - length + 1;
     const std::size_t at = end == 0 ? 0 : random() % end;
-    const std::size_t expected = first_place(at, end, SIZE_MAX, stands);
+    const std::size_t expected = first_place(at, end, npos, stands);
     const std::size_t found = filter.find(length, text, at);
     EXPECT_LE(found, expected);
     EXPECT_TRUE(!is_exact || found == expected);

@@ -16,8 +16,6 @@
 
 namespace vstring::search {
 
-inline constexpr std::size_t npos = SIZE_MAX;
-
 // The occurrences of `pattern` in `text` from left to right, overlapping ones included. The empty
 // pattern occurs nowhere. Both spans must outlive the finder, which allocates nothing.
 class Finder {

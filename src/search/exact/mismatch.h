@@ -17,7 +17,7 @@ struct Alignment {
   std::size_t mismatches;  // differing bytes
 };
 
-// Offset of the first alignment with at most `k` mismatches, or npos (search/exact/exact.h).
+// Offset of the first alignment with at most `k` mismatches, or npos.
 std::size_t find_mismatched(Bytes pattern, Bytes text, std::size_t k);
 
 // Appends all of them, by offset.

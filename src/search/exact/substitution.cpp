@@ -33,7 +33,7 @@ std::size_t plan_substitution(std::size_t text_length, std::size_t m, std::size_
   drop_overlapping(m, occurrences);
   const Wide whole = length_after(text_length, occurrences.size(), m, r);
   const Wide length = std::max(Wide{0}, std::min(cut, whole));
-  return length < Wide{PTRDIFF_MAX} ? static_cast<std::size_t>(length) : npos;
+  return length < Wide{PTRDIFF_MAX} ? static_cast<std::size_t>(length) : SIZE_MAX;
 }
 
 void substitute(Bytes text, std::size_t m, Bytes replacement,

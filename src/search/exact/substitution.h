@@ -1,6 +1,8 @@
 // Replacing occurrences of a pattern in a text.
 #pragma once
 #include <cstddef>
+#include <cstdint>
+#include <span>
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
@@ -12,7 +14,8 @@ namespace vstring::search {
 // bytes, where E is one more than the length it would have if every occurrence, overlapping ones
 // included, were replaced: the cut is felt only when some overlap and the replacement is the
 // shorter, and scripts depend on it. Keeps in `occurrences` (offsets, increasing) those that are
-// replaced. Returns the length of the result, or npos when it cannot be represented.
+// replaced. Returns the length of the result, or SIZE_MAX, which no
+// allocation grants, when it cannot be represented.
 std::size_t plan_substitution(std::size_t text_length, std::size_t m, std::size_t r,
                               HeldArray<std::size_t>& occurrences);
 

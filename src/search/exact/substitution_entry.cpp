@@ -33,7 +33,7 @@ HostObject vstring_subst(const HostTable* host, HostObject argseq) {
   const auto [text, pattern, replacement] = decoded(args);
   if (text.size() < pattern.size()) return args.object(1);
   const std::size_t at = search::find(pattern, text);
-  if (at == search::npos) return copy_of_text(args);
+  if (at == npos) return copy_of_text(args);
   TextResult result(args, text.size() - pattern.size() + replacement.size());
   search::substitute(text, pattern.size(), replacement, {&at, 1}, result.bytes());
   return result.object();

@@ -118,7 +118,7 @@ std::size_t TwoWay::next() {
     remembered_ = is_periodic_ ? m - period_ : 0;
     if (is_found) return found;
   }
-  return SIZE_MAX;
+  return npos;
 }
 
 }  // namespace vstring::search

@@ -22,7 +22,7 @@ class TwoWay {
   // Prepares to search `text` from offset `from` on. Requires a non-empty pattern. O(m) time.
   void start(Bytes pattern, Bytes text, std::size_t from);
 
-  // Offset of the next occurrence, overlapping ones included; SIZE_MAX when there is none.
+  // Offset of the next occurrence, overlapping ones included, or npos.
   std::size_t next();
 
  private:

@@ -74,7 +74,7 @@ HostObject all_of_many(const Args& args) {
 
 HostObject first_position(const Args& args, Bytes text) {
   const std::size_t offset = search::find(args.text(1), text);
-  return new_integer(args, offset == search::npos ? 0 : offset + 1);
+  return new_integer(args, offset == npos ? 0 : offset + 1);
 }
 
 // Positions of the pattern in `text` as a list, however many there are.
@@ -140,5 +140,5 @@ int64_t Search(const char* pattern, int64_t m, const char* text, int64_t n) {
   const Bytes sought(reinterpret_cast<const Byte*>(pattern), static_cast<std::size_t>(m));
   const Bytes searched(reinterpret_cast<const Byte*>(text), static_cast<std::size_t>(n));
   const std::size_t offset = search::find(sought, searched);
-  return offset == search::npos ? 0 : static_cast<int64_t>(offset) + 1;
+  return offset == npos ? 0 : static_cast<int64_t>(offset) + 1;
 }
