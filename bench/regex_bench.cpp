@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string>
 
-#include "search/regex/finder.h"
+#include "search/regex/matcher.h"
 #include "search/regex/replace.h"
 #ifdef VSTRING_PEER_PCRE2
 #define PCRE2_CODE_UNIT_WIDTH 8
@@ -87,13 +87,13 @@ class Ours {
 
   bool first(const std::string& text) const {
     Match match;
-    return Finder(*plan_, bytes(text)).find(0, match) == Found::yes;
+    return Matcher(*plan_, bytes(text)).find(0, match) == Outcome::match;
   }
   std::size_t all(const std::string& text) const {
-    Finder finder(*plan_, bytes(text));
+    Matcher matcher(*plan_, bytes(text));
     Match match;
     std::size_t n = 0;
-    for (std::size_t at = 0; finder.find(at, match) == Found::yes; ++n) at = match.end();
+    for (std::size_t at = 0; matcher.find(at, match) == Outcome::match; ++n) at = match.end();
     return n;
   }
   std::size_t replace(const std::string& text) const {

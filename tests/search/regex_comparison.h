@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "search/regex/finder.h"
+#include "search/regex/matcher.h"
 #include "search/regex/replace.h"
 #include "search/regex_reference.h"
 
@@ -40,8 +40,8 @@ inline reference::Slots find_by(Method method, const Compiled& compiled, std::st
   match.clear();
   reference::Slots slots;
   slots.fill(-1);
-  vstring::regex::Finder finder(*compiled.plan, bytes_of(text), method);
-  if (finder.find(0, match) == vstring::regex::Found::yes)
+  vstring::regex::Matcher matcher(*compiled.plan, bytes_of(text), method);
+  if (matcher.find(0, match) == vstring::regex::Outcome::match)
     std::copy_n(match.slot, vstring::regex::kSlots, slots.begin());
   return slots;
 }
@@ -51,7 +51,7 @@ inline std::optional<std::string> replaced_by(Method method, const Compiled& com
   vstring::regex::Replacement changes;
   std::optional<std::string> result;
   if (changes.find(*compiled.plan, bytes_of(text), bytes_of(replacement), method) ==
-      vstring::regex::Scan::ok) {
+      vstring::regex::Outcome::no_match) {
     result.emplace(changes.length(), '\0');
     changes.write({reinterpret_cast<vstring::Byte*>(result->data()), result->size()});
   }
@@ -63,7 +63,8 @@ inline std::optional<std::vector<std::string>> split_by(Method method, const Com
                                                         std::string_view text) {
   vstring::Buffer<vstring::regex::Cut> cuts;
   std::size_t rest = 0;
-  if (find_cuts(*compiled.plan, bytes_of(text), cuts, rest, method) != vstring::regex::Scan::ok)
+  if (find_cuts(*compiled.plan, bytes_of(text), cuts, rest, method) !=
+      vstring::regex::Outcome::no_match)
     return std::nullopt;
   std::vector<std::string> pieces;
   for (const auto& cut : cuts) pieces.emplace_back(text.substr(cut.start, cut.end - cut.start));

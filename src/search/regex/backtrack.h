@@ -6,6 +6,7 @@
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
+#include "search/regex/match.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {
@@ -29,13 +30,24 @@ class Backtracker {
   // `state` at the rightmost place in [low, high).
   struct Frame {
     Kind kind;
-    std::uint32_t state;
+    StateNumber state;
     std::size_t low;
     std::size_t high;
   };
 
-  bool push(const Frame& frame) { return stack_.size() < max_frames_ && stack_.push_back(frame); }
+  struct Position {
+    StateNumber state;
+    std::size_t at;
+  };
+  enum class Step : std::uint8_t { go_on, turn_back, accept, give_up };
+
+  Step push(const Frame& frame) {
+    return stack_.size() < max_frames_ && stack_.push_back(frame) ? Step::go_on : Step::give_up;
+  }
   std::size_t last_place(const State& next, std::size_t low, std::size_t high) const;
+  Step step(std::size_t begin, Position& now, std::int64_t& credit, Match& match);
+  Step run_ahead(const State& run, Position& now, std::int64_t& credit);
+  bool resume(Position& now, std::int64_t& credit, Match& match);
 
   const Plan& plan_;
   Bytes text_;

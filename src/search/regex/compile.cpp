@@ -37,7 +37,7 @@ class Compiler {
   Part pattern() {
     const Part whole = expression(false);
     if (whole.node == 0 || *at_ == '\0') return whole;
-    return refuse(*at_ == ')' ? messages::kUnmatchedGroup : messages::kJunk);
+    return refuse(*at_ == ')' ? errors::kUnmatchedGroup : errors::kJunk);
   }
 
   std::size_t size() const { return size_; }
@@ -106,7 +106,7 @@ Part Compiler::expression(bool in_group) {
   const int group = groups_;
   std::size_t open = 0;
   if (in_group) {
-    if (groups_ == kGroups) return refuse(messages::kTooManyGroups);
+    if (groups_ == kGroups) return refuse(errors::kTooManyGroups);
     ++groups_;
     open = emit(kOpen + group);
   }
@@ -133,7 +133,7 @@ Part Compiler::expression(bool in_group) {
     for (std::size_t b = first; b != end; b = next_of(program_, b)) tie(operand_of(b), end);
   }
   if (!in_group) return whole;
-  if (*at_ != ')') return refuse(messages::kUnmatchedGroup);
+  if (*at_ != ')') return refuse(errors::kUnmatchedGroup);
   ++at_;
   return whole;
 }
@@ -165,7 +165,7 @@ Part Compiler::piece() {
   if (operand.node == 0) return {};
   const Byte repetition = *at_;
   if (!is_repetition(repetition)) return operand;
-  if (!operand.has_width && repetition != '?') return refuse(messages::kEmptyOperand);
+  if (!operand.has_width && repetition != '?') return refuse(errors::kEmptyOperand);
 
   const std::size_t x = operand.node;
   if (repetition == '?') {  // either x or nothing
@@ -191,7 +191,7 @@ Part Compiler::piece() {
     tie(again, emit(kNothing));
   }
   ++at_;
-  if (is_repetition(*at_)) return refuse(messages::kNested);
+  if (is_repetition(*at_)) return refuse(errors::kNested);
   return {x, repetition == '+', false, repetition == '*'};
 }
 
@@ -218,13 +218,13 @@ Part Compiler::atom() {
     case '\0':
     case '|':
     case ')':
-      return refuse(messages::kNoAtom);  // branch() stops before these
+      return refuse(errors::kNoAtom);  // branch() stops before these
     case '?':
     case '+':
     case '*':
-      return refuse(messages::kNoOperand);
+      return refuse(errors::kNoOperand);
     case '\\': {
-      if (at_[1] == '\0') return refuse(messages::kTrailingEscape);
+      if (at_[1] == '\0') return refuse(errors::kTrailingEscape);
       const Part escaped = {emit(kExactly), true, true};
       put(at_[1]);
       put('\0');
@@ -250,12 +250,12 @@ Part Compiler::set() {
     // The byte before the hyphen is a member already, be it the end of another range.
     const unsigned low = at_[-1];
     const unsigned high = at_[1];
-    if (low > high) return refuse(messages::kInvalidRange);
+    if (low > high) return refuse(errors::kInvalidRange);
     for (unsigned c = low + 1; c <= high; ++c) put(static_cast<Byte>(c));
     at_ += 2;
   }
   put('\0');
-  if (*at_ != ']') return refuse(messages::kUnmatchedSet);
+  if (*at_ != ']') return refuse(errors::kUnmatchedSet);
   ++at_;
   return whole;
 }
@@ -263,7 +263,7 @@ Part Compiler::set() {
 // The longest run of ordinary bytes, less its last one where that is to be repeated alone.
 Part Compiler::literal() {
   std::size_t length = std::strcspn(chars(at_), kMeta);
-  if (length == 0) return refuse(messages::kNoLiteral);
+  if (length == 0) return refuse(errors::kNoLiteral);
   if (length > 1 && is_repetition(at_[length])) --length;
   const Part whole = {emit(kExactly), true, length == 1};
   for (const Byte* const end = at_ + length; at_ != end; ++at_) put(*at_);
@@ -298,19 +298,19 @@ void find_hints(VstringRegex* regex, bool starts_with_star) {
 VstringRegex* vrx_regcomp(const char* pattern) {
   using namespace vstring::regex;
   if (pattern == nullptr) {
-    vrx_regerror(messages::kNullArgument);
+    vrx_regerror(errors::kNullArgument);
     return nullptr;
   }
   Compiler measuring(pattern, nullptr);
   if (measuring.pattern().node == 0) return nullptr;
   const std::size_t size = measuring.size();
   if (size > kMaxProgram) {
-    vrx_regerror(messages::kTooBig);
+    vrx_regerror(errors::kTooBig);
     return nullptr;
   }
   auto* const regex = static_cast<VstringRegex*>(std::calloc(1, sizeof(VstringRegex) + size));
   if (regex == nullptr) {
-    vrx_regerror(messages::kOutOfSpace);
+    vrx_regerror(errors::kOutOfSpace);
     return nullptr;
   }
   regex->size = static_cast<std::uint16_t>(size);

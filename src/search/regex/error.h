@@ -3,7 +3,7 @@
 
 namespace vstring::regex {
 
-namespace messages {
+namespace errors {
 
 // Of the compiler.
 inline constexpr const char* kNullArgument = "NULL argument";
@@ -27,7 +27,7 @@ inline constexpr const char* kMemoryCorruption = "memory corruption";
 inline constexpr const char* kCorruptedPointers = "corrupted pointers";
 inline constexpr const char* kFoulup = "internal foulup";
 
-}  // namespace messages
+}  // namespace errors
 
 // The message recorded last; empty when there has been none. It is never cleared.
 const char* recorded_error();

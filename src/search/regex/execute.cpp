@@ -3,7 +3,7 @@
 
 #include "host/vstring.h"
 #include "search/regex/error.h"
-#include "search/regex/finder.h"
+#include "search/regex/matcher.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {
@@ -12,12 +12,12 @@ namespace {
 // The plan serves one search only: shorter texts are not worth all hints.
 constexpr std::size_t kWorthHints = 512;
 
-Found find_first(const VstringRegex& regex, Bytes text, Match& match) {
+Outcome find_first(const VstringRegex& regex, Bytes text, Match& match) {
   Plan* const plan = make_plan(regex, text.size() >= kWorthHints);
-  if (plan == nullptr) return Found::out_of_space;
-  const Found found = Finder(*plan, text).find(0, match);
+  if (plan == nullptr) return Outcome::out_of_space;
+  const Outcome outcome = Matcher(*plan, text).find(0, match);
   std::free(plan);
-  return found;
+  return outcome;
 }
 
 }  // namespace
@@ -26,21 +26,21 @@ Found find_first(const VstringRegex& regex, Bytes text, Match& match) {
 int vrx_regexec(VstringRegex* regex, const char* text) {
   using namespace vstring::regex;
   if (regex == nullptr || text == nullptr) {
-    vrx_regerror(messages::kNullParameter);
+    vrx_regerror(errors::kNullParameter);
     return 0;
   }
   if (regex->program[0] != kMagic) {
-    vrx_regerror(messages::kCorruptedProgram);
+    vrx_regerror(errors::kCorruptedProgram);
     return 0;
   }
   Match match;
   match.clear();
-  const Found found = find_first(*regex, vstring::bytes_of(text), match);
-  if (found == Found::out_of_space) vrx_regerror(messages::kOutOfSpace);
-  const bool matched = found == Found::yes;
+  const Outcome outcome = find_first(*regex, vstring::bytes_of(text), match);
+  if (outcome == Outcome::out_of_space) vrx_regerror(errors::kOutOfSpace);
+  const bool matched = outcome == Outcome::match;
   for (int i = 0; i < kGroups; ++i) {
-    regex->start[i] = matched && match.start(i) != kNowhere ? text + match.start(i) : nullptr;
-    regex->end[i] = matched && match.end(i) != kNowhere ? text + match.end(i) : nullptr;
+    regex->start[i] = matched && match.start(i) != vstring::npos ? text + match.start(i) : nullptr;
+    regex->end[i] = matched && match.end(i) != vstring::npos ? text + match.end(i) : nullptr;
   }
   return matched ? 1 : 0;
 }

@@ -8,11 +8,7 @@
 namespace vstring::regex {
 namespace {
 
-using States = Buffer<std::uint32_t>;
-
-bool takes_byte(Op op) {
-  return op == Op::one || op == Op::literal || op == Op::star || op == Op::plus;
-}
+using States = Buffer<StateNumber>;
 
 class Analysis {
  public:
@@ -31,20 +27,20 @@ class Analysis {
     bool is_known = true;      // false: there is too much to look at
   };
 
-  const State& state(std::uint32_t s) const { return plan_.states[s]; }
+  const State& state(StateNumber s) const { return plan_.states[s]; }
   ByteSet first_bytes(const State& state) const;
-  void push(States& states, std::uint32_t s) { has_memory_ = states.push_back(s) && has_memory_; }
+  void push(States& states, StateNumber s) { has_memory_ = states.push_back(s) && has_memory_; }
 
   template <typename Enter>
-  void walk(std::uint32_t from, Enter enter);
-  Ahead look_ahead(std::uint32_t from, States& takers, std::size_t limit = SIZE_MAX);
+  void walk(StateNumber from, Enter enter);
+  Ahead look_ahead(StateNumber from, States& takers, std::size_t limit = SIZE_MAX);
 
   void find_first();
   bool find_path();
   void find_prefixes();
   void find_required();
   int weight(const State& state) const;
-  void consider(std::uint32_t s);
+  void consider(StateNumber s);
   void find_lead();
   void find_whole_runs();
 
@@ -60,7 +56,7 @@ class Analysis {
   States takers_;  // the states that take the first byte of a match
   States now_;
   States later_;
-  std::uint32_t required_ = kFailState;
+  StateNumber required_ = kFailState;
   bool must_is_known_ = false;  // to stand in every match, without looking for it
 };
 
@@ -79,37 +75,35 @@ ByteSet Analysis::first_bytes(const State& state) const {
 // Enters the states that can be reached from one and that this round has not seen, depth first;
 // goes on from those for which `enter` is true.
 template <typename Enter>
-void Analysis::walk(std::uint32_t from, Enter enter) {
+void Analysis::walk(StateNumber from, Enter enter) {
   stack_.clear();
   push(stack_, from);
   while (!stack_.empty()) {
-    const std::uint32_t s = stack_.back();
+    const StateNumber s = stack_.back();
     stack_.pop_back();
     if (seen_[s] == round_) continue;
     seen_[s] = round_;
-    const Op op = state(s).op;
-    if (!enter(s) || op == Op::fail || op == Op::accept) continue;
-    const std::uint32_t targets[] = {state(s).next, state(s).other};
-    for (int i = 0; i < (op == Op::branch ? 2 : 1); ++i) {
-      if (seen_[targets[i]] == round_) continue;
-      parent_[targets[i]] = s;
-      push(stack_, targets[i]);
+    if (!enter(s)) continue;
+    for (const StateNumber next : successors(state(s))) {
+      if (seen_[next] == round_) continue;
+      parent_[next] = s;
+      push(stack_, next);
     }
   }
 }
 
 // Adds the states that take the next byte, from a state on, to `takers`.
-Analysis::Ahead Analysis::look_ahead(std::uint32_t from, States& takers, std::size_t limit) {
+Analysis::Ahead Analysis::look_ahead(StateNumber from, States& takers, std::size_t limit) {
   Ahead ahead;
-  walk(from, [&](std::uint32_t s) {
+  walk(from, [&](StateNumber s) {
     if (limit-- == 0) ahead.is_known = false;
     const Op op = state(s).op;
-    if (takes_byte(op)) push(takers, s);
+    if (consumes(op)) push(takers, s);
     ahead.accepts |= op == Op::accept;
     ahead.reports |= op == Op::report;
     ahead.is_at_begin |= op == Op::bol;
     ahead.is_at_end |= op == Op::eol;
-    return ahead.is_known && op != Op::eol && (op == Op::star || !takes_byte(op));
+    return ahead.is_known && op != Op::eol && (op == Op::star || !consumes(op));
   });
   return ahead;
 }
@@ -131,7 +125,7 @@ bool Analysis::run(bool all) {
 // The bytes that a match can begin with.
 void Analysis::find_first() {
   ByteSet first;
-  for (const std::uint32_t s : takers_) first.unite(first_bytes(state(s)));
+  for (const StateNumber s : takers_) first.unite(first_bytes(state(s)));
   hints_.first = ByteScan(first);
 }
 
@@ -139,9 +133,9 @@ void Analysis::find_first() {
 // it must be reached, so no way to it may be cut short.
 bool Analysis::find_path() {
   ++round_;
-  std::uint32_t end = kFailState;
+  StateNumber end = kFailState;
   bool reports = false;
-  walk(plan_.start, [&](std::uint32_t s) {
+  walk(plan_.start, [&](StateNumber s) {
     if (state(s).op == Op::accept) end = s;
     reports |= state(s).op == Op::report;
     return true;
@@ -149,17 +143,17 @@ bool Analysis::find_path() {
   if (end == kFailState || reports || !has_memory_) return false;
   if (!place_.resize_zeroed(plan_.state_count)) return has_memory_ = false;
   push(path_, end);
-  for (std::uint32_t s = end; s != plan_.start; push(path_, s)) s = parent_[s];
+  for (StateNumber s = end; s != plan_.start; push(path_, s)) s = parent_[s];
   std::reverse(path_.begin(), path_.end());
-  for (std::uint32_t i = 0; i < path_.size(); ++i) place_[path_[i]] = i + 1;
+  for (StateNumber i = 0; i < path_.size(); ++i) place_[path_[i]] = i + 1;
   return has_memory_;
 }
 
-// When only bytes that a run does not take can follow it, or nothing at all, it ends where it must
-// or the match fails: whoever leaves it early meets a byte that the run would have taken.
+// A run takes all when no byte that it takes can follow it. To leave it early would only lead to a
+// byte that it takes, and so to a failure.
 void Analysis::find_whole_runs() {
   constexpr std::size_t kMaxLook = 16;
-  for (std::uint32_t s = 0; s < plan_.state_count; ++s) {
+  for (StateNumber s = 0; s < plan_.state_count; ++s) {
     State& run = plan_.states[s];
     if (run.op != Op::star && run.op != Op::plus) continue;
     ++round_;
@@ -167,7 +161,7 @@ void Analysis::find_whole_runs() {
     const Ahead ahead = look_ahead(run.next, now_, kMaxLook);
     const ByteSet bytes = first_bytes(run);
     run.takes_all = ahead.is_known && !(ahead.accepts && ahead.is_at_begin) &&
-                    std::none_of(now_.begin(), now_.end(), [&](std::uint32_t next) {
+                    std::none_of(now_.begin(), now_.end(), [&](StateNumber next) {
                       return bytes.meets(first_bytes(state(next)));
                     });
   }
@@ -187,7 +181,7 @@ void Analysis::find_prefixes() {
     for (std::size_t i = 0; i < length && !now->empty(); ++i, std::swap(now, later)) {
       ++round_;
       later->clear();
-      for (const std::uint32_t s : *now) {
+      for (const StateNumber s : *now) {
         hints_.prefixes.add(prefix, i, first_bytes(state(s)));
         const Ahead ahead = look_ahead(plan_.after(s), *later);
         if (ahead.accepts || ahead.is_at_end) length = i + 1;
@@ -208,7 +202,7 @@ void Analysis::find_required() {
   std::size_t furthest = 0;
   for (std::size_t i = 0; i < path_.size(); ++i) {
     if (furthest <= i) consider(path_[i]);
-    walk(path_[i], [&](std::uint32_t s) {
+    walk(path_[i], [&](StateNumber s) {
       if (s == path_[i]) return true;
       if (state(s).op == Op::accept) furthest = path_.size() - 1;
       if (place_[s] == 0) return true;
@@ -218,7 +212,7 @@ void Analysis::find_required() {
     });
   }
   if (required_ == kFailState) return;
-  if (must_is_known_) plan_.must = {};
+  if (must_is_known_) hints_.must = {};
   const State& required = state(required_);
   if (required.op == Op::literal) {
     hints_.required = plan_.literal(required);
@@ -251,10 +245,10 @@ int Analysis::weight(const State& state) const {
 
 // Takes a state that every match passes through as the required one if it tells more than the one
 // before. What a match begins with is known already.
-void Analysis::consider(std::uint32_t s) {
+void Analysis::consider(StateNumber s) {
   const State& state = this->state(s);
-  if (!takes_byte(state.op) || state.op == Op::star) return;
-  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == plan_.must.data();
+  if (!consumes(state.op) || state.op == Op::star) return;
+  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == hints_.must.data();
   if (takers_.size() == 1 && takers_[0] == s) return;
   if (state.op != Op::literal && state.test == Test::any) return;
   if (required_ == kFailState || weight(state) > weight(this->state(required_))) required_ = s;
@@ -264,12 +258,12 @@ void Analysis::consider(std::uint32_t s) {
 void Analysis::find_lead() {
   ByteSet lead;
   ++round_;
-  walk(plan_.start, [&](std::uint32_t s) {
+  walk(plan_.start, [&](StateNumber s) {
     if (s == required_) return false;
     const State& state = this->state(s);
     if (state.op == Op::literal) {
       lead.unite(ByteSet(plan_.literal(state)));
-    } else if (takes_byte(state.op)) {
+    } else if (consumes(state.op)) {
       lead.unite(first_bytes(state));
     }
     return true;

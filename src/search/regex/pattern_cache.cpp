@@ -49,7 +49,7 @@ const Plan* plan_of(Bytes pattern) {
     if (kept.regex != nullptr) kept.plan = make_plan(*kept.regex);
     if (kept.plan != nullptr) return kept.plan;
   }
-  if (kept.pattern == nullptr || kept.regex != nullptr) vrx_regerror(messages::kOutOfSpace);
+  if (kept.pattern == nullptr || kept.regex != nullptr) vrx_regerror(errors::kOutOfSpace);
   forget();
   return nullptr;
 }

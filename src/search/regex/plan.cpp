@@ -12,10 +12,10 @@ namespace vstring::regex {
 namespace {
 
 // States that every plan begins with, by number.
-enum : std::uint32_t { kFails = kFailState, kBrokenChain, kBadOpcode, kBadOperand, kFirstFree };
+enum : StateNumber { kFails = kFailState, kBrokenChain, kBadOpcode, kBadOperand, kFirstFree };
 
-constexpr const char* kReports[] = {nullptr, messages::kCorruptedPointers,
-                                    messages::kMemoryCorruption, messages::kFoulup};
+constexpr const char* kReports[] = {nullptr, errors::kCorruptedPointers, errors::kMemoryCorruption,
+                                    errors::kFoulup};
 
 class Decoder {
  public:
@@ -31,7 +31,7 @@ class Decoder {
  private:
   struct Task {
     std::size_t node;
-    std::uint32_t state;
+    StateNumber state;
   };
 
   // Whether a node can be read at this offset.
@@ -44,8 +44,8 @@ class Decoder {
     return {program_ + at, strnlen(chars(program_ + at), limit_ - at)};
   }
 
-  std::uint32_t state_at(std::size_t node);
-  std::uint32_t state_of(std::size_t node);
+  StateNumber state_at(std::size_t node);
+  StateNumber state_of(std::size_t node);
   std::size_t states_needed(std::size_t node) const;
   void fill(Task task);
   void fill_literal(Task task);
@@ -56,9 +56,9 @@ class Decoder {
   const std::size_t limit_;
   Buffer<State> states_;
   Buffer<ByteScan> sets_;
-  Buffer<std::uint32_t> number_;  // of the state at each node; 0: none yet
-  Buffer<Task> tasks_;            // nodes that have a number, but whose states are not filled yet
-  std::uint32_t start_ = 0;
+  Buffer<StateNumber> number_;  // of the state at each node; 0: none yet
+  Buffer<Task> tasks_;          // nodes that have a number, but whose states are not filled yet
+  StateNumber start_ = 0;
   std::uint32_t slot_count_ = 2;
   bool has_bol_ = false;
   bool has_memory_ = true;
@@ -66,8 +66,8 @@ class Decoder {
 
 bool Decoder::run() {
   if (!states_.resize(kFirstFree) || !number_.resize_zeroed(limit_)) return false;
-  for (std::uint32_t i = kFails; i < kFirstFree; ++i) states_[i] = {};
-  for (const std::uint32_t i : {kBrokenChain, kBadOpcode, kBadOperand}) {
+  for (StateNumber i = kFails; i < kFirstFree; ++i) states_[i] = {};
+  for (const StateNumber i : {kBrokenChain, kBadOpcode, kBadOperand}) {
     states_[i].op = Op::report;
     states_[i].other = i;
   }
@@ -83,7 +83,7 @@ bool Decoder::run() {
 
 // The state that stands for what happens at a node: nodes that match nothing are passed over, and
 // so is the choice of a branch that has no alternative left.
-std::uint32_t Decoder::state_at(std::size_t node) {
+StateNumber Decoder::state_at(std::size_t node) {
   for (std::size_t steps = 0; steps < limit_; ++steps) {
     if (!inside(node)) return kBrokenChain;
     const Byte op = opcode(node);
@@ -98,14 +98,14 @@ std::uint32_t Decoder::state_at(std::size_t node) {
   return kFails;  // nodes in a circle: nothing would ever be decided there
 }
 
-std::uint32_t Decoder::state_of(std::size_t node) {
+StateNumber Decoder::state_of(std::size_t node) {
   if (number_[node] != 0) return number_[node];
   const std::size_t needed = states_needed(node);
   if (needed == 0) return kBadOpcode;
   const std::size_t first = states_.size();
   // Sound nodes do not overlap, so that they have fewer states than bytes.
   if (first + needed > limit_ + kFirstFree) return kBrokenChain;
-  const auto state = static_cast<std::uint32_t>(first);
+  const auto state = static_cast<StateNumber>(first);
   if (!states_.resize(first + needed) || !tasks_.push_back({node, state})) {
     has_memory_ = false;
     return kFails;
@@ -161,7 +161,7 @@ void Decoder::fill(Task task) {
 
 void Decoder::fill_literal(Task task) {
   const Bytes literal = text(task.node);
-  const std::uint32_t after = state_at(next(task.node));
+  const StateNumber after = state_at(next(task.node));
   State* const states = states_.data() + task.state;
   if (literal.empty()) {  // its first byte is the terminator, which only the text's end equals
     states[0].op = Op::eol;
@@ -233,16 +233,24 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   plan->slot_count = slot_count_;
   plan->has_bol = has_bol_;
   plan->anchored = regex.anchored != 0;
-  plan->first_byte = regex.first_byte;
-  std::uint32_t first = start_;
+  StateNumber first = start_;
   for (int i = 0; i < kGroups && states_[first].op == Op::save; ++i) first = states_[first].next;
   const Op op = states_[first].op;
   plan->first_run = op == Op::star || op == Op::plus ? first : kFailState;
   if (regex.must != nullptr && regex.must_length > 0) {
     const auto length = static_cast<std::size_t>(regex.must_length);
-    plan->must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
+    plan->hints.must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
   }
   return plan;
+}
+
+// The first byte that the record gives holds, also when the program has been changed since.
+void believe_first_byte(Hints& hints, const Byte& first) {
+  if (first == 0 || (!hints.prefix.empty() && hints.prefix[0] == first)) return;
+  hints.prefix = Bytes(&first, 1);
+  hints.prefix_length = 0;
+  hints.has_first = true;
+  hints.first = ByteScan(ByteSet(hints.prefix));
 }
 
 }  // namespace
@@ -255,13 +263,7 @@ Plan* make_plan(const VstringRegex& regex, bool all_hints) {
     std::free(plan);
     return nullptr;
   }
-  // The record's first byte holds, also when the program has been changed since.
-  Hints& hints = plan->hints;
-  if (plan->first_byte != 0 && (hints.prefix.empty() || hints.prefix[0] != plan->first_byte)) {
-    hints.prefix = Bytes(&plan->first_byte, 1);
-    hints.has_first = false;
-    hints.prefix_length = 0;
-  }
+  believe_first_byte(plan->hints, regex.first_byte);
   return plan;
 }
 

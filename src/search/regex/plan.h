@@ -15,6 +15,8 @@
 
 namespace vstring::regex {
 
+using StateNumber = std::uint32_t;
+
 enum class Op : std::uint8_t {
   fail,
   report,   // records message `other`, then goes on
@@ -30,6 +32,11 @@ enum class Op : std::uint8_t {
   plus,     // the same, at least one; the state after this one is the star that remains
 };
 
+// Whether a state of this kind takes a byte before it goes on; a star may also take none.
+inline constexpr bool consumes(Op op) {
+  return op == Op::one || op == Op::literal || op == Op::star || op == Op::plus;
+}
+
 enum class Test : std::uint8_t { any, byte, set };
 
 struct State {
@@ -37,14 +44,26 @@ struct State {
   Test test = Test::any;  // which byte one, star and plus take: any, `byte`, one of set `other`
   Byte byte = 0;          // of a literal: its first
   Byte slot = 0;          // 2n: start of group n, 2n + 1: its end
-  std::uint32_t next = 0;
+  StateNumber next = 0;
   std::uint32_t other = 0;
   std::uint16_t at = 0;
   bool takes_all = false;  // star, plus: taking fewer bytes than it can never leads to a match
 };
 
-inline constexpr std::uint32_t kFailState = 0;
-inline constexpr int kSlots = 2 * kGroups;
+inline constexpr StateNumber kFailState = 0;
+
+// The states that one leads to, the preferred one first.
+struct Successors {
+  StateNumber state[2];
+  int count;
+
+  const StateNumber* begin() const { return state; }
+  const StateNumber* end() const { return state + count; }
+};
+inline Successors successors(const State& state) {
+  const bool is_last = state.op == Op::fail || state.op == Op::accept;
+  return {{state.next, state.other}, is_last ? 0 : state.op == Op::branch ? 2 : 1};
+}
 
 // What is known beforehand of every match, so that most of a text need not be tried (hints.cpp).
 struct Hints {
@@ -58,6 +77,7 @@ struct Hints {
   ByteScan required_set;
   bool has_lead = false;  // whether the bytes of a match ahead of what is required are of `lead`
   ByteScan lead;
+  Bytes must;  // stands in every text that matches, as the record has it; empty: known otherwise
 
   bool has_required() const { return !required.empty() || has_required_set; }
 };
@@ -67,13 +87,11 @@ struct Plan {
   State* states;
   const ByteScan* sets;
   std::uint32_t state_count;
-  std::uint32_t start;
+  StateNumber start;
   std::uint32_t slot_count;  // captures beyond these are never set
-  std::uint32_t first_run;   // a star or plus that every match begins with; kFailState: none
+  StateNumber first_run;     // a star or plus that every match begins with; kFailState: none
   bool has_bol;              // whether the answer can depend on where the text starts
   bool anchored;             // tried at the start of the text only
-  Byte first_byte;           // tried at this byte only; 0: no such hint
-  Bytes must;                // stands in every text that matches; empty: no such hint
   Hints hints;
 
   // Whether a state that consumes takes this byte first.
@@ -91,7 +109,7 @@ struct Plan {
   }
 
   // The state that follows once state `s` has taken a byte.
-  std::uint32_t after(std::uint32_t s) const {
+  StateNumber after(StateNumber s) const {
     const State& state = states[s];
     if (state.op == Op::star) return s;
     if (state.op == Op::plus || (state.op == Op::literal && state.other > 1)) return s + 1;
@@ -107,16 +125,13 @@ struct Plan {
   std::size_t after_failure(Bytes text, std::size_t at) const {
     return (first_run == kFailState ? at : run_end(states[first_run], text, at)) + 1;
   }
+
   // Whether one may start at `at`, in a text that starts at `begin`, as far as one byte tells.
   bool may_start(Bytes text, std::size_t begin, std::size_t at) const {
     if (anchored) return at == begin;
-    if (first_byte == 0 && !hints.has_first) return true;
-    if (at == text.size()) return false;
-    return first_byte != 0 ? text[at] == first_byte : hints.first.has(text[at]);
+    return !hints.has_first || (at < text.size() && hints.first.has(text[at]));
   }
 };
-
-inline constexpr std::size_t kNowhere = SIZE_MAX;
 
 // One block from malloc, for free(); null when memory fails. O(program). To find all
 // hints takes longer than the rest, and than a search in a short text.
@@ -124,20 +139,5 @@ Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
 
 // Records the message of a report state.
 void report(const State& state);
-
-// Where the groups of a match lie, as offsets; kNowhere for those that took no part.
-struct Match {
-  std::size_t slot[kSlots];
-
-  void clear() {
-    for (std::size_t& s : slot) s = kNowhere;
-  }
-  std::size_t start(int group = 0) const { return slot[2 * group]; }
-  std::size_t end(int group = 0) const { return slot[2 * group + 1]; }
-  bool has(int group) const { return start(group) != kNowhere && end(group) != kNowhere; }
-  Bytes group(Bytes text, int group) const {
-    return has(group) ? text.subspan(start(group), end(group) - start(group)) : Bytes();
-  }
-};
 
 }  // namespace vstring::regex

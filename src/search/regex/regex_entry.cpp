@@ -6,16 +6,15 @@
 #include "host/result.h"
 #include "runtime/scratch.h"
 #include "search/regex/error.h"
-#include "search/regex/finder.h"
+#include "search/regex/matcher.h"
 #include "search/regex/pattern_cache.h"
 #include "search/regex/replace.h"
 #include "search/regex/template.h"
 
 using namespace vstring;
-using regex::Found;
 using regex::Match;
+using regex::Outcome;
 using regex::Plan;
-using regex::Scan;
 
 namespace {
 
@@ -31,7 +30,7 @@ constexpr const char* kCannotExecute = "cannot execute compiled regular expressi
 }
 
 [[noreturn]] void raise_out_of_space(const Args& args) {
-  vrx_regerror(regex::messages::kOutOfSpace);
+  vrx_regerror(regex::errors::kOutOfSpace);
   raise_recorded(args, kCannotExecute);
 }
 
@@ -41,15 +40,15 @@ const Plan& compiled(const Args& args, Bytes pattern) {
   return *plan;
 }
 
-Found find_first(const Plan& plan, Bytes text, Match& match) {
-  return regex::Finder(plan, text).find(0, match);
+Outcome find_first(const Plan& plan, Bytes text, Match& match) {
+  return regex::Matcher(plan, text).find(0, match);
 }
 
 // Whether the pattern matches; the groups are in `match` then.
 bool matches(const Args& args, Bytes pattern, Bytes text, Match& match) {
-  const Found found = find_first(compiled(args, pattern), text, match);
-  if (found == Found::out_of_space) raise_out_of_space(args);
-  return found == Found::yes;
+  const Outcome outcome = find_first(compiled(args, pattern), text, match);
+  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
+  return outcome == Outcome::match;
 }
 
 // A host string of its own, built beside the scratch buffer.
@@ -142,11 +141,11 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
   const Bytes text = args.text(2);
   const Plan& plan = compiled(args, text_of(left_side(rule)));
   regex::Replacement replacement;
-  const Scan scan = replacement.find(plan, text, text_of(right_side(rule)));
-  if (scan != Scan::ok) replacement.free();
-  if (scan == Scan::out_of_space) raise_out_of_space(args);
-  if (scan == Scan::out_of_memory) args.raise(Status::out_of_memory);
-  if (scan == Scan::empty_match) args.raise("cannot replace an empty match");
+  const Outcome outcome = replacement.find(plan, text, text_of(right_side(rule)));
+  if (outcome != Outcome::no_match) replacement.free();
+  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
+  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
+  if (outcome == Outcome::empty_match) args.raise("cannot replace an empty match");
   // An unchanged text is copied by the host alone, unless it is to pass through the scratch buffer.
   if (!replacement.changes_text() && text.size() >= kScratchLimit) {
     return host->HostNewString(chars(text));
@@ -167,11 +166,11 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
   if (text.empty()) return host->HostNull();
   HeldArray<regex::Cut> cuts;
   std::size_t rest = 0;
-  const Scan scan = regex::find_cuts(plan, text, cuts, rest);
-  if (scan != Scan::ok) cuts.free();
-  if (scan == Scan::out_of_space) raise_out_of_space(args);
-  if (scan == Scan::out_of_memory) args.raise(Status::out_of_memory);
-  if (scan == Scan::empty_match) args.raise("cannot split");
+  const Outcome outcome = regex::find_cuts(plan, text, cuts, rest);
+  if (outcome != Outcome::no_match) cuts.free();
+  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
+  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
+  if (outcome == Outcome::empty_match) args.raise("cannot split");
   if (cuts.empty()) return args.object(2);
   const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
   const HostObject pieces = new_sequence(args, n, [&](std::size_t i) {

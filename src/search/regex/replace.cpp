@@ -36,29 +36,29 @@ bool Replacement::record(std::size_t place, const Match& match) {
   return true;
 }
 
-Scan Replacement::find(const Plan& plan, Bytes text, Bytes replacement, Method method) {
+Outcome Replacement::find(const Plan& plan, Bytes text, Bytes replacement, Method method) {
   text_ = text;
-  if (!template_.read(replacement)) return Scan::out_of_memory;
+  if (!template_.read(replacement)) return Outcome::out_of_memory;
   groups_ = template_.groups() & ~1U;
-  Finder finder(plan, text, method);
+  Matcher matcher(plan, text, method);
   Match match;
   std::size_t place = 0;
   std::size_t length = 0;
   do {
-    const Found found = finder.find(place, match);
-    if (found == Found::out_of_space) return Scan::out_of_space;
-    if (found == Found::no) break;
-    if (match.start() == match.end()) return Scan::empty_match;
+    const Outcome outcome = matcher.find(place, match);
+    if (outcome == Outcome::out_of_space) return Outcome::out_of_space;
+    if (outcome == Outcome::no_match) break;
+    if (match.start() == match.end()) return Outcome::empty_match;
     const Result<std::size_t> expansion = template_.expanded_length(text, match);
-    if (!expansion.ok() || !record(place, match)) return Scan::out_of_memory;
+    if (!expansion.ok() || !record(place, match)) return Outcome::out_of_memory;
     if (__builtin_add_overflow(length, match.start() - place, &length) ||
         __builtin_add_overflow(length, *expansion, &length)) {
-      return Scan::out_of_memory;
+      return Outcome::out_of_memory;
     }
     place = match.end();
   } while (place < text.size());
-  if (__builtin_add_overflow(length, text.size() - place, &length_)) return Scan::out_of_memory;
-  return length_ == 0 ? Scan::empty_match : Scan::ok;
+  if (__builtin_add_overflow(length, text.size() - place, &length_)) return Outcome::out_of_memory;
+  return length_ == 0 ? Outcome::empty_match : Outcome::no_match;
 }
 
 void Replacement::write(MutableBytes out) const {
@@ -72,7 +72,7 @@ void Replacement::write(MutableBytes out) const {
     match.slot[1] = place = start + read_number(at);
     for (int g = 1; g < kGroups; ++g) {
       if ((groups_ >> g & 1) == 0) continue;
-      match.slot[2 * g] = match.slot[2 * g + 1] = kNowhere;
+      match.slot[2 * g] = match.slot[2 * g + 1] = npos;
       const std::size_t distance = read_number(at);
       if (distance == 0) continue;
       match.slot[2 * g] = start + distance - 1;
@@ -83,17 +83,17 @@ void Replacement::write(MutableBytes out) const {
   copy_into(out, text_.subspan(place));
 }
 
-Scan find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,
-               Method method) {
-  Finder finder(plan, text, method);
+Outcome find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,
+                  Method method) {
+  Matcher matcher(plan, text, method);
   Match match;
   rest = 0;
   for (;;) {
-    const Found found = finder.find(rest, match);
-    if (found == Found::out_of_space) return Scan::out_of_space;
-    if (found == Found::no) return Scan::ok;
-    if (match.start() == match.end()) return Scan::empty_match;
-    if (!cuts.push_back({rest, match.start()})) return Scan::out_of_memory;
+    const Outcome outcome = matcher.find(rest, match);
+    if (outcome == Outcome::out_of_space) return Outcome::out_of_space;
+    if (outcome == Outcome::no_match) return Outcome::no_match;
+    if (match.start() == match.end()) return Outcome::empty_match;
+    if (!cuts.push_back({rest, match.start()})) return Outcome::out_of_memory;
     rest = match.end();
   }
 }

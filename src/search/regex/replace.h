@@ -8,24 +8,18 @@
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
-#include "search/regex/finder.h"
+#include "search/regex/match.h"
+#include "search/regex/matcher.h"
 #include "search/regex/plan.h"
 #include "search/regex/template.h"
 
 namespace vstring::regex {
 
-enum class Scan : std::uint8_t {
-  ok,
-  empty_match,    // none can be replaced or cut at
-  out_of_memory,  // of the caller's arrays
-  out_of_space,   // of the matcher
-};
-
 // What replacing does, found before any result is written.
 class Replacement {
  public:
   // Finds all matches and the result's length. Requires plan and text to outlive it.
-  Scan find(const Plan& plan, Bytes text, Bytes replacement, Method method = Method::automatic);
+  Outcome find(const Plan& plan, Bytes text, Bytes replacement, Method method = Method::automatic);
 
   std::size_t length() const { return length_; }
   bool changes_text() const { return !matches_.empty(); }
@@ -57,7 +51,7 @@ struct Cut {
 };
 
 // Finds the pieces that end at a match, and `rest`, where the last match ends.
-Scan find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,
-               Method method = Method::automatic);
+Outcome find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,
+                  Method method = Method::automatic);
 
 }  // namespace vstring::regex

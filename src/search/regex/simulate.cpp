@@ -22,65 +22,65 @@ bool Simulation::prepare() {
   return true;
 }
 
-// Adds the threads that `state` leads to without taking a byte, in order, unless they are there.
-// `captures` is the same again afterwards.
-void Simulation::enter(Threads& threads, std::uint32_t state, std::size_t at,
-                       std::size_t* captures) {
-  const auto add = [&](std::uint32_t s) {
-    threads.states[threads.count++] = s;
-    std::memcpy(slots_of(threads, s), captures, plan_.slot_count * sizeof *captures);
-  };
-  pending_.clear();
-  bool done = false;
-  for (;;) {
-    bool goes_on = !done && entered_[state] != round_;
-    if (goes_on) {
-      entered_[state] = round_;
-      const State& s = plan_.states[state];
-      switch (s.op) {
-        case Op::fail:
-          goes_on = false;
-          break;
-        case Op::report:
-          report(s);
-          break;
-        case Op::accept:
-        case Op::one:
-        case Op::literal:
-        case Op::plus:
-          add(state);
-          goes_on = false;
-          break;
-        case Op::star:
-          add(state);
-          break;
-        case Op::bol:
-          goes_on = at == begin_;
-          break;
-        case Op::eol:
-          goes_on = at == text_.size();
-          break;
-        case Op::branch:
-          (void)pending_.push_back({s.other, kNoSlot, 0});
-          break;
-        case Op::save:
-          (void)pending_.push_back({0, s.slot, captures[s.slot]});
-          captures[s.slot] = at;
-          break;
-      }
-      state = s.next;
-    }
-    if (goes_on) continue;
-    if (pending_.empty()) return;
+// Adds the thread of a state that takes a byte or accepts, or does what another one does. Whether
+// the state leads further without taking a byte.
+inline bool Simulation::pass(Threads& threads, StateNumber state, std::size_t at,
+                             std::size_t* captures) {
+  const State& s = plan_.states[state];
+  switch (s.op) {
+    case Op::fail:
+      return false;
+    case Op::report:
+      report(s);
+      return true;
+    case Op::accept:
+    case Op::one:
+    case Op::literal:
+    case Op::plus:
+    case Op::star:
+      threads.states[threads.count++] = state;
+      std::memcpy(slots_of(threads, state), captures, plan_.slot_count * sizeof *captures);
+      return s.op == Op::star;
+    case Op::bol:
+      return at == begin_;
+    case Op::eol:
+      return at == text_.size();
+    case Op::branch:
+      (void)pending_.push_back({s.other, kNoSlot, 0});
+      return true;
+    case Op::save:
+      (void)pending_.push_back({0, s.slot, captures[s.slot]});
+      captures[s.slot] = at;
+      return true;
+  }
+  __builtin_unreachable();
+}
+
+// Finds the next state that is still to be entered, setting back captures on the way.
+inline bool Simulation::resume(StateNumber& state, std::size_t* captures) {
+  while (!pending_.empty()) {
     const Pending top = pending_.back();
     pending_.pop_back();
-    done = top.slot != kNoSlot;
-    if (done) {
-      captures[top.slot] = top.value;
-    } else {
+    if (top.slot == kNoSlot) {
       state = top.state;
+      return true;
     }
+    captures[top.slot] = top.value;
   }
+  return false;
+}
+
+// Adds the threads that `state` leads to without taking a byte, in order, unless they are there.
+// `captures` is the same again afterwards.
+void Simulation::enter(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures) {
+  pending_.clear();
+  do {
+    while (entered_[state] != round_) {
+      entered_[state] = round_;
+      if (!pass(threads, state, at, captures)) break;
+      state = plan_.states[state].next;
+    }
+  } while (resume(state, captures));
 }
 
 // Moves the threads over the byte at `at`. True when one of them accepts: it then is the match,
@@ -89,7 +89,7 @@ bool Simulation::step(std::size_t at, Match& match) {
   const bool has_byte = at < text_.size();
   const Byte c = has_byte ? text_[at] : Byte{0};
   for (std::size_t i = 0; i < now_.count; ++i) {
-    const std::uint32_t state = now_.states[i];
+    const StateNumber state = now_.states[i];
     const State& s = plan_.states[state];
     std::size_t* const captures = slots_of(now_, state);
     if (s.op == Op::accept) {
@@ -114,11 +114,11 @@ bool Simulation::run(std::size_t begin, std::size_t from, Match& match) {
     if (now_.count == 0) {
       if (has_match || (plan_.anchored && at != begin)) break;
       if (!plan_.anchored) at = starts_.next(at);
-      if (at == kNowhere) break;
+      if (at == npos) break;
     }
     if (!has_match && plan_.may_start(text_, begin, at)) {
       std::size_t captures[kSlots];
-      std::fill_n(captures, plan_.slot_count, kNowhere);
+      std::fill_n(captures, plan_.slot_count, npos);
       captures[0] = at;
       enter(now_, plan_.start, at, captures);
     }

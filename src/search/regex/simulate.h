@@ -11,6 +11,7 @@
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
+#include "search/regex/match.h"
 #include "search/regex/plan.h"
 #include "search/regex/starts.h"
 
@@ -34,21 +35,23 @@ class Simulation {
  private:
   // Threads in order: their states, and at slots[state * slot_count] their captures.
   struct Threads {
-    std::uint32_t* states;
+    StateNumber* states;
     std::size_t* slots;
     std::size_t count;
   };
   // A state still to be entered, or (slot not none) a capture to be set back to `value`.
   struct Pending {
-    std::uint32_t state;
+    StateNumber state;
     std::uint32_t slot;
     std::size_t value;
   };
 
-  std::size_t* slots_of(const Threads& threads, std::uint32_t state) const {
+  std::size_t* slots_of(const Threads& threads, StateNumber state) const {
     return threads.slots + std::size_t{state} * plan_.slot_count;
   }
-  void enter(Threads& threads, std::uint32_t state, std::size_t at, std::size_t* captures);
+  bool pass(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures);
+  bool resume(StateNumber& state, std::size_t* captures);
+  void enter(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures);
   bool step(std::size_t at, Match& match);
 
   const Plan& plan_;
@@ -59,7 +62,7 @@ class Simulation {
   std::size_t round_ = 0;
   Threads now_ = {};
   Threads next_ = {};
-  Buffer<std::uint32_t> state_room_;
+  Buffer<StateNumber> state_room_;
   Buffer<std::size_t> slot_room_;
   Buffer<std::size_t> entered_;  // by state: the last round in which it was entered
   Buffer<Pending> pending_;

@@ -16,7 +16,11 @@ class Starts {
  public:
   Starts(const Plan& plan, Bytes text);
 
-  // The first place from `at` on, the end of the text included, where a match may start; kNowhere
+  // Whether the literal that the record names stands at `begin` or later. From one call to the
+  // next, `begin` never decreases.
+  bool has_must(std::size_t begin);
+
+  // The first place from `at` on, the end of the text included, where a match may start; npos
   // when there is none. From one call to the next, `at` never decreases.
   std::size_t next(std::size_t at);
 
@@ -26,10 +30,12 @@ class Starts {
 
   const Plan& plan_;
   Bytes text_;
+  std::size_t must_at_ = 0;       // that literal's first occurrence at the place asked for last
   std::size_t prefix_at_ = 0;     // the prefix's first occurrence at the place asked for last
   std::size_t required_at_ = 0;   // the same for what every match contains, and
   std::size_t lead_at_ = 0;       // where the run of bytes begins that may come ahead of it
   std::ptrdiff_t credit_ = 1024;  // what looking for it has saved, in bytes of scanning
+  search::Finder must_;
   search::Finder prefix_;
   search::Finder required_;
 };

@@ -7,7 +7,7 @@
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
-#include "search/regex/plan.h"
+#include "search/regex/match.h"
 
 namespace vstring::regex {
 

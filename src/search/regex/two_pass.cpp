@@ -4,53 +4,43 @@
 #include <cmath>
 
 namespace vstring::regex {
-namespace {
-
-// Where a state leads without taking a byte: `next` and `other`, as far as they count.
-bool leads_to_next(Op op) {
-  return op == Op::report || op == Op::bol || op == Op::eol || op == Op::branch || op == Op::save ||
-         op == Op::star;
-}
-
-}  // namespace
 
 // Depth first from every state. A state is pushed again by each that leads to it; all but the copy
-// entered first are dropped.
-Status TwoPass::order_states() {
+// entered first are dropped. False when memory fails.
+bool TwoPass::order_states() {
   enum Mark : Byte { kNew, kEntered, kLeft };
   const std::uint32_t n = plan_.state_count;
   Buffer<Byte> mark;
-  Buffer<std::uint32_t> stack;
-  if (!mark.resize_zeroed(n) || !order_.reserve(n)) return Status::out_of_memory;
-  for (std::uint32_t root = 0; root < n; ++root) {
-    if (!stack.push_back(root)) return Status::out_of_memory;
+  Buffer<StateNumber> stack;
+  if (!mark.resize_zeroed(n) || !order_.reserve(n)) return false;
+  for (StateNumber root = 0; root < n; ++root) {
+    if (!stack.push_back(root)) return false;
     while (!stack.empty()) {
-      const std::uint32_t s = stack.back();
+      const StateNumber s = stack.back();
       if (mark[s] != kNew) {
         stack.pop_back();
-        if (mark[s] == kEntered && !order_.push_back(s)) return Status::out_of_memory;
+        if (mark[s] == kEntered && !order_.push_back(s)) return false;
         mark[s] = kLeft;
         continue;
       }
       mark[s] = kEntered;
       const State& state = plan_.states[s];
-      if (!leads_to_next(state.op)) continue;
-      const std::uint32_t targets[] = {state.next, state.other};
-      for (int i = 0; i < (state.op == Op::branch ? 2 : 1); ++i) {
-        if (mark[targets[i]] == kEntered) return Status::refused;
-        if (mark[targets[i]] == kNew && !stack.push_back(targets[i])) return Status::out_of_memory;
+      if (consumes(state.op) && state.op != Op::star) continue;
+      for (const StateNumber next : successors(state)) {
+        has_circle_ = has_circle_ || mark[next] == kEntered;
+        if (mark[next] == kNew && !stack.push_back(next)) return false;
       }
     }
   }
-  return Status::ok;
+  return true;
 }
 
-// The row of the place `at` from that of the next one, which the end of the text has not.
+// Computes the row at `at` from the next row; the last place has none.
 void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_begin) const {
   std::fill_n(row, row_words_, 0);
   const bool is_end = later == nullptr;
   const Byte c = is_end ? Byte{0} : text_[at];
-  for (const std::uint32_t s : order_) {
+  for (const StateNumber s : order_) {
     const State& state = plan_.states[s];
     bool leads_on = false;
     switch (state.op) {
@@ -84,24 +74,24 @@ void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_beg
   }
 }
 
-Status TwoPass::prepare(std::size_t base) {
-  const Status ordered = order_states();
-  if (ordered != Status::ok) return ordered;
+bool TwoPass::prepare(std::size_t base) {
+  if (!order_states()) return false;
+  if (has_circle_) return true;
   base_ = base;
-  block_ = kNowhere;
+  block_ = npos;
   row_words_ = (plan_.state_count + 63) / 64;
   const std::size_t places = text_.size() - base + 1;
   block_length_ = static_cast<std::size_t>(std::sqrt(static_cast<double>(places))) + 1;
   const std::size_t blocks = (places - 1) / block_length_ + 1;
   if (!kept_.resize(blocks * row_words_) || !rows_.resize((block_length_ + 1) * row_words_) ||
       !begin_row_.resize(row_words_)) {
-    return Status::out_of_memory;
+    return false;
   }
   for (std::size_t block = blocks; block-- > 0;) {
     load(block);
     std::copy_n(rows_.data(), row_words_, kept_.data() + block * row_words_);
   }
-  return Status::ok;
+  return true;
 }
 
 // Works out the rows of a block from the first one of the block after it.
@@ -122,10 +112,44 @@ void TwoPass::load(std::size_t block) {
 
 const TwoPass::Word* TwoPass::row(std::size_t at) {
   const std::size_t place = at - base_;
-  const bool at_hand = block_ != kNowhere && place >= block_ * block_length_ &&
+  const bool at_hand = block_ != npos && place >= block_ * block_length_ &&
                        place - block_ * block_length_ <= block_length_;
   if (!at_hand) load(place / block_length_);
   return rows_.data() + (place - block_ * block_length_) * row_words_;
+}
+
+inline const TwoPass::Word* TwoPass::row_after(std::size_t begin, std::size_t at) {
+  return plan_.has_bol && at == begin ? begin_row_.data() : row(at);
+}
+
+// The state that a match goes on with, once it has come to state `s` at `at`.
+inline StateNumber TwoPass::step(std::size_t begin, StateNumber s, std::size_t& at, Match& match) {
+  const State& state = plan_.states[s];
+  switch (state.op) {
+    case Op::branch:
+      return has(row_after(begin, at), state.next) ? state.next : state.other;
+    case Op::star:
+      if (at == text_.size() || !plan_.takes(state, text_[at]) || !has(row(at + 1), s)) {
+        return state.next;
+      }
+      ++at;
+      return s;
+    case Op::one:
+    case Op::literal:
+    case Op::plus:
+      ++at;
+      return plan_.after(s);
+    case Op::save:
+      match.slot[state.slot] = at;
+      return state.next;
+    case Op::accept:
+    case Op::fail:
+    case Op::report:
+    case Op::bol:
+    case Op::eol:
+      return state.next;
+  }
+  __builtin_unreachable();
 }
 
 bool TwoPass::run(std::size_t begin, Match& match) {
@@ -133,52 +157,18 @@ bool TwoPass::run(std::size_t begin, Match& match) {
     const Word* const later = begin < text_.size() ? row(begin + 1) : nullptr;
     work_out(begin_row_.data(), later, begin, true);
   }
-  const auto row_at = [&](std::size_t at) {
-    return plan_.has_bol && at == begin ? begin_row_.data() : row(at);
-  };
   std::size_t start = begin;
-  while (!plan_.may_start(text_, begin, start) || !has(row_at(start), plan_.start)) {
+  while (!plan_.may_start(text_, begin, start) || !has(row_after(begin, start), plan_.start)) {
     if (plan_.anchored || start == text_.size()) return false;
     ++start;
   }
   match.clear();
   std::size_t at = start;
-  std::uint32_t s = plan_.start;
-  for (;;) {
-    const State& state = plan_.states[s];
-    switch (state.op) {
-      case Op::accept:
-        match.slot[0] = start;
-        match.slot[1] = at;
-        return true;
-      case Op::branch:
-        s = has(row_at(at), state.next) ? state.next : state.other;
-        break;
-      case Op::star:
-        if (at < text_.size() && plan_.takes(state, text_[at]) && has(row(at + 1), s)) {
-          ++at;
-        } else {
-          s = state.next;
-        }
-        break;
-      case Op::one:
-      case Op::literal:
-      case Op::plus:
-        ++at;
-        s = plan_.after(s);
-        break;
-      case Op::save:
-        match.slot[state.slot] = at;
-        s = state.next;
-        break;
-      case Op::fail:
-      case Op::report:
-      case Op::bol:
-      case Op::eol:
-        s = state.next;
-        break;
-    }
-  }
+  StateNumber s = plan_.start;
+  while (plan_.states[s].op != Op::accept) s = step(begin, s, at, match);
+  match.slot[0] = start;
+  match.slot[1] = at;
+  return true;
 }
 
 }  // namespace vstring::regex

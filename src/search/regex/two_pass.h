@@ -13,7 +13,7 @@
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
-#include "runtime/status.h"
+#include "search/regex/match.h"
 #include "search/regex/plan.h"
 
 namespace vstring::regex {
@@ -22,9 +22,13 @@ class TwoPass {
  public:
   TwoPass(const Plan& plan, Bytes text) : plan_(plan), text_(text) {}
 
-  // Makes the backward pass from the end of the text to `base`. Refuses a plan (of a damaged
-  // program) that has a circle of states which takes no byte.
-  Status prepare(std::size_t base);
+  // Makes the backward pass from the end of the text to `base`, unless has_circle(). False when
+  // memory fails.
+  bool prepare(std::size_t base);
+
+  // Whether the plan (of a damaged program) has a circle of states that takes no byte: then there
+  // is no order to work them out in, and nothing may be run.
+  bool has_circle() const { return has_circle_; }
 
   // Finds the leftmost match that starts at `begin` or later, in a text that starts there. Calls
   // go forward: from `base` on, none before the end of the match found last.
@@ -33,24 +37,27 @@ class TwoPass {
  private:
   using Word = std::uint64_t;
 
-  Status order_states();
+  bool order_states();
   void work_out(Word* row, const Word* later, std::size_t at, bool is_begin) const;
   void load(std::size_t block);
   const Word* row(std::size_t at);
-  static bool has(const Word* row, std::uint32_t state) {
+  const Word* row_after(std::size_t begin, std::size_t at);  // the same in a text from `begin` on
+  StateNumber step(std::size_t begin, StateNumber s, std::size_t& at, Match& match);
+  static bool has(const Word* row, StateNumber state) {
     return (row[state / 64] >> (state % 64) & 1) != 0;
   }
 
   const Plan& plan_;
   Bytes text_;
+  bool has_circle_ = false;
   std::size_t base_ = 0;
   std::size_t block_length_ = 0;  // places from one kept row to the next
-  std::size_t block_ = kNowhere;  // whose rows are at hand
+  std::size_t block_ = npos;      // whose rows are at hand
   std::size_t row_words_ = 0;
-  Buffer<std::uint32_t> order_;  // states, each after those it leads to without taking a byte
-  Buffer<Word> kept_;            // a row for base, base + block_length, ..., and for the end
-  Buffer<Word> rows_;            // of the block at hand, and the first of the next
-  Buffer<Word> begin_row_;       // at the start of the text, where ^ matches
+  Buffer<StateNumber> order_;  // states, each after those it leads to without taking a byte
+  Buffer<Word> kept_;          // a row for base, base + block_length, ..., and for the end
+  Buffer<Word> rows_;          // of the block at hand, and the first of the next
+  Buffer<Word> begin_row_;     // at the start of the text, where ^ matches
 };
 
 }  // namespace vstring::regex

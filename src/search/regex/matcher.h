@@ -10,6 +10,7 @@
 
 #include "bytes/bytes.h"
 #include "search/regex/backtrack.h"
+#include "search/regex/match.h"
 #include "search/regex/plan.h"
 #include "search/regex/simulate.h"
 #include "search/regex/starts.h"
@@ -17,32 +18,28 @@
 
 namespace vstring::regex {
 
-enum class Found : std::uint8_t { no, yes, out_of_space };
-
-// Automatic is what users get; the others hold a Finder to one method, for tests that compare them.
+// Automatic is what users get; the others hold a Matcher to one method, for tests that compare
+// them.
 enum class Method : std::uint8_t { automatic, backtracking, simulation, two_pass };
 
-class Finder {
+class Matcher {
  public:
-  Finder(const Plan& plan, Bytes text, Method method = Method::automatic);
+  Matcher(const Plan& plan, Bytes text, Method method = Method::automatic);
 
   // Finds the leftmost match in text[begin, end) taken as a text of its own. Calls go forward:
   // `begin` is never less than before. Fills `match`, in offsets into the whole text, if there is
   // one.
-  Found find(std::size_t begin, Match& match);
+  Outcome find(std::size_t begin, Match& match);
 
  private:
-  bool has_must(std::size_t begin);
-  Found backtrack(std::size_t begin, Match& match);
-  Found simulate(std::size_t begin, std::size_t from, Match& match);
+  Outcome backtrack(std::size_t begin, Match& match);
+  Outcome simulate(std::size_t begin, std::size_t from, Match& match);
   void earn(std::size_t bytes);
 
   const Plan& plan_;
   const Bytes text_;
   Method method_;
   std::int64_t credit_;
-  std::size_t must_at_ = 0;  // the literal does not stand between the last `begin` and here
-  bool must_known_ = false;  // it stands at must_at_
   Starts starts_;
   Backtracker backtracker_;
   Simulation simulation_;

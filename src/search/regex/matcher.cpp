@@ -1,7 +1,6 @@
-#include "search/regex/finder.h"
+#include "search/regex/matcher.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace vstring::regex {
 namespace {
@@ -26,7 +25,7 @@ constexpr std::size_t first_credit(std::size_t length) {
 
 }  // namespace
 
-Finder::Finder(const Plan& plan, Bytes text, Method method)
+Matcher::Matcher(const Plan& plan, Bytes text, Method method)
     : plan_(plan),
       text_(text),
       method_(method),
@@ -38,71 +37,59 @@ Finder::Finder(const Plan& plan, Bytes text, Method method)
       simulation_(plan, text, starts_),
       two_pass_(plan, text) {}
 
-void Finder::earn(std::size_t bytes) {
+void Matcher::earn(std::size_t bytes) {
   if (method_ == Method::backtracking) return;
   const std::size_t earned = std::min(bytes, kMaxCredit / kCreditPerByte) * kCreditPerByte;
   credit_ = std::min(std::max<std::int64_t>(credit_, 0) + static_cast<std::int64_t>(earned),
                      static_cast<std::int64_t>(kMaxCredit));
 }
 
-// Whether the literal that every match contains stands at `begin` or later.
-bool Finder::has_must(std::size_t begin) {
-  if (plan_.must.empty() || (must_known_ && must_at_ >= begin)) return true;
-  const Bytes rest = text_.subspan(begin);
-  const void* const found = memmem(rest.data(), rest.size(), plan_.must.data(), plan_.must.size());
-  if (found == nullptr) return false;
-  must_known_ = true;
-  must_at_ = static_cast<std::size_t>(static_cast<const Byte*>(found) - text_.data());
-  return true;
-}
-
-Found Finder::find(std::size_t begin, Match& match) {
-  if (!has_must(begin)) return Found::no;
+Outcome Matcher::find(std::size_t begin, Match& match) {
+  if (!starts_.has_must(begin)) return Outcome::no_match;
   const bool looks_ahead = simulation_.work() / kMaxRounds > text_.size() + kFreeWork;
   if (!two_pass_ready_ &&
       (method_ == Method::two_pass || (method_ == Method::automatic && looks_ahead))) {
-    const Status status = two_pass_.prepare(begin);
-    if (status == Status::out_of_memory) return Found::out_of_space;
-    two_pass_ready_ = status == Status::ok;
+    if (!two_pass_.prepare(begin)) return Outcome::out_of_space;
+    two_pass_ready_ = !two_pass_.has_circle();
     if (!two_pass_ready_) method_ = Method::simulation;
   }
-  if (two_pass_ready_) return two_pass_.run(begin, match) ? Found::yes : Found::no;
+  if (two_pass_ready_) return two_pass_.run(begin, match) ? Outcome::match : Outcome::no_match;
   if (method_ == Method::simulation) return simulate(begin, begin, match);
   return backtrack(begin, match);
 }
 
-Found Finder::backtrack(std::size_t begin, Match& match) {
+Outcome Matcher::backtrack(std::size_t begin, Match& match) {
   match.clear();
   std::size_t at = begin;
   for (;;) {
     if (!plan_.anchored) {
       const std::size_t candidate = starts_.next(at);
-      if (candidate == kNowhere) return Found::no;
+      if (candidate == npos) return Outcome::no_match;
       earn(candidate - at);
       at = candidate;
     }
     switch (backtracker_.run(begin, at, credit_, match)) {
       case Attempt::matched:
         earn(match.end() - at + 1);
-        return Found::yes;
+        return Outcome::match;
       case Attempt::gave_up:
-        if (method_ == Method::backtracking) return Found::out_of_space;
+        if (method_ == Method::backtracking) return Outcome::out_of_space;
         return simulate(begin, at, match);
       case Attempt::failed:
         break;
     }
     const std::size_t next = plan_.after_failure(text_, at);
-    if (plan_.anchored || next > text_.size()) return Found::no;
+    if (plan_.anchored || next > text_.size()) return Outcome::no_match;
     earn(next - at);
     at = next;
   }
 }
 
-Found Finder::simulate(std::size_t begin, std::size_t from, Match& match) {
-  if (!simulation_.prepare()) return Found::out_of_space;
-  if (!simulation_.run(begin, from, match)) return Found::no;
+Outcome Matcher::simulate(std::size_t begin, std::size_t from, Match& match) {
+  if (!simulation_.prepare()) return Outcome::out_of_space;
+  if (!simulation_.run(begin, from, match)) return Outcome::no_match;
   earn(match.end() - from + 1);
-  return Found::yes;
+  return Outcome::match;
 }
 
 }  // namespace vstring::regex
