@@ -9,11 +9,9 @@ namespace {
 
 using Map = void (*)(Bytes text, MutableBytes out);
 
-constexpr Signature kCaseMap = {1};
-
 // A range is looked at with exactly two arguments; with more, the whole text is mapped.
 HostObject mapped(const HostTable* host, HostObject argseq, Map map) {
-  const Args args(host, argseq, kCaseMap);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   Stretch range = {0, text.size()};
   if (args.count() == 2) range = args.range(2, text.size());
@@ -34,10 +32,8 @@ HostObject vstring_uppercase(const HostTable* host, HostObject argseq) {
   return mapped(host, argseq, charclass::uppercase);
 }
 
-constexpr Signature kCapitalise = {1};
-
 HostObject vstring_capitalise(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kCapitalise);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   TextResult result(args, text.size());
   charclass::capitalise(text, result.bytes());

@@ -8,7 +8,6 @@ using charclass::Class;
 
 namespace {
 
-constexpr Signature kPredicate = {1, {{messages::kArgumentString}}};
 constexpr Byte kLastAscii = 127;
 
 // What a predicate looks at.
@@ -29,14 +28,14 @@ Examined examined(const Args& args) {
 }
 
 HostObject is_in_class(const HostTable* host, HostObject argseq, Class wanted) {
-  const Args args(host, argseq, kPredicate);
+  const Args args(host, argseq, kOneText);
   const auto [bytes, highest, unclassed] = examined(args);
   const bool none = unclassed && !bytes.empty();
   return new_boolean(args, !none && charclass::all_in(bytes, wanted, highest));
 }
 
 HostObject has_class(const HostTable* host, HostObject argseq, Class wanted) {
-  const Args args(host, argseq, kPredicate);
+  const Args args(host, argseq, kOneText);
   const auto [bytes, highest, unclassed] = examined(args);
   return new_boolean(args, !unclassed && charclass::any_in(bytes, wanted, highest));
 }

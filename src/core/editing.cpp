@@ -3,16 +3,12 @@
 #include <algorithm>
 #include <cstring>
 
+#include "bytes/byte_scan.h"
 #include "bytes/byte_set.h"
 
 namespace vstring::core {
 
-std::size_t prefix_without(Bytes text, Bytes set) {
-  const ByteSet stops(set);
-  std::size_t n = 0;
-  while (n < text.size() && !stops.has(text[n])) ++n;
-  return n;
-}
+std::size_t prefix_without(Bytes text, Bytes set) { return ByteScan(ByteSet(set)).find(text, 0); }
 
 std::size_t after_last_of(Bytes text, Bytes set) {
   const ByteSet stops(set);
@@ -21,12 +17,7 @@ std::size_t after_last_of(Bytes text, Bytes set) {
   return n;
 }
 
-std::size_t prefix_of(Bytes text, Bytes set) {
-  const ByteSet members(set);
-  std::size_t n = 0;
-  while (n < text.size() && members.has(text[n])) ++n;
-  return n;
-}
+std::size_t prefix_of(Bytes text, Bytes set) { return ByteScan(ByteSet(set)).find_other(text, 0); }
 
 std::size_t prefix_of(Bytes text, CharTest test) {
   std::size_t n = 0;
@@ -42,17 +33,17 @@ bool is_suffix(Bytes suffix, Bytes text) {
   return suffix.size() <= text.size() && equal(suffix, text.last(suffix.size()));
 }
 
-std::size_t first_position(Bytes text, Byte c) {
-  if (text.empty()) return 0;
+std::size_t find_first(Bytes text, Byte c) {
+  if (text.empty()) return npos;
   const void* const found = std::memchr(text.data(), c, text.size());
-  if (found == nullptr) return 0;
-  return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data()) + 1;
+  if (found == nullptr) return npos;
+  return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
 }
 
-std::size_t last_position(Bytes text, Byte c) {
+std::size_t find_last(Bytes text, Byte c) {
   std::size_t n = text.size();
   while (n > 0 && text[n - 1] != c) --n;
-  return n;
+  return n == 0 ? npos : n - 1;
 }
 
 std::size_t count(Bytes text, Byte c) {

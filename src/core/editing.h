@@ -20,9 +20,9 @@ std::size_t prefix_of(Bytes text, CharTest test);
 bool is_prefix(Bytes prefix, Bytes text);
 bool is_suffix(Bytes suffix, Bytes text);
 
-// 1-based position of the first or last `c`; 0 when there is none.
-std::size_t first_position(Bytes text, Byte c);
-std::size_t last_position(Bytes text, Byte c);
+// Offset of the first or last `c`, or npos.
+std::size_t find_first(Bytes text, Byte c);
+std::size_t find_last(Bytes text, Byte c);
 std::size_t count(Bytes text, Byte c);
 
 // The largest and smallest byte. Requires a text of at least one byte.

@@ -8,17 +8,13 @@
 
 using namespace vstring;
 
-constexpr Signature kLength = {1};
-
 HostObject vstring_length(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kLength);
+  const Args args(host, argseq, kOne);
   return new_integer(args, args.text(1).size());
 }
 
-constexpr Signature kSubstr = {2};
-
 HostObject vstring_substr(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSubstr);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   if (text.empty()) return empty_string(args);
   const Stretch range = args.range(2, text.size(), EmptyRange::anywhere);
@@ -65,10 +61,8 @@ HostObject vstring_drop(const HostTable* host, HostObject argseq) {
   return new_string(args, text.subspan(core::after_last_of(text, stops)));
 }
 
-constexpr Signature kInsert = {3};
-
 HostObject vstring_insert(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kInsert);
+  const Args args(host, argseq, kThree);
   const Bytes text = args.text(1);
   args.integer32(2);
   const Bytes inserted = args.text(3);
@@ -94,20 +88,16 @@ HostObject vstring_repeat(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kReverse = {1};
-
 HostObject vstring_reverse(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kReverse);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   TextResult result(args, text.size());
   core::reverse(text, result.bytes());
   return result.object();
 }
 
-constexpr Signature kRotate = {2};
-
 HostObject vstring_rotate(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kRotate);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   if (!args.is_integer32(args.object(2))) {
     args.raise("expecting argument %1 to be a 32-bit integer, but got %2", host->HostNewInteger(2),
@@ -120,11 +110,9 @@ HostObject vstring_rotate(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kShift = {2};
-
 // A byte that becomes 0 ends the result: the host's texts are NUL-terminated.
 HostObject vstring_shift(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kShift);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   const std::int32_t amount = args.integer32(2);
   TextResult result(args, text.size());
@@ -155,10 +143,8 @@ HostObject vstring_exchange(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kSnarf = {2};
-
 HostObject vstring_snarf(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSnarf);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   const Bytes wanted = args.text(2);
   const CharTest test = CharClassNameToTest(c_text_of(args.object(2)));
@@ -167,18 +153,14 @@ HostObject vstring_snarf(const HostTable* host, HostObject argseq) {
   return new_string(args, text.first(n));
 }
 
-constexpr Signature kIsprefix = {2};
-
 HostObject vstring_isprefix(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kIsprefix);
+  const Args args(host, argseq, kTwo);
   const Bytes prefix = args.text(1);
   return new_boolean(args, core::is_prefix(prefix, args.text(2)));
 }
 
-constexpr Signature kIssuffix = {2};
-
 HostObject vstring_issuffix(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kIssuffix);
+  const Args args(host, argseq, kTwo);
   const Bytes suffix = args.text(1);
   return new_boolean(args, core::is_suffix(suffix, args.text(2)));
 }
@@ -191,34 +173,26 @@ HostObject vstring_has(const HostTable* host, HostObject argseq) {
   const Bytes wanted = args.text(1);
   const Bytes text = args.text(2);
   if (wanted.empty()) args.refuse(1);
-  return new_boolean(args, core::first_position(text, wanted[0]) != 0);
+  return new_boolean(args, core::find_first(text, wanted[0]) != npos);
 }
-
-constexpr Signature kStrchr = {2};
 
 // An empty first argument stands for the terminator, which every text has at its end.
 HostObject vstring_strchr(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kStrchr);
+  const Args args(host, argseq, kTwo);
   const Bytes wanted = args.text(1);
   const Bytes text = args.text(2);
-  const std::size_t terminator = text.size() + 1;
-  return new_integer(args, wanted.empty() ? terminator : core::first_position(text, wanted[0]));
+  return new_position(args, wanted.empty() ? text.size() : core::find_first(text, wanted[0]));
 }
-
-constexpr Signature kStrrchr = {2};
 
 HostObject vstring_strrchr(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kStrrchr);
+  const Args args(host, argseq, kTwo);
   const Bytes wanted = args.text(1);
   const Bytes text = args.text(2);
-  const std::size_t terminator = text.size() + 1;
-  return new_integer(args, wanted.empty() ? terminator : core::last_position(text, wanted[0]));
+  return new_position(args, wanted.empty() ? text.size() : core::find_last(text, wanted[0]));
 }
 
-constexpr Signature kOrd = {1};
-
 HostObject vstring_ord(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOrd);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   return new_integer(args, text.empty() ? 0 : text[0]);
 }
@@ -235,10 +209,8 @@ HostObject vstring_char(const HostTable* host, HostObject argseq) {
   return new_string(args, {&byte, 1});
 }
 
-constexpr Signature kCap = {3};
-
 HostObject vstring_cap(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kCap);
+  const Args args(host, argseq, kThree);
   const Bytes text = args.text(1);
   const Bytes left = args.text(2);
   const Bytes right = args.text(3);
@@ -247,28 +219,24 @@ HostObject vstring_cap(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kNumboccur = {2};
-
 HostObject vstring_numboccur(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kNumboccur);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   const Bytes wanted = args.text(2);
   return new_integer(args, wanted.empty() ? 0 : core::count(text, wanted[0]));
 }
 
-constexpr Signature kExtreme = {1, {{messages::kArgumentString}}};
-
 // The extremes of a text shorter than two bytes are those of no byte at all: the lowest byte for
 // max, the highest for min, so that either can start a comparison.
 HostObject vstring_max(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kExtreme);
+  const Args args(host, argseq, kOneText);
   const Bytes text = args.text(1);
   const Byte extreme = text.size() < 2 ? Byte{1} : core::largest(text);
   return new_string(args, {&extreme, 1});
 }
 
 HostObject vstring_min(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kExtreme);
+  const Args args(host, argseq, kOneText);
   const Bytes text = args.text(1);
   const Byte extreme = text.size() < 2 ? Byte{255} : core::smallest(text);
   return new_string(args, {&extreme, 1});

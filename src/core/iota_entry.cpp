@@ -3,10 +3,9 @@
 #include "host/args.h"
 #include "host/result.h"
 
-namespace vstring {
-namespace {
+using namespace vstring;
 
-constexpr Signature kIota = {0};
+namespace {
 
 bool is_code(std::int32_t n) { return n >= 1 && n <= 255; }
 
@@ -41,10 +40,10 @@ HostObject between(const Args& args, HostObject low, HostObject high) {
 }
 
 }  // namespace
-}  // namespace vstring
+
+constexpr Signature kIota = {0, {{"first argument must be an integer or an integer range"}}};
 
 HostObject vstring_iota(const HostTable* host, HostObject argseq) {
-  using namespace vstring;
   const Args args(host, argseq, kIota);
   if (args.count() == 2) return between(args, args.object(1), args.object(2));
   if (args.count() != 1) {
@@ -58,8 +57,6 @@ HostObject vstring_iota(const HostTable* host, HostObject argseq) {
     return consecutive(args, 1, n);
   }
   if (args.is_integer(argument)) args.raise("integer argument is too large");
-  if (!is_range(argument)) {
-    args.raise("first argument must be an integer or an integer range");
-  }
+  if (!is_range(argument)) args.refuse_kind(1);
   return between(args, left_side(argument), right_side(argument));
 }

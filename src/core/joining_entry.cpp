@@ -23,13 +23,9 @@ std::size_t total_length(Elements texts, std::size_t between) {
 
 }  // namespace
 
-constexpr Signature kJoin = {1};
-
 HostObject vstring_join(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kJoin);
-  const HostObject list = args.object(1);
-  if (!is_list(list)) args.raise(messages::kListOfStrings);
-  const Elements elements = Elements::of_list(list);
+  const Args args(host, argseq, kOne);
+  const Elements elements = args.list(1);
   if (elements.empty()) return empty_string(args);
   if (elements.size() == 1) return elements[0];  // whatever it is
   const Elements texts = args.strings(1);
@@ -44,11 +40,10 @@ HostObject vstring_join(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kImplode = {1};
+constexpr Signature kImplode = {1, {{"argument must be a list"}}};
 
 HostObject vstring_implode(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kImplode);
-  if (!is_list(args.object(1))) args.raise("argument must be a list");
   const Elements texts = args.strings(1);
   TextResult result(args, texts.size());
   std::size_t n = 0;
@@ -59,10 +54,8 @@ HostObject vstring_implode(const HostTable* host, HostObject argseq) {
   return result.object(n);
 }
 
-constexpr Signature kExplode = {1};
-
 HostObject vstring_explode(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kExplode);
+  const Args args(host, argseq, kOne);
   Bytes text = args.text(1);
   if (text.empty()) return empty_list(args);
   if (args.has(2)) {
@@ -75,13 +68,11 @@ HostObject vstring_explode(const HostTable* host, HostObject argseq) {
   });
 }
 
-constexpr Signature kSplit = {1};
-
 // Words in running text stand between these; a vertical tab is part of a word.
 constexpr const char* kBlanks = " \t\n\f\r";
 
 HostObject vstring_split(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSplit);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   const Bytes separators = args.has(2) ? args.text(2) : bytes_of(kBlanks);
   HeldArray<Byte> fields;
@@ -99,10 +90,8 @@ HostObject vstring_split(const HostTable* host, HostObject argseq) {
   return list;
 }
 
-constexpr Signature kCasejoin = {1};
-
 HostObject vstring_casejoin(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kCasejoin);
+  const Args args(host, argseq, kOne);
   const Elements words = args.strings(1);
   TextResult result(args, total_length(words, 0));
   MutableBytes rest = result.bytes();
@@ -115,10 +104,8 @@ HostObject vstring_casejoin(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kCasesplit = {1, {{messages::kArgumentString}}};
-
 HostObject vstring_casesplit(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kCasesplit);
+  const Args args(host, argseq, kOneText);
   Bytes rest = args.text(1);
   const std::size_t pieces = core::count_case_pieces(rest);
   if (pieces == 1) return new_string(args, rest);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "bytes/byte_set.h"
+#include "bytes/common.h"
 #include "charclass/case_map.h"
 #include "host/vstring.h"
 
@@ -24,13 +25,6 @@ Result<int> compare_in(Bytes support, Byte a, Byte b) {
   const auto place_b = std::find(support.begin(), support.end(), b);
   if (place_a == support.end() || place_b == support.end()) return Status::refused;
   return place_a < place_b ? -1 : 1;
-}
-
-std::size_t common_prefix(Bytes s, Bytes t) {
-  const std::size_t n = std::min(s.size(), t.size());
-  std::size_t i = 0;
-  while (i < n && s[i] == t[i]) ++i;
-  return i;
 }
 
 // Only the codes of ASCII carry weight.

@@ -13,13 +13,11 @@ HostObject order_result(const Args& args, int order) { return args.host()->HostN
 
 HostObject one_letter(const Args& args, Byte c) { return new_string(args, {&c, 1}); }
 
-constexpr Signature kTwoWords = {2};
-
 // The orders that take a support string as an optional third argument.
 using SupportedOrder = Result<int> (*)(Bytes s, Bytes t, const core::Support& support);
 
 HostObject supported(const HostTable* host, HostObject argseq, SupportedOrder order) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   core::Support support;
@@ -82,18 +80,18 @@ core::Weights read_weights(const Args& args, Elements equations) {
 }
 
 const core::Weights& weights_argument(const Args& args, int position) {
+  const Elements equations = args.list(position);
   const HostObject list = args.object(position);
-  if (!is_list(list)) args.raise("expecting a list");
   if (list != remembered.list) {
     forget_weights(args.host());
-    const core::Weights weights = read_weights(args, Elements::of_list(list));
+    const core::Weights weights = read_weights(args, equations);
     args.host()->HostGcProtect(list);
     remembered = {list, weights};
   }
   return remembered.weights;
 }
 
-constexpr Signature kWeighted = {3};
+constexpr Signature kWeighted = {3, {{}, {}, {"expecting a list"}}};
 
 using WeightedOrder = int (*)(Bytes s, Bytes t, const core::Weights& weights);
 
@@ -107,7 +105,7 @@ HostObject weighted(const HostTable* host, HostObject argseq, WeightedOrder orde
 using PlainOrder = int (*)(Bytes s, Bytes t);
 
 HostObject plain(const HostTable* host, HostObject argseq, PlainOrder order) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   return order_result(args, order(s, args.text(2)));
 }
@@ -115,7 +113,7 @@ HostObject plain(const HostTable* host, HostObject argseq, PlainOrder order) {
 using Precedence = bool (*)(Bytes s, Bytes t);
 
 HostObject compared(const HostTable* host, HostObject argseq, Precedence precedes) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   return new_boolean(args, precedes(s, args.text(2)));
 }
@@ -162,10 +160,8 @@ HostObject vstring_compareci(const HostTable* host, HostObject argseq) {
   return compared(host, argseq, core::precedes_ignoring_case);
 }
 
-constexpr Signature kSorting = {1, {{messages::kArgumentString}}};
-
 HostObject vstring_sort(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSorting);
+  const Args args(host, argseq, kOneText);
   const Bytes text = args.text(1);
   if (text.size() < 2) return args.object(1);
   TextResult result(args, text.size());
@@ -174,6 +170,6 @@ HostObject vstring_sort(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_issorted(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSorting);
+  const Args args(host, argseq, kOneText);
   return new_boolean(args, core::is_sorted(args.text(1)));
 }

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "host/raise.h"
 #include "runtime/memory.h"
 
 namespace vstring {
@@ -23,18 +22,6 @@ Args::Args(const HostTable* host, HostObject argseq, const Signature& signature)
   raise(message);
 }
 
-Bytes Args::text(int position) const {
-  const HostObject argument = object(position);
-  if (!is_text(argument)) refuse_kind(position, messages::kStringExpected);
-  return text_of(argument);
-}
-
-std::int32_t Args::integer32(int position) const {
-  const HostObject argument = object(position);
-  if (!is_integer32(argument)) refuse_kind(position, messages::kInteger32Expected);
-  return host_->HostToInteger32(argument);
-}
-
 std::int32_t Args::non_negative(int position) const {
   const std::int32_t value = integer32(position);
   if (value < 0) refuse(position);
@@ -49,7 +36,7 @@ std::int32_t Args::positive(int position) const {
 
 Stretch Args::range(int position, std::size_t text_length, EmptyRange empty) const {
   const HostObject argument = object(position);
-  if (!is_range(argument)) refuse_kind(position, messages::kRangeExpected);
+  if (!is_range(argument)) refuse_as(position, messages::kRangeExpected);
   std::int64_t low = 0;
   std::int64_t high = 0;
   const std::int64_t span = GetRange(host_, argument, &low, &high);
@@ -59,30 +46,27 @@ Stretch Args::range(int position, std::size_t text_length, EmptyRange empty) con
   return {static_cast<std::size_t>(low), static_cast<std::size_t>(count)};
 }
 
-Elements Args::strings(int position, bool sets_too) const {
+Elements Args::list(int position, bool sets_too) const {
   const HostObject argument = object(position);
   const bool is_collection = is_list(argument) || (sets_too && is_set(argument));
-  if (!is_collection) raise(messages::kListOfStrings);
-  const Elements elements = Elements::of_list(argument);
-  if (!all_texts(elements)) raise(messages::kListOfStrings);
+  if (!is_collection) refuse_as(position, messages::kStringsExpected);
+  return Elements::of_list(argument);
+}
+
+Elements Args::strings(int position, bool sets_too) const {
+  const Elements elements = list(position, sets_too);
+  if (!all_texts(elements)) raise(messages::kStringsExpected[position - 1]);
   return elements;
 }
 
-void Args::refuse_kind(int position, const char* const* ordinary) const {
+void Args::refuse_as(int position, const char* const* ordinary) const {
   const char* const own = words(position).wrong_kind;
   raise(own != nullptr ? own : ordinary[position - 1]);
 }
 
-void Args::refuse(int position) const { raise(words(position).bad_value); }
-
-void Args::raise(const char* message) const { vstring::raise(host_, message); }
-
-void Args::raise(const char* message, HostObject a) const { vstring::raise(host_, message, a); }
-
-void Args::raise(const char* message, HostObject a, HostObject b) const {
-  vstring::raise(host_, message, a, b);
+void Args::raise(Status status) const {
+  if (status != Status::out_of_memory) raise_assertion(host_, __LINE__, "status == out_of_memory");
+  raise(messages::kOutOfMemory);
 }
-
-void Args::raise(Status) const { raise(messages::kOutOfMemory); }
 
 }  // namespace vstring

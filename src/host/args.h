@@ -10,6 +10,7 @@
 #include "bytes/bytes.h"
 #include "host/messages.h"
 #include "host/object.h"
+#include "host/raise.h"
 #include "host/vstring.h"
 #include "runtime/status.h"
 
@@ -27,6 +28,13 @@ struct Signature {
   ArgumentText arguments[messages::kPositions] = {};
   const char* too_few = nullptr;  // instead of "expecting ... arguments, but got ..."
 };
+
+// Of commands that have no words of their own.
+inline constexpr Signature kOne = {1};
+inline constexpr Signature kTwo = {2};
+inline constexpr Signature kThree = {3};
+// Of commands about a single text, whose refusal does not number it.
+inline constexpr Signature kOneText = {1, {{messages::kArgumentString}}};
 
 // A stretch of a text: 0-based offset of its first byte, and how many bytes it has.
 struct Stretch {
@@ -54,24 +62,44 @@ class Args {
   }
 
   // Each raises, in the signature's words, what it cannot decode.
-  Bytes text(int position) const;
-  std::int32_t integer32(int position) const;
+  Bytes text(int position) const {
+    const HostObject argument = object(position);
+    if (!is_text(argument)) refuse_as(position, messages::kStringExpected);
+    return text_of(argument);
+  }
+  std::int32_t integer32(int position) const {
+    const HostObject argument = object(position);
+    if (!is_integer32(argument)) refuse_as(position, messages::kInteger32Expected);
+    return host_->HostToInteger32(argument);
+  }
   std::int32_t non_negative(int position) const;  // a 32-bit integer of 0 or more
   std::int32_t positive(int position) const;      // a 32-bit integer of 1 or more
   Stretch range(int position, std::size_t text_length,
                 EmptyRange empty = EmptyRange::in_text) const;
-  Elements strings(int position, bool sets_too = false) const;  // a list of strings and names
+  // A list, or a set where these will do.
+  Elements list(int position, bool sets_too = false) const;
+  // The same, of strings and names only.
+  Elements strings(int position, bool sets_too = false) const;
 
   bool is_integer32(HostObject object) const { return host_->HostIsInteger32(object) != 0; }
   bool is_integer(HostObject object) const { return host_->HostIsInteger(object) != 0; }
 
-  // The message is raised with up to three objects for its placeholders. The first form says that
-  // argument `position` has an unacceptable value.
-  [[noreturn]] void refuse(int position) const;
-  [[noreturn]] void raise(const char* message) const;
-  [[noreturn]] void raise(const char* message, HostObject a) const;
-  [[noreturn]] void raise(const char* message, HostObject a, HostObject b) const;
-  // Only "out of memory" has words of its own.
+  // Raised in the signature's words for argument `position`, whose value or whose kind is not
+  // acceptable, or in those given here; with up to three objects for the placeholders.
+  template <typename... Objects>
+  [[noreturn]] void refuse(int position, Objects... objects) const {
+    raise(words(position).bad_value, objects...);
+  }
+  template <typename... Objects>
+  [[noreturn]] void refuse_kind(int position, Objects... objects) const {
+    raise(words(position).wrong_kind, objects...);
+  }
+  template <typename... Objects>
+  [[noreturn]] void raise(const char* message, Objects... objects) const {
+    vstring::raise(host_, message, objects...);
+  }
+  // Of what an algorithm says, every command words only the want of memory alike: one that can say
+  // more is asked before.
   [[noreturn]] void raise(Status status) const;
   void require(Status status) const {
     if (status != Status::ok) raise(status);
@@ -79,7 +107,8 @@ class Args {
 
  private:
   const ArgumentText& words(int position) const { return signature_.arguments[position - 1]; }
-  [[noreturn]] void refuse_kind(int position, const char* const* ordinary) const;
+  // In the ordinary words for the position, unless the signature has its own.
+  [[noreturn]] void refuse_as(int position, const char* const* ordinary) const;
 
   const HostTable* host_;
   HostObject argseq_;

@@ -28,11 +28,17 @@ inline constexpr const char* kRangeExpected[kPositions] = {
     "fourth argument must be a range",
 };
 
+inline constexpr const char* kStringsExpected[kPositions] = {
+    "first argument must be a list of strings",
+    "second argument must be a list of strings",
+    "third argument must be a list of strings",
+    "fourth argument must be a list of strings",
+};
+
 // Of commands whose only argument needs no number.
 inline constexpr const char* kArgumentString = "argument must be a string";
 inline constexpr const char* kArgumentInteger32 = "argument must be a 32-bit integer";
 
-inline constexpr const char* kListOfStrings = "first argument must be a list of strings";
 inline constexpr const char* kInvalidRange = "invalid range";
 inline constexpr const char* kOutOfMemory = "out of memory";
 inline constexpr const char* kWordTooLong = "word is too long";

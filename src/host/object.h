@@ -66,6 +66,7 @@ inline HostObject right_side(HostObject pair) { return word_of(pair, 2); }
 // The elements of an expression sequence, a list or a set.
 class Elements {
  public:
+  Elements() = default;
   static Elements of_sequence(HostObject sequence) { return Elements(sequence); }
   static Elements of_list(HostObject list) { return Elements(word_of(list, 1)); }
 
@@ -78,8 +79,8 @@ class Elements {
  private:
   explicit Elements(HostObject sequence)
       : first_(words_of(sequence) + 1), count_(word_count(sequence) - 1) {}
-  const std::uint64_t* first_;
-  std::size_t count_;
+  const std::uint64_t* first_ = nullptr;
+  std::size_t count_ = 0;
 };
 
 // Whether every element is a string or a name.

@@ -39,6 +39,11 @@ inline HostObject empty_string(const Args& args) { return args.host()->HostNewSt
 inline HostObject new_integer(const Args& args, std::size_t value) {
   return args.host()->HostNewInteger(static_cast<std::int64_t>(value));
 }
+// An offset as the host counts, from 1; npos becomes 0.
+inline HostObject new_position(const Args& args, std::size_t offset) {
+  static_assert(npos + 1 == 0);
+  return new_integer(args, offset + 1);
+}
 inline HostObject new_boolean(const Args& args, bool value) {
   return args.host()->HostToBoolean(value ? 1 : 0);
 }

@@ -29,6 +29,14 @@ void draw_bits(Generator& generator, MutableBytes out) {
   }
 }
 
+ByteSet drawable(CharTest test) {
+  ByteSet members;
+  for (int code = 1; code < 128; ++code) {
+    if (test(code) != 0) members.add(static_cast<Byte>(code));
+  }
+  return members;
+}
+
 void draw_members(Generator& generator, const ByteSet& members, MutableBytes out) {
   const std::size_t n = out.size();
   std::size_t i = 0;

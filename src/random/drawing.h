@@ -5,6 +5,7 @@
 
 #include "bytes/byte_set.h"
 #include "bytes/bytes.h"
+#include "host/vstring.h"
 #include "random/generator.h"
 
 namespace vstring::random {
@@ -16,6 +17,10 @@ void draw_bytes(Generator& generator, MutableBytes out);
 
 // Fills `out` with the characters 0 and 1: the bits of bytes, each from its lowest on.
 void draw_bits(Generator& generator, MutableBytes out);
+
+// The bytes that pass `test` and can be drawn: zero ends a text, and no class holds bytes beyond
+// ASCII.
+ByteSet drawable(CharTest test);
 
 // Fills `out` with bytes of `members`, a set that is not empty, by rejection.
 void draw_members(Generator& generator, const ByteSet& members, MutableBytes out);

@@ -3,10 +3,9 @@
 #include "host/result.h"
 #include "random/digest.h"
 
-namespace vstring {
-namespace {
+using namespace vstring;
 
-constexpr Signature kHash = {1, {}, "arguments expected"};
+namespace {
 
 using Method = random::Digest (*)(Bytes);
 
@@ -24,10 +23,10 @@ Method decode_method(const Args& args, HostObject option) {
 }
 
 }  // namespace
-}  // namespace vstring
+
+constexpr Signature kHash = {1, {}, "arguments expected"};
 
 HostObject vstring_hash(const HostTable* host, HostObject argseq) {
-  using namespace vstring;
   const Args args(host, argseq, kHash);
   const Method method = args.has(2) ? decode_method(args, args.object(2)) : random::md5;
   const random::Digest digest = method(args.text(1));

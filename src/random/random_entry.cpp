@@ -6,12 +6,9 @@
 #include "random/drawing.h"
 #include "runtime/small_array.h"
 
-namespace vstring {
-namespace {
+using namespace vstring;
 
-constexpr Signature kRandom = {
-    1, {{nullptr, "first argument must be a non-negative integer, but received %1"}}};
-constexpr const char* kNoSuchClass = "unrecognised character class `%1'";
+namespace {
 
 // What a text is drawn from. The alphabet of a filter is kept by the filter itself.
 struct Class {
@@ -34,32 +31,22 @@ Class decode_class(const Args& args, int position) {
   return {Class::filtered, GetFilter(args.host(), argument)};
 }
 
-// The bytes that can be drawn: zero ends a text, and no class holds bytes beyond ASCII.
-ByteSet drawable(CharTest test, bool& is_empty) {
-  ByteSet members;
-  is_empty = true;
-  for (int code = 1; code < 128; ++code) {
-    if (test(code) == 0) continue;
-    members.add(static_cast<Byte>(code));
-    is_empty = false;
-  }
-  return members;
-}
-
 }  // namespace
-}  // namespace vstring
+
+constexpr Signature kRandom = {
+    1,
+    {{nullptr, "first argument must be a non-negative integer, but received %1"},
+     {nullptr, "unrecognised character class `%1'"}}};
 
 HostObject vstring_random(const HostTable* host, HostObject argseq) {
-  using namespace vstring;
   const Args args(host, argseq, kRandom);
   const std::int32_t n = args.integer32(1);
-  if (n < 0) args.raise(kRandom.arguments[0].bad_value, args.object(1));
+  if (n < 0) args.refuse(1, args.object(1));
   const Class source = args.has(2) ? decode_class(args, 2) : Class{};
   ByteSet members;
   if (source.kind == Class::filtered && n > 0) {
-    bool is_empty = false;
-    members = drawable(source.test, is_empty);
-    if (is_empty) args.raise(kNoSuchClass, args.object(2));
+    members = random::drawable(source.test);
+    if (members.count() == 0) args.refuse(2, args.object(2));
   }
   if (source.kind != Class::any) last_class = source;
 
@@ -78,10 +65,9 @@ HostObject vstring_random(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr vstring::Signature kRandperm = {1, {{nullptr, "first argument must be non-negative"}}};
+constexpr Signature kRandperm = {1, {{nullptr, "first argument must be non-negative"}}};
 
 HostObject vstring_randperm(const HostTable* host, HostObject argseq) {
-  using namespace vstring;
   const Args args(host, argseq, kRandperm);
   const auto n = static_cast<std::size_t>(args.non_negative(1));
   SmallArray<std::uint32_t, 512> permutation;
@@ -94,10 +80,9 @@ HostObject vstring_randperm(const HostTable* host, HostObject argseq) {
   return list;
 }
 
-constexpr vstring::Signature kRandomise = {0, {{nullptr, "bad seed"}}};
+constexpr Signature kRandomise = {0, {{nullptr, "bad seed"}}};
 
 HostObject vstring_randomise(const HostTable* host, HostObject argseq) {
-  using namespace vstring;
   const Args args(host, argseq, kRandomise);
   const auto seed =
       static_cast<std::uint32_t>(args.has(1) ? args.integer32(1) : std::time(nullptr));

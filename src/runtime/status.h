@@ -8,7 +8,8 @@ namespace vstring {
 enum class Status : unsigned char {
   ok,
   out_of_memory,
-  refused,  // the input has no answer; the entry point's signature says in which words
+  refused,       // the input has no answer; the entry point says in which words
+  not_prepared,  // out of memory for tables made ahead, which is told in words of its own
 };
 
 template <typename T>

@@ -7,28 +7,24 @@
 
 using namespace vstring;
 
-constexpr Signature kFmttime = {
-    0,
-    {{},
-     {"second argument must be a 32-bit signed integer time displacement or an equation of the "
-      "form `timestamp = t', where t is a 32-bit signed integer",
-      "unrecognised option name `%1'"}}};
+namespace {
+
 constexpr const char* kBadTimestamp = "timestamp value must be a 32-bit signed integer";
 constexpr const char* kBadOffset = "offset value must be a 32-bit signed integer";
 
-static std::int64_t option_value(const Args& args, HostObject equation, const char* not_integer) {
+std::int64_t option_value(const Args& args, HostObject equation, const char* not_integer) {
   const HostObject value = right_side(equation);
   if (!args.is_integer32(value)) args.raise(not_integer);
   return args.host()->HostToInteger32(value);
 }
 
 // The time that the second argument names, in seconds since the epoch.
-static std::int64_t time_asked_for(const Args& args) {
+std::int64_t time_asked_for(const Args& args) {
   const std::int64_t now = std::time(nullptr);
   if (!args.has(2)) return now;
   const HostObject when = args.object(2);
   if (!is_equation(when)) {
-    if (!args.is_integer32(when)) args.raise(kFmttime.arguments[1].wrong_kind);
+    if (!args.is_integer32(when)) args.refuse_kind(2);
     return now + args.host()->HostToInteger32(when);
   }
   const HostObject option = left_side(when);
@@ -38,8 +34,17 @@ static std::int64_t time_asked_for(const Args& args) {
   if (is_text(option) && equal(text_of(option), "offset")) {
     return now + option_value(args, when, kBadOffset);
   }
-  args.raise(kFmttime.arguments[1].bad_value, option);
+  args.refuse(2, option);
 }
+
+}  // namespace
+
+constexpr Signature kFmttime = {
+    0,
+    {{},
+     {"second argument must be a 32-bit signed integer time displacement or an equation of the "
+      "form `timestamp = t', where t is a 32-bit signed integer",
+      "unrecognised option name `%1'"}}};
 
 HostObject vstring_fmttime(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kFmttime);

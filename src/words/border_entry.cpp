@@ -7,25 +7,23 @@
 
 using namespace vstring;
 
-constexpr Signature kOneWord = {1, {{messages::kArgumentString}}};
-
 // Without memory for a border array the word counts as having a border of length -1: scripts test
 // for a period longer than the word, or for a negative border.
 HostObject vstring_period(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   const Result<std::size_t> period = words::smallest_period(word);
   return new_integer(args, period.ok() ? *period : word.size() + 1);
 }
 
 HostObject vstring_borderlen(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Result<std::size_t> border = words::longest_border(args.text(1));
   return border.ok() ? new_integer(args, *border) : host->HostNewInteger(-1);
 }
 
 HostObject vstring_border(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   const Result<std::size_t> border = words::longest_border(word);
   args.require(border.status());
@@ -42,7 +40,7 @@ HostObject vstring_isperiod(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_borderarray(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   // No list holds 2^32 elements: its length in words is a 32-bit number.
   if (word.size() >= UINT32_MAX) args.raise(Status::out_of_memory);
@@ -55,10 +53,8 @@ HostObject vstring_borderarray(const HostTable* host, HostObject argseq) {
   return list;
 }
 
-constexpr Signature kOverlap = {2};
-
 HostObject vstring_overlap(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOverlap);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   if (args.object(1) == args.object(2)) return new_integer(args, s.size());

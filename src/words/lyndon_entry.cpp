@@ -8,10 +8,8 @@
 
 using namespace vstring;
 
-constexpr Signature kOneWord = {1, {{messages::kArgumentString}}};
-
 HostObject vstring_lynfac(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   words::LyndonFactors factors(word);
   return new_list(args, words::count_lyndon_factors(word),
@@ -19,7 +17,7 @@ HostObject vstring_lynfac(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_minconj(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   if (word.size() < 2) return args.object(1);
   const std::size_t start = words::least_rotation(word);
@@ -28,23 +26,21 @@ HostObject vstring_minconj(const HostTable* host, HostObject argseq) {
   return rotated.object();
 }
 
-constexpr Signature kConjp = {2};
-
 HostObject vstring_conjp(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kConjp);
+  const Args args(host, argseq, kTwo);
   const Bytes v = args.text(1);
   const Bytes w = args.text(2);
   return new_boolean(args, words::are_conjugate(v, w));
 }
 
 HostObject vstring_isprim(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   return new_boolean(args, !word.empty() && words::primitive_root(word) == word.size());
 }
 
 HostObject vstring_primroot(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   if (word.empty()) return args.object(1);
   const std::size_t root = words::primitive_root(word);
@@ -54,7 +50,7 @@ HostObject vstring_primroot(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_monfac(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kOneWord);
+  const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   std::size_t start = 0;
   return new_list(args, words::count_monotone_factors(word), [&](std::size_t) {

@@ -2,7 +2,8 @@
 // empty list in every form.
 #include "host/result.h"
 
-namespace vstring {
+using namespace vstring;
+
 namespace {
 
 bool is_empty(const VstringMatchList* list) { return list == nullptr || list->count == 0; }
@@ -22,9 +23,6 @@ HostObject position(const HostTable* host, const VstringMatch& match) {
 }
 
 }  // namespace
-}  // namespace vstring
-
-using namespace vstring;
 
 HostObject MatchListToExpSeq(const HostTable* host, const VstringMatchList* list) {
   if (is_empty(list)) return empty_list(host);

@@ -3,10 +3,10 @@
 #include "host/result.h"
 #include "search/approximate/approximate.h"
 
-namespace vstring {
+using namespace vstring;
+
 namespace {
 
-constexpr Signature kAsearch = {3};
 constexpr Signature kAsearchb = {
     4,
     {{},
@@ -52,17 +52,14 @@ HostObject all_positions(const Args& args, const Query& q) {
 }
 
 }  // namespace
-}  // namespace vstring
-
-using namespace vstring;
 
 HostObject vstring_asearch(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kAsearch);
+  const Args args(host, argseq, kThree);
   return first_position(args, decoded(args));
 }
 
 HostObject vstring_asearchx(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kAsearch);
+  const Args args(host, argseq, kThree);
   return all_positions(args, decoded(args));
 }
 

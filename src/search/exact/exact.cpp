@@ -5,6 +5,7 @@
 
 #include "bytes/common.h"
 #include "bytes/commonness.h"
+#include "host/vstring.h"
 
 namespace vstring::search {
 namespace {
@@ -108,3 +109,12 @@ Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets) {
 }
 
 }  // namespace vstring::search
+
+int64_t Search(const char* pattern, int64_t m, const char* text, int64_t n) {
+  using vstring::Byte;
+  if (m <= 0 || n < m) return 0;
+  const std::size_t offset =
+      vstring::search::find({reinterpret_cast<const Byte*>(pattern), static_cast<std::size_t>(m)},
+                            {reinterpret_cast<const Byte*>(text), static_cast<std::size_t>(n)});
+  return offset == vstring::npos ? 0 : static_cast<int64_t>(offset) + 1;
+}

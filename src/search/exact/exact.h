@@ -52,8 +52,4 @@ std::size_t find(Bytes pattern, Bytes text);
 // Appends the offsets of all occurrences, overlapping ones included, in increasing order.
 Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets);
 
-// Whether a number of occurrences in one text counts as any at all. The count has always been kept
-// in 16 bits, and scripts have come to rely on it: a multiple of 65536 counts as none.
-inline bool counts_as_found(std::size_t occurrences) { return (occurrences & 0xffff) != 0; }
-
 }  // namespace vstring::search

@@ -14,7 +14,7 @@ HostObject vstring_hsearch(const HostTable* host, HostObject argseq) {
   const Bytes text = args.text(2);
   const auto k = static_cast<std::size_t>(args.non_negative(3));
   const std::size_t offset = search::find_mismatched(pattern, text, k);
-  return new_integer(args, offset == npos ? 0 : offset + 1);
+  return new_position(args, offset);
 }
 
 HostObject vstring_hsearchx(const HostTable* host, HostObject argseq) {

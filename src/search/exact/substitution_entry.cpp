@@ -2,11 +2,10 @@
 #include "host/args.h"
 #include "host/result.h"
 #include "search/exact/exact.h"
+#include "search/exact/reported_count.h"
 #include "search/exact/substitution.h"
 
 using namespace vstring;
-
-constexpr Signature kSubst = {3};
 
 namespace {
 
@@ -29,7 +28,7 @@ HostObject copy_of_text(const Args& args) {
 }  // namespace
 
 HostObject vstring_subst(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSubst);
+  const Args args(host, argseq, kThree);
   const auto [text, pattern, replacement] = decoded(args);
   if (text.size() < pattern.size()) return args.object(1);
   const std::size_t at = search::find(pattern, text);
@@ -40,7 +39,7 @@ HostObject vstring_subst(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_substx(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSubst);
+  const Args args(host, argseq, kThree);
   const auto [text, pattern, replacement] = decoded(args);
   if (text.size() < pattern.size()) return args.object(1);
   HeldArray<std::size_t> occurrences;

@@ -8,7 +8,7 @@
 namespace vstring::search {
 namespace {
 
-Dictionary dictionaries[kDictionaries];
+VstringAutomaton* dictionaries[kDictionaries];
 
 void destroy(VstringAutomaton* automaton) {
   ac_free(automaton);
@@ -23,7 +23,7 @@ Status build(std::int32_t id, Insert insert_words) {
     destroy(automaton);
     return Status::out_of_memory;
   }
-  dictionaries[id].automaton = automaton;
+  dictionaries[id] = automaton;
   return Status::ok;
 }
 
@@ -37,11 +37,11 @@ bool insert_builtin_words(VstringAutomaton* automaton) {
 
 }  // namespace
 
-Dictionary& dictionary(std::int32_t id) { return dictionaries[id]; }
+const VstringAutomaton* dictionary(std::int32_t id) { return dictionaries[id]; }
 
 std::int32_t free_dictionary() {
   for (std::int32_t id = 1; id < kDictionaries; ++id) {
-    if (dictionaries[id].automaton == nullptr) return id;
+    if (dictionaries[id] == nullptr) return id;
   }
   return 0;
 }
@@ -53,8 +53,8 @@ Status build_dictionary(std::int32_t id, std::span<const Bytes> words) {
 Status build_builtin_dictionary() { return build(0, insert_builtin_words); }
 
 void clear_dictionary(std::int32_t id) {
-  destroy(dictionaries[id].automaton);
-  dictionaries[id] = {};
+  destroy(dictionaries[id]);
+  dictionaries[id] = nullptr;
 }
 
 }  // namespace vstring::search

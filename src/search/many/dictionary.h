@@ -15,13 +15,9 @@ namespace vstring::search {
 
 inline constexpr std::int32_t kDictionaries = 512;
 
-struct Dictionary {
-  VstringAutomaton* automaton;  // null: the slot is free, or the builtin dictionary not built
-  HostObject words;             // the list, which the host keeps while the slot is taken; 0 for 0
-};
-
-// `id` is in 0 .. 511.
-Dictionary& dictionary(std::int32_t id);
+// The automaton of dictionary `id`, 0 to 511; null while the slot is free, or the builtin
+// dictionary not built.
+const VstringAutomaton* dictionary(std::int32_t id);
 
 // The lowest free number from 1 on; 0 when all are taken.
 std::int32_t free_dictionary();

@@ -18,6 +18,9 @@ constexpr const char* kInfoSubject = "PatternDictionary";
 constexpr std::int64_t kInfoLevel = 10;
 constexpr std::size_t kBuiltinPrefix = 7;
 
+// The list that a dictionary was made from, which the host keeps for us while it lives; 0 for none.
+HostObject list_of[kDictionaries];
+
 bool is_dictionary_id(std::int32_t id) { return id >= 0 && id < kDictionaries; }
 
 // Any name that begins so, to leave room for further builtin dictionaries.
@@ -42,22 +45,20 @@ HostObject create_from_list(const Args& args, HostObject list) {
     args.host()->HostGcAllow(list);
     args.raise(status);
   }
-  dictionary(id).words = list;
+  list_of[id] = list;
   return result;
 }
 
 }  // namespace
 
-constexpr Signature kDictCreate = {1};
-
 HostObject vstring_dictCreate(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kDictCreate);
+  const Args args(host, argseq, kOne);
   const HostObject words = args.object(1);
   if (is_list(words)) return create_from_list(args, words);
   if (!names_builtin(words)) {
     args.raise("argument must be a list of strings, or the special name `builtin'");
   }
-  if (dictionary(0).automaton == nullptr) args.require(build_builtin_dictionary());
+  if (dictionary(0) == nullptr) args.require(build_builtin_dictionary());
   return host->HostNewInteger(0);
 }
 
@@ -67,8 +68,8 @@ HostObject vstring_dictObjSize(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kDictObjSize);
   const std::int32_t id = args.integer32(1);
   if (id == 0) return new_integer(args, kBuiltinWordCount);
-  if (!is_dictionary_id(id) || dictionary(id).automaton == nullptr) args.raise(kInvalidDictionary);
-  return new_integer(args, Elements::of_list(dictionary(id).words).size());
+  if (!is_dictionary_id(id) || dictionary(id) == nullptr) args.raise(kInvalidDictionary);
+  return new_integer(args, Elements::of_list(list_of[id]).size());
 }
 
 constexpr Signature kDictObjGet = {
@@ -80,27 +81,25 @@ HostObject vstring_dictObjGet(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kDictObjGet);
   const std::int32_t id = args.integer32(1);
   const std::int32_t number = args.integer32(2);
-  const bool is_list_slot = is_dictionary_id(id) && dictionary(id).words != 0;
+  const bool is_list_slot = is_dictionary_id(id) && list_of[id] != 0;
   if (number == 0 || (id != 0 && !is_list_slot)) return empty_string(args);
   const auto k = static_cast<std::size_t>(args.positive(2));
   if (id == 0) {
     if (k > kBuiltinWordCount) args.refuse(2);
     return new_string(args, builtin_word(k - 1));
   }
-  const Elements words = Elements::of_list(dictionary(id).words);
+  const Elements words = Elements::of_list(list_of[id]);
   if (k > words.size()) args.refuse(2);
   return new_string(args, text_of(words[k - 1]));
 }
 
-constexpr Signature kDictObjSearch = {2};
-
 HostObject vstring_dictObjSearch(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kDictObjSearch);
+  const Args args(host, argseq, kTwo);
   const std::int32_t id = args.integer32(1);
-  if (!is_dictionary_id(id) || dictionary(id).automaton == nullptr) args.raise(kInvalidDictionary);
+  if (!is_dictionary_id(id) || dictionary(id) == nullptr) args.raise(kInvalidDictionary);
   const Bytes text = args.text(2);
   HeldArray<PatternMatch> matches;
-  args.require(collect(*dictionary(id).automaton, text, matches));
+  args.require(collect(*dictionary(id), text, matches));
   return new_findings(args, matches, [&](const PatternMatch& match) {
     return new_pair(host, static_cast<std::int64_t>(match.position) + 1, match.pattern);
   });
@@ -119,10 +118,12 @@ HostObject vstring_dictObjFree(const HostTable* host, HostObject argseq) {
     std::snprintf(message, sizeof message, "freeing dictionary ID #%d", id);
     host->HostUserInfo(kInfoLevel, kInfoSubject, message);
   }
-  const Dictionary freed = dictionary(id);
-  if (id != 0 && freed.automaton == nullptr) args.raise(kInvalidDictionary);
-  const HostObject result = host->HostNewInteger(freed.automaton != nullptr ? 1 : 0);
+  const bool exists = dictionary(id) != nullptr;
+  if (id != 0 && !exists) args.raise(kInvalidDictionary);
+  const HostObject result = host->HostNewInteger(exists ? 1 : 0);
   clear_dictionary(id);
-  if (freed.words != 0) host->HostGcAllow(freed.words);
+  const HostObject list = list_of[id];
+  list_of[id] = 0;
+  if (list != 0) host->HostGcAllow(list);
   return result;
 }

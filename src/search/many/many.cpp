@@ -10,7 +10,7 @@ class ListAutomaton {
  public:
   explicit ListAutomaton(std::span<const Bytes> patterns) {
     if (ac_init(&automaton_) == nullptr || !insert_all(&automaton_, patterns)) return;
-    status_ = ac_prep(&automaton_) != 0 ? Status::ok : Status::refused;
+    status_ = ac_prep(&automaton_) != 0 ? Status::ok : Status::not_prepared;
   }
   ~ListAutomaton() { ac_free(&automaton_); }
   ListAutomaton(const ListAutomaton&) = delete;

@@ -22,8 +22,8 @@ struct PatternMatch {
   std::int32_t pattern;  // 1-based place of the pattern in its list; 0: no match
 };
 
-// Status::out_of_memory: while the patterns were taken in or matches collected.
-// Status::refused: memory failed while the complete automaton was prepared.
+// Status::out_of_memory: memory failed while the patterns were taken in or matches collected;
+// Status::not_prepared: while the automaton was completed.
 
 // The first match.
 Result<PatternMatch> first_of(std::span<const Bytes> patterns, Bytes text);

@@ -10,10 +10,8 @@
 using namespace vstring;
 using search::WildcardCase;
 
-constexpr Signature kWild = {2};
-
 HostObject vstring_wild(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kWild);
+  const Args args(host, argseq, kTwo);
   const Bytes pattern = args.text(1);
   const Result<bool> matches = search::wildcard_match(pattern, args.text(2));
   args.require(matches.status());

@@ -7,15 +7,12 @@
 
 using namespace vstring;
 
-constexpr Signature kIpsum = {0,
-                              {{"optional argument must be an equation of the form `paragraphs = "
-                                "N', `words = N' or `characters = N', with N an integer",
-                                "number of %1 must be non-negative"}}};
+namespace {
 
 enum class IpsumUnit { paragraphs, words, characters };
 
 // How many bytes `n` units, n of 1 or more, give. Counting words has never produced any text.
-static std::size_t ipsum_size(IpsumUnit unit, std::size_t n) {
+std::size_t ipsum_size(IpsumUnit unit, std::size_t n) {
   switch (unit) {
     case IpsumUnit::paragraphs:
       return text::ipsum_length(n);
@@ -27,7 +24,7 @@ static std::size_t ipsum_size(IpsumUnit unit, std::size_t n) {
   return 0;
 }
 
-static bool is_unit(Bytes name, IpsumUnit& unit) {
+bool is_unit(Bytes name, IpsumUnit& unit) {
   if (equal(name, "paragraphs")) {
     unit = IpsumUnit::paragraphs;
   } else if (equal(name, "words")) {
@@ -40,6 +37,13 @@ static bool is_unit(Bytes name, IpsumUnit& unit) {
   return true;
 }
 
+}  // namespace
+
+constexpr Signature kIpsum = {0,
+                              {{"optional argument must be an equation of the form `paragraphs = "
+                                "N', `words = N' or `characters = N', with N an integer",
+                                "number of %1 must be non-negative"}}};
+
 HostObject vstring_ipsum(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kIpsum);
   IpsumUnit unit = IpsumUnit::paragraphs;
@@ -48,10 +52,10 @@ HostObject vstring_ipsum(const HostTable* host, HostObject argseq) {
     const HostObject option = args.object(1);
     if (!is_equation(option) || !is_name(left_side(option)) ||
         !args.is_integer32(right_side(option)) || !is_unit(text_of(left_side(option)), unit)) {
-      args.raise(kIpsum.arguments[0].wrong_kind);
+      args.refuse_kind(1);
     }
     n = host->HostToInteger32(right_side(option));
-    if (n < 0) args.raise(kIpsum.arguments[0].bad_value, left_side(option));
+    if (n < 0) args.refuse(1, left_side(option));
   }
   TextResult result(args, n == 0 ? 0 : ipsum_size(unit, static_cast<std::size_t>(n)));
   text::write_ipsum(result.bytes());

@@ -1,6 +1,5 @@
 #include "text/language/lancaster.h"
 
-#include <cstdio>
 #include <iterator>
 
 #include "text/language/rule_table.h"
@@ -180,8 +179,6 @@ static_assert(std::size(kRules) == 115);
 constexpr RowsByLetter kIndex = RowsByLetter::of(
     kRules, [](const Rule& rule) consteval { return rule.ending.last(); });
 
-bool g_trace = false;
-
 bool is_vowel(Byte c) { return c == 'a' || c == 'e' || c == 'i' || c == 'o' || c == 'u'; }
 bool is_capital(Byte c) { return c >= 'A' && c <= 'Z'; }
 bool is_letter(Byte c) { return is_capital(c) || (c >= 'a' && c <= 'z'); }
@@ -194,8 +191,6 @@ bool is_acceptable(Bytes word) {
   }
   return false;
 }
-
-void trace(Bytes text) { std::fwrite(text.data(), 1, text.size(), stderr); }
 
 // The word while it is rewritten in place. Before a rule is known to leave an acceptable word, the
 // letters that it appends are written over those that it removes, and put back if it does not.
@@ -243,30 +238,18 @@ class Word {
 
 }  // namespace
 
-void set_lancaster_trace(bool on) { g_trace = on; }
-
-Result<std::size_t> lancaster(Bytes word, MutableBytes out) {
+Result<std::size_t> lancaster(Bytes word, MutableBytes out, const LancasterTrace* trace) {
   for (std::size_t i = 0; i < word.size(); ++i) {
     if (!is_letter(word[i])) return Status::refused;
     out[i] = static_cast<Byte>(is_capital(word[i]) ? word[i] - 'A' + 'a' : word[i]);
   }
-  if (g_trace) {
-    trace(word);
-    std::fputs("  ", stderr);
-  }
+  if (trace != nullptr) trace->word(word);
   Word stem(out.first(word.size()));
   while (const Rule* const rule = stem.rewrite()) {
-    if (g_trace) {
-      std::fprintf(stderr, "[\"%.*s\" -> \"%.*s\"]", rule->ending.size, chars(rule->ending.bytes),
-                   rule->append.size, chars(rule->append.bytes));
-    }
+    if (trace != nullptr) trace->rule(rule->ending.view(), rule->append.view());
     if (rule->stop) break;
   }
-  if (g_trace) {
-    std::fputc(' ', stderr);
-    trace(stem.view());
-    std::fputc('\n', stderr);
-  }
+  if (trace != nullptr) trace->stem(stem.view());
   return stem.view().size();
 }
 

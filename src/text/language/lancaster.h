@@ -13,13 +13,16 @@
 
 namespace vstring::text {
 
-// Writes the stem of `word` in lower case to `out`, of the same size, and returns its length.
-// Status::refused, and nothing traced, when a byte is not a letter A to Z or a to z.
-Result<std::size_t> lancaster(Bytes word, MutableBytes out);
+// What is told of a word while it is stemmed: itself, each rule that is applied, the stem.
+struct LancasterTrace {
+  void (*word)(Bytes word);
+  void (*rule)(Bytes ending, Bytes replacement);
+  void (*stem)(Bytes stem);
+};
 
-// Whether lancaster() writes the word, the rules it applies and the stem to the standard error
-// stream, a line for each word: `meanings  ["s" -> ""]["ing" -> ""] mean`. Off at the start; kept
-// from call to call.
-void set_lancaster_trace(bool on);
+// Writes the stem of `word` in lower case to `out`, of the same size, and returns its length.
+// Status::refused, and nothing traced, when a byte is not a letter A to Z or a to z. `trace` may be
+// null.
+Result<std::size_t> lancaster(Bytes word, MutableBytes out, const LancasterTrace* trace);
 
 }  // namespace vstring::text

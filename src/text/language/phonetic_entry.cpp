@@ -9,26 +9,20 @@
 
 using namespace vstring;
 
-constexpr Signature kSoundex = {1, {{messages::kArgumentString}}};
-
 HostObject vstring_soundex(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSoundex);
+  const Args args(host, argseq, kOneText);
   return new_string(args, text::soundex(args.text(1)));
 }
 
-constexpr Signature kMetaphone = {1};
-
 HostObject vstring_metaphone(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kMetaphone);
+  const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   TextResult key(args, std::min(2 * text.size(), text::kLongestMetaphoneKey));
   return key.object(text::metaphone(text, key.bytes()));
 }
 
-constexpr Signature kSyllen = {1};
-
 HostObject vstring_syllen(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kSyllen);
+  const Args args(host, argseq, kOne);
   const std::int32_t syllables = text::SyllableLength(args.text(1));
   if (syllables == text::kTooLong) args.raise(messages::kWordTooLong);
   if (syllables == text::kNotAlphabetic) args.raise(messages::kWordNotAlphabetic);

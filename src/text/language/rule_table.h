@@ -25,6 +25,7 @@ struct Letters {
     if (letter < 'a' || letter > 'z' || size == kRoom) malformed_row();
     bytes[size++] = static_cast<Byte>(letter);
   }
+  constexpr Bytes view() const { return {bytes, size}; }
   constexpr Byte last() const { return bytes[size - 1]; }
   constexpr bool has(Byte c) const {
     for (std::size_t i = 0; i < size; ++i) {

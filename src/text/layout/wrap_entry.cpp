@@ -8,10 +8,7 @@
 
 using namespace vstring;
 
-constexpr Signature kWrap = {
-    1,
-    {{}, {"second argument must be an integer", "second argument must be positive"}},
-    "at least one argument expected"};
+namespace {
 
 struct WrapOption {
   const char* name;
@@ -31,7 +28,7 @@ constexpr WrapOption kWrapOptions[] = {
 };
 constexpr int kBeforeWrapOptions = 2;  // the text and the width
 
-static void read_options(const Args& args, text::WrapSettings& settings) {
+void read_options(const Args& args, text::WrapSettings& settings) {
   VstringOption given[std::size(kWrapOptions) + 1] = {};
   for (std::size_t i = 0; i < std::size(kWrapOptions); ++i) given[i].name = kWrapOptions[i].name;
   GetOptions(args.host(), given, kBeforeWrapOptions, args.sequence());
@@ -44,6 +41,13 @@ static void read_options(const Args& args, text::WrapSettings& settings) {
     settings.*kWrapOptions[i].setting = VelmorToBoolean(args.host(), value) == 1;
   }
 }
+
+}  // namespace
+
+constexpr Signature kWrap = {
+    1,
+    {{}, {"second argument must be an integer", "second argument must be positive"}},
+    "at least one argument expected"};
 
 HostObject vstring_wrap(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kWrap);

@@ -6,17 +6,18 @@
 
 using namespace vstring;
 
-constexpr Signature kTwoWords = {2};
-constexpr Signature kLeewt = {1};
+namespace {
 
 // The metrics of two texts differ only in what is measured.
-static HostObject distance(const HostTable* host, HostObject argseq,
-                           std::size_t (*measure)(Bytes, Bytes)) {
-  const Args args(host, argseq, kTwoWords);
+HostObject distance(const HostTable* host, HostObject argseq,
+                    std::size_t (*measure)(Bytes, Bytes)) {
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   return new_integer(args, measure(s, t));
 }
+
+}  // namespace
 
 HostObject vstring_hd(const HostTable* host, HostObject argseq) {
   return distance(host, argseq, words::hamming_distance);
@@ -30,21 +31,23 @@ HostObject vstring_suffixdist(const HostTable* host, HostObject argseq) {
   return distance(host, argseq, words::suffix_distance);
 }
 
+constexpr Signature kLeedist = {2, {{}, {nullptr, "strings must be of equal length"}}};
+
 HostObject vstring_leedist(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kLeedist);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
-  if (s.size() != t.size()) args.raise("strings must be of equal length");
+  if (s.size() != t.size()) args.refuse(2);
   return new_integer(args, words::lee_distance(s, t));
 }
 
 HostObject vstring_leewt(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kLeewt);
+  const Args args(host, argseq, kOne);
   return new_integer(args, words::lee_weight(args.text(1)));
 }
 
 HostObject vstring_levenshtein(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   const Result<std::size_t> edits = words::levenshtein(s, t);
@@ -53,7 +56,7 @@ HostObject vstring_levenshtein(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_editdist(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwoWords);
+  const Args args(host, argseq, kTwo);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   const Result<std::size_t> edits = words::levenshtein(s, t);
