@@ -68,7 +68,11 @@ Outcome Matcher::backtrack(std::size_t begin, Match& match) {
       earn(candidate - at);
       at = candidate;
     }
-    switch (backtracker_.run(begin, at, credit_, match)) {
+    const std::int64_t before = credit_;
+    const Attempt attempt = backtracker_.run(begin, at, credit_, match);
+    ++attempts_;
+    spent_ += static_cast<std::size_t>(before - credit_);
+    switch (attempt) {
       case Attempt::matched:
         earn(match.end() - at + 1);
         return Outcome::match;

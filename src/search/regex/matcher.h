@@ -22,6 +22,14 @@ namespace vstring::regex {
 // them.
 enum class Method : std::uint8_t { automatic, backtracking, simulation, two_pass };
 
+// What the searches of a matcher have cost so far.
+struct Work {
+  std::size_t attempts;   // to backtrack from some place
+  std::size_t credit;     // used up by them
+  std::size_t simulated;  // bytes that the simulation has looked at
+  bool two_pass;          // whether the backward pass has been made
+};
+
 class Matcher {
  public:
   Matcher(const Plan& plan, Bytes text, Method method = Method::automatic);
@@ -30,6 +38,8 @@ class Matcher {
   // `begin` is never less than before. Fills `match`, in offsets into the whole text, if there is
   // one.
   Outcome find(std::size_t begin, Match& match);
+
+  Work work() const { return {attempts_, spent_, simulation_.work(), two_pass_ready_}; }
 
  private:
   Outcome backtrack(std::size_t begin, Match& match);
@@ -40,6 +50,8 @@ class Matcher {
   const Bytes text_;
   Method method_;
   std::int64_t credit_;
+  std::size_t attempts_ = 0;
+  std::size_t spent_ = 0;  // credit
   Starts starts_;
   Backtracker backtracker_;
   Simulation simulation_;
