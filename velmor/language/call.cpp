@@ -24,8 +24,6 @@ HostObject Session::call_command(const Command& command, HostObject argseq) {
   const bool ok = velmor_call(heap(), command.address, argseq, &result) != 0;
   if (after_call) after_call(command.name, argseq);
   if (!ok) throw Failure(velmor_error(heap()), command.name);
-  if (velmor_tag(result) == kTagSequence && velmor_size(result) == 1)
-    return velmor_element(result, 1);
   return result;
 }
 

@@ -74,12 +74,18 @@ HostObject Session::value(const Node& tree) {
     case NodeKind::kName:
       return value_of_name(tree.object);
     case NodeKind::kCall:
-      return call(tree);
+      return simplified(call(tree));
     case NodeKind::kAssign:
       return assign(tree);
     default:
       return compound(tree, true);
   }
+}
+
+HostObject Session::outermost_value(const Node& tree) {
+  if (tree.kind == NodeKind::kSequence && tree.parts.size() == 1)
+    return outermost_value(*tree.parts[0]);
+  return tree.kind == NodeKind::kCall ? call(tree) : value(tree);
 }
 
 HostObject Session::unevaluated(const Node& tree) {

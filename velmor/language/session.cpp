@@ -70,12 +70,16 @@ bool Session::run(std::string_view source, std::ostream& out, std::ostream& err,
 void Session::execute(std::string_view statement, bool prints, std::ostream& out) {
   collect_garbage();
   const Expression expression = prepare(statement);
-  const HostObject value = value_of(expression);
+  const HostObject value = outermost_value_of(expression);
   if (!prints) return;
-  if (expression.tree_->kind == NodeKind::kAssign)
+  const bool assigns = expression.tree_->kind == NodeKind::kAssign;
+  if (write_value) {
+    if (!assigns) write_value(out, value);
+  } else if (assigns) {
     out << print(expression.tree_->object) << " := " << print(value) << '\n';
-  else if (!is_null(value))
+  } else if (!is_null(value)) {
     out << print(value) << '\n';
+  }
 }
 
 Expression Session::prepare(std::string_view statement) {
@@ -87,6 +91,11 @@ Expression Session::prepare(std::string_view statement) {
 HostObject Session::value_of(const Expression& expression) {
   stack_.clear();
   return value(*expression.tree_);
+}
+
+HostObject Session::outermost_value_of(const Expression& expression) {
+  stack_.clear();
+  return outermost_value(*expression.tree_);
 }
 
 std::string Session::print(HostObject object) {

@@ -74,11 +74,18 @@ class Session {
   // collect_garbage. prepare throws SyntaxError, value_of Failure.
   Expression prepare(std::string_view statement);
   HostObject value_of(const Expression& expression);
+  // As value_of, but when the whole expression is a call whose result is a sequence of one element,
+  // that sequence: formats that tell it from its element want to know.
+  HostObject outermost_value_of(const Expression& expression);
   std::string print(HostObject object);
   static bool is_null(HostObject object);  // the empty sequence
 
   // Collects when enough was made since the last time to make it worth while.
   void collect_garbage();
+
+  // When set, writes what run would print: the outermost values of all statements but assignments,
+  // NULL included.
+  std::function<void(std::ostream& out, HostObject value)> write_value;
 
   // Called right before and after each command that an expression calls, also when it raises.
   std::function<void(const std::string&command, HostObject argseq)> before_call, after_call;
@@ -98,6 +105,7 @@ class Session {
   // Turning trees to objects (evaluate.cpp).
   void make_constants(Node& tree);
   HostObject value(const Node& tree);
+  HostObject outermost_value(const Node& tree);
   HostObject unevaluated(const Node& tree);
   HostObject compound(const Node& tree, bool evaluated);
   HostObject collection(const Node& tree, bool evaluated);
