@@ -3,6 +3,7 @@
 #include <cstring>
 #include <optional>
 
+#include "bytes/budget.h"
 #include "bytes/common.h"
 #include "words/border.h"
 
@@ -16,7 +17,7 @@ constexpr std::size_t kPatience = 2;
 
 // Tries p = 1, 2, ... in turn, at most `budget` letters being compared in vain behind the first
 // eight. Nothing when the budget is used up.
-std::optional<std::size_t> direct_search(Bytes word, std::size_t budget) {
+std::optional<std::size_t> direct_search(Bytes word, Budget budget) {
   const std::size_t n = word.size();
   std::size_t p = 1;
   if (n > 8) {
@@ -25,8 +26,8 @@ std::optional<std::size_t> direct_search(Bytes word, std::size_t budget) {
       if (load8(word.data() + p) != head) continue;
       const std::size_t agreeing = 8 + common_prefix(word.subspan(8), word.subspan(p + 8));
       if (p + agreeing == n) return p;
-      if (agreeing > budget) return std::nullopt;
-      budget -= agreeing;
+      budget.spend(agreeing);
+      if (budget.is_used_up()) return std::nullopt;
     }
   }
   while (p < n && !has_period(word, p)) ++p;
@@ -46,7 +47,7 @@ Result<std::size_t> smallest_period(Bytes word) {
   // Most words differ from their shifts within eight letters, and periodic ones agree with the
   // right one to the end: the direct search then runs at the speed of memory. Words of many long
   // repetitions (Fibonacci words) exhaust its budget.
-  const std::size_t budget = n < kDirectSearchOnly ? n * n : kPatience * n;
+  const Budget budget(n < kDirectSearchOnly ? n * n : kPatience * n);
   if (const auto p = direct_search(word, budget)) return *p;
   const Result<std::size_t> border = longest_border_by_array(word);
   if (!border.ok()) return border.status();

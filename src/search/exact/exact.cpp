@@ -17,7 +17,6 @@ constexpr std::size_t kProbed = 64;
 // A candidate costs a restart of the scan, and an eighth of a scan of its bytes to be compared.
 constexpr std::size_t kCandidateCost = 32;
 constexpr std::size_t kComparisonShare = 8;
-constexpr std::size_t kFreeBudget = 1024;
 
 }  // namespace
 
@@ -25,7 +24,7 @@ void Finder::start(Bytes pattern, Bytes text) {
   pattern_ = pattern;
   text_ = text;
   at_ = pattern.empty() ? npos : 0;
-  spent_ = 0;
+  budget_ = Budget(kFreeBudget);
   rare_ = 0;
   is_two_way_ = false;
   if (pattern.empty()) return;
@@ -48,8 +47,6 @@ void Finder::start(Bytes pattern, Bytes text) {
   std::memcpy(&head_, pattern.data(), head);
   mask_ = UINT64_MAX >> (64 - 8 * head);
 }
-
-bool Finder::has_spent_budget() const { return spent_ > kFreeBudget + at_; }
 
 // The next alignment before `end` that is worth a comparison, or npos.
 std::size_t Finder::next_candidate(std::size_t end) const {
@@ -75,24 +72,31 @@ bool Finder::occurs_at(std::size_t at) const {
 std::size_t Finder::next() {
   const std::size_t m = pattern_.size();
   while (!is_two_way_ && at_ <= text_.size() && text_.size() - at_ >= m) {
-    if (has_spent_budget()) {
+    if (budget_.is_used_up()) {
       two_way_.start(pattern_, text_, at_);
       is_two_way_ = true;
       break;
     }
     const std::size_t found = next_candidate(text_.size() - m + 1);
-    at_ = found == npos ? npos : found + 1;
-    if (found == npos) break;
+    if (found == npos) {
+      at_ = npos;
+      break;
+    }
+    budget_.earn(found - at_ + 1);
+    at_ = found + 1;
     // One byte has no bad case: each candidate is an occurrence.
     if (m == 1) return found;
-    spent_ += kCandidateCost + m / kComparisonShare;
+    budget_.spend(kCandidateCost + m / kComparisonShare);
     if (occurs_at(found)) return found;
   }
   return is_two_way_ ? two_way_.next() : npos;
 }
 
 std::size_t Finder::next_from(std::size_t from) {
-  if (at_ < from) at_ = from;
+  if (at_ < from) {
+    budget_.earn(from - at_);
+    at_ = from;
+  }
   std::size_t found = next();
   while (found < from) found = next();
   return found;

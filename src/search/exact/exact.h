@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bytes/budget.h"
 #include "bytes/bytes.h"
 #include "bytes/find_pair.h"
 #include "runtime/memory.h"
@@ -30,14 +31,15 @@ class Finder {
   std::size_t next_from(std::size_t from);
 
  private:
-  bool has_spent_budget() const;
+  static constexpr std::size_t kFreeBudget = 1024;
+
   std::size_t next_candidate(std::size_t end) const;
   bool occurs_at(std::size_t at) const;
 
   Bytes pattern_;
   Bytes text_;
-  std::size_t at_ = npos;   // the next alignment to try; npos at the end
-  std::size_t spent_ = 0;   // cost of the candidates so far, in bytes of scanning
+  std::size_t at_ = npos;  // the next alignment to try; npos at the end
+  Budget budget_{kFreeBudget};
   std::size_t rare_ = 0;    // offset of the pair in the pattern
   BytePair pair_ = {};      // of the pattern's rarest bytes; of a single byte, only the first
   std::uint64_t head_ = 0;  // the pattern's first bytes, eight at most, and
