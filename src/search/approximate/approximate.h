@@ -10,11 +10,10 @@
 //     first m + k are not seen;
 //   - from byte 33 on the pattern counts as repetitions of its byte 32;
 //   - of a pattern of more than 64 bytes only the first (m - 1) mod 64 + 1 count.
-// Behind the first m + k bytes the two agree, so both run on the same columns of bit vectors
-// (search/approximate/edit_column.h), by blocks of rows under a cut-off for long patterns (E.
-// Ukkonen, "Finding approximate patterns in strings", 1985): expected time O(nk / 64 + n), memory
-// O(m). Where k is small, most of the text is passed over by exact search for pieces of the
-// pattern.
+// Behind the first m + k bytes the two agree, so both run on the same table
+// (search/approximate/edit_table.h): expected time O(nk / 64 + n), memory O(m). Where k is small,
+// most of the text is passed over by exact search for pieces of the pattern
+// (search/approximate/pieces.h).
 #pragma once
 #include <cstddef>
 #include <cstdint>

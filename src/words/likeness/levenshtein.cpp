@@ -7,12 +7,13 @@
 #include <span>
 
 #include "bytes/common.h"
+#include "bytes/edit_column.h"
 #include "runtime/small_array.h"
 
 namespace vstring::words {
 namespace {
 
-constexpr std::size_t kBits = 64;
+constexpr std::size_t kBits = EditColumn::kRows;
 // Words of rows that one stripe goes down at once. The steps of its words overlap in the processor,
 // since the upper ones need not wait for the lower ones.
 constexpr std::size_t kWide = 2;
@@ -48,58 +49,31 @@ class Stripe {
   // Crosses the next run of columns. On entry `run` holds the differences along the row above the
   // stripe, on return those along its last row.
   void cross(Bytes columns, Run& run) {
-    Word words[W];
+    EditColumn words[W];
     std::copy_n(words_, W, words);
     const std::size_t last = last_;
     const Run above = run;
     Run below = {0, 0};
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      Row row = {above.plus >> i & 1, above.minus >> i & 1};
+      EditChange row = {above.plus >> i & 1, above.minus >> i & 1};
       const std::uint64_t(&equal)[W] = equal_[columns[i]];
 #pragma GCC unroll 8
-      for (std::size_t w = 0; w + 1 < W; ++w) row = words[w].step(equal[w], row, kBits - 1);
-      row = words[W - 1].step(equal[W - 1], row, last);
-      below.plus |= row.plus << i;
-      below.minus |= row.minus << i;
+      for (std::size_t w = 0; w + 1 < W; ++w) row = words[w].advance(equal[w], row, kBits - 1);
+      row = words[W - 1].advance(equal[W - 1], row, last);
+      below.plus |= row.rose << i;
+      below.minus |= row.fell << i;
     }
     std::copy_n(words, W, words_);
     run = below;
   }
 
  private:
-  // The difference from one column to the next in one row, each 0 or 1.
-  struct Row {
-    std::uint64_t plus;
-    std::uint64_t minus;
-  };
-
-  // Differences from one cell to the one below for 64 rows, in the column reached.
-  struct Word {
-    std::uint64_t plus = ~std::uint64_t{0};
-    std::uint64_t minus = 0;
-
-    // Goes on to the next column, which has the letter of the rows in `equal`. From the row above
-    // the first one to row `last`.
-    Row step(std::uint64_t equal, Row above, std::size_t last) {
-      const std::uint64_t xv = equal | minus;
-      const std::uint64_t xh = equal | above.minus;
-      const std::uint64_t d0 = (((xh & plus) + plus) ^ plus) | xh;
-      const std::uint64_t hp = minus | ~(d0 | plus);
-      const std::uint64_t hn = plus & d0;
-      const std::uint64_t hp_above = hp << 1 | above.plus;
-      const std::uint64_t hn_above = hn << 1 | above.minus;
-      plus = hn_above | ~(xv | hp_above);
-      minus = hp_above & xv;
-      return {hp >> last & 1, hn >> last & 1};
-    }
-  };
-
   void clear(Byte c) { std::fill_n(equal_[c], W, std::uint64_t{0}); }
 
   // Bit i of word w: row 64 w + i has this letter. Only the cells of letters that occur are
   // initialised when there are few, so that short words do not pay for all 256 of them.
   std::uint64_t equal_[256][W];
-  Word words_[W];
+  EditColumn words_[W];
   std::size_t last_;
 };
 
