@@ -7,20 +7,14 @@
 //
 // Time and memory are linear in the patterns, the text and the number of matches.
 #pragma once
-#include <cstddef>
-#include <cstdint>
 #include <span>
 
 #include "bytes/bytes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
+#include "search/many/pattern.h"
 
 namespace vstring::search {
-
-struct PatternMatch {
-  std::size_t position;  // 0-based offset of the first byte
-  std::int32_t pattern;  // 1-based place of the pattern in its list; 0: no match
-};
 
 // Status::out_of_memory: memory failed while the patterns were taken in or matches collected;
 // Status::not_prepared: while the automaton was completed.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "search/many/skip_table.h"
+#include "search/many/pattern.h"
 
 namespace vstring::search {
 

@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "runtime/memory.h"
-#include "search/many/scan.h"
+#include "search/many/trie.h"
 
 namespace vstring::search {
 namespace {
@@ -22,7 +22,7 @@ bool pool_array(VstringPool* pool, T*& array, std::size_t n) {
 // Numbers the nodes breadth first: order[state] is its node, null for the root.
 void number_states(const VstringAutomaton& automaton, ScanTable& table,
                    VstringAutomatonNode** order) {
-  State count = 1;
+  StateNumber count = 1;
   std::uint32_t patterns = 0;
   order[0] = nullptr;
   table.links[0].first_child = count;
@@ -31,7 +31,7 @@ void number_states(const VstringAutomaton& automaton, ScanTable& table,
     table.label[count] = static_cast<Byte>(byte);
     order[count++] = automaton.root[byte];
   }
-  for (State state = 1; state < count; ++state) {
+  for (StateNumber state = 1; state < count; ++state) {
     table.links[state].first_child = count;
     if (const VstringOutput* const output = order[state]->output) {
       table.patterns[++patterns] = pattern_of(*output);
@@ -58,19 +58,19 @@ std::size_t classify(ScanTable& table, std::size_t states) {
 
 // Completes the children of `state`, whose own links are complete: failure states have smaller
 // numbers, so everything that their links lead to is there already.
-void complete_children(ScanTable& table, State state) {
+void complete_children(ScanTable& table, StateNumber state) {
   const std::size_t row = std::size_t{state} << table.row_shift;
   const bool has_row = state < table.row_count;
-  const State fail = table.links[state].fail & ~kHit;
+  const StateNumber fail = table.links[state].fail & ~kHit;
   if (has_row && state > 0) {
     std::memcpy(table.rows + row, table.rows + (std::size_t{fail} << table.row_shift),
-                sizeof(State) << table.row_shift);
+                sizeof(StateNumber) << table.row_shift);
   }
-  for (State child = table.links[state].first_child; child < table.links[state + 1].first_child;
-       ++child) {
+  for (StateNumber child = table.links[state].first_child;
+       child < table.links[state + 1].first_child; ++child) {
     const Byte byte = table.label[child];
     // The root's row still lacks its children, which fail to the root itself.
-    const State f = state == 0 ? 0 : step(table, fail, byte) & ~kHit;
+    const StateNumber f = state == 0 ? 0 : step(table, fail, byte) & ~kHit;
     const StateLinks& up = table.links[f];
     StateLinks& links = table.links[child];
     links.inherited = up.pattern != 0 ? 2 * f + 1 : up.inherited != 0 ? up.inherited ^ 1 : 0;
@@ -82,7 +82,8 @@ void complete_children(ScanTable& table, State state) {
 
 }  // namespace
 
-const ScanTable* prepare_table(VstringAutomaton* automaton, const NodeCounts& counts) {
+const ScanTable* prepare_table(VstringAutomaton* automaton) {
+  const NodeCounts& counts = pool_of(*automaton)->counts;
   VstringPool* const pool = automaton->pool;
   const std::size_t states = counts.nodes + 1;
   if (states > kMaxStates) return nullptr;
@@ -101,10 +102,10 @@ const ScanTable* prepare_table(VstringAutomaton* automaton, const NodeCounts& co
 
   const std::size_t row_length = std::bit_ceil(classify(*table, states));
   table->row_shift = static_cast<std::uint32_t>(std::countr_zero(row_length));
-  table->row_count = static_cast<State>(std::min(states, kRowCells / row_length));
+  table->row_count = static_cast<StateNumber>(std::min(states, kRowCells / row_length));
   if (!pool_array(pool, table->rows, table->row_count * row_length)) return nullptr;
-  for (State state = 0; state < states; ++state) complete_children(*table, state);
-  for (State state = 1; state < states; ++state) {
+  for (StateNumber state = 0; state < states; ++state) complete_children(*table, state);
+  for (StateNumber state = 1; state < states; ++state) {
     order[state]->fail = order[table->links[state].fail & ~kHit];
   }
   return table;

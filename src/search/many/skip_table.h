@@ -15,14 +15,9 @@
 #include "bytes/bytes.h"
 #include "bytes/prefix_filter.h"
 #include "host/vstring.h"
+#include "search/many/pattern.h"
 
 namespace vstring::search {
-
-struct Pattern {
-  const char* text;
-  std::uint32_t length;
-  std::int32_t number;
-};
 
 class SkipTable {
  public:

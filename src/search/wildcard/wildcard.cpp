@@ -12,8 +12,8 @@
 namespace vstring::search {
 namespace {
 
-// A stretch of a pattern between two stars.
-struct Stretch {
+// A segment of a pattern between two stars.
+struct Segment {
   Bytes pattern;
   std::size_t elements;  // bytes of text that it takes
   bool is_literal;
@@ -45,21 +45,21 @@ std::size_t behind_element(Bytes pattern, std::size_t at) {
   return close == npos ? npos : close + 1;
 }
 
-Stretch read_stretch(Bytes pattern) {
-  Stretch stretch = {pattern, 0, true, true};
+Segment read_segment(Bytes pattern) {
+  Segment segment = {pattern, 0, true, true};
   std::size_t at = 0;
   while (at < pattern.size() && pattern[at] != '*') {
     const Byte c = pattern[at];
-    if (c == '?' || c == '\\' || c == '[') stretch.is_literal = false;
+    if (c == '?' || c == '\\' || c == '[') segment.is_literal = false;
     at = behind_element(pattern, at);
     if (at == npos) {
-      stretch.is_terminated = false;
-      return stretch;
+      segment.is_terminated = false;
+      return segment;
     }
-    ++stretch.elements;
+    ++segment.elements;
   }
-  stretch.pattern = pattern.first(at);
-  return stretch;
+  segment.pattern = pattern.first(at);
+  return segment;
 }
 
 int code(Byte c) { return static_cast<signed char>(c); }
@@ -98,20 +98,20 @@ bool takes(Bytes pattern, std::size_t at, Byte c) {
   return is_member != set.is_negated;
 }
 
-// Whether the stretch matches at the start of `text`, which is long enough.
-bool matches_at(const Stretch& stretch, Bytes text) {
-  if (stretch.is_literal) return equal(stretch.pattern, text.first(stretch.elements));
+// Whether the segment matches at the start of `text`, which is long enough.
+bool matches_at(const Segment& segment, Bytes text) {
+  if (segment.is_literal) return equal(segment.pattern, text.first(segment.elements));
   std::size_t at = 0;
-  for (std::size_t i = 0; i < stretch.elements; ++i) {
-    if (!takes(stretch.pattern, at, text[i])) return false;
-    at = behind_element(stretch.pattern, at);
+  for (std::size_t i = 0; i < segment.elements; ++i) {
+    if (!takes(segment.pattern, at, text[i])) return false;
+    at = behind_element(segment.pattern, at);
   }
   return true;
 }
 
-std::size_t find_directly(const Stretch& stretch, Bytes text) {
-  for (std::size_t i = 0; i + stretch.elements <= text.size(); ++i) {
-    if (matches_at(stretch, text.subspan(i))) return i;
+std::size_t find_directly(const Segment& segment, Bytes text) {
+  for (std::size_t i = 0; i + segment.elements <= text.size(); ++i) {
+    if (matches_at(segment, text.subspan(i))) return i;
   }
   return npos;
 }
@@ -121,13 +121,13 @@ constexpr std::size_t kWordBits = 64;
 // For each byte, which elements take it: bit i % 64 of word i / 64 stands for element i.
 class ElementMasks {
  public:
-  Status prepare(const Stretch& stretch) {
-    words_ = (stretch.elements + kWordBits - 1) / kWordBits;
+  Status prepare(const Segment& segment) {
+    words_ = (segment.elements + kWordBits - 1) / kWordBits;
     if (!masks_.resize_zeroed(256 * words_)) return Status::out_of_memory;
     std::size_t at = 0;
-    for (std::size_t i = 0; i < stretch.elements; ++i) {
-      add(stretch.pattern, at, i);
-      at = behind_element(stretch.pattern, at);
+    for (std::size_t i = 0; i < segment.elements; ++i) {
+      add(segment.pattern, at, i);
+      at = behind_element(segment.pattern, at);
     }
     return Status::ok;
   }
@@ -179,19 +179,19 @@ class ElementMasks {
 };
 
 // Runs the automaton whose bit i is set when elements 0..i match the bytes up to here.
-std::size_t find_in_one_word(const Stretch& stretch, const ElementMasks& masks, Bytes text) {
-  const std::uint64_t accept = std::uint64_t{1} << (stretch.elements - 1);
+std::size_t find_in_one_word(const Segment& segment, const ElementMasks& masks, Bytes text) {
+  const std::uint64_t accept = std::uint64_t{1} << (segment.elements - 1);
   std::uint64_t state = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     state = ((state << 1) | 1) & *masks.of(text[i]);
-    if ((state & accept) != 0) return i + 1 - stretch.elements;
+    if ((state & accept) != 0) return i + 1 - segment.elements;
   }
   return npos;
 }
 
-Result<std::size_t> find_in_words(const Stretch& stretch, const ElementMasks& masks, Bytes text) {
+Result<std::size_t> find_in_words(const Segment& segment, const ElementMasks& masks, Bytes text) {
   const std::size_t n = masks.words();
-  const std::uint64_t accept = std::uint64_t{1} << ((stretch.elements - 1) % kWordBits);
+  const std::uint64_t accept = std::uint64_t{1} << ((segment.elements - 1) % kWordBits);
   Buffer<std::uint64_t> state;
   if (!state.resize_zeroed(n)) return Status::out_of_memory;
   std::size_t active = 1;  // the words from here on are zero
@@ -202,47 +202,47 @@ Result<std::size_t> find_in_words(const Stretch& stretch, const ElementMasks& ma
       state[w] = ((state[w] << 1) | (state[w - 1] >> (kWordBits - 1))) & mask[w];
     }
     state[0] = ((state[0] << 1) | 1) & mask[0];
-    if ((state[n - 1] & accept) != 0) return i + 1 - stretch.elements;
+    if ((state[n - 1] & accept) != 0) return i + 1 - segment.elements;
     while (active > 1 && state[active - 1] == 0) --active;
   }
   return npos;
 }
 
-// Offset of the leftmost match of a non-empty stretch, or npos.
-Result<std::size_t> find_stretch(const Stretch& stretch, Bytes text) {
+// Offset of the leftmost match of a non-empty segment, or npos.
+Result<std::size_t> find_segment(const Segment& segment, Bytes text) {
   // Below this, preparing masks costs more than trying every place.
   constexpr std::size_t kWorthPreparing = 1024;
-  if (stretch.is_literal) return find(stretch.pattern, text);
-  if (text.size() <= kWorthPreparing / stretch.pattern.size()) {
-    return find_directly(stretch, text);
+  if (segment.is_literal) return find(segment.pattern, text);
+  if (text.size() <= kWorthPreparing / segment.pattern.size()) {
+    return find_directly(segment, text);
   }
   ElementMasks masks;
-  if (masks.prepare(stretch) != Status::ok) return Status::out_of_memory;
-  if (masks.words() == 1) return find_in_one_word(stretch, masks, text);
-  return find_in_words(stretch, masks, text);
+  if (masks.prepare(segment) != Status::ok) return Status::out_of_memory;
+  if (masks.words() == 1) return find_in_one_word(segment, masks, text);
+  return find_in_words(segment, masks, text);
 }
 
 }  // namespace
 
 Result<bool> wildcard_match(Bytes pattern, Bytes text) {
-  Stretch stretch = read_stretch(pattern);
-  if (!stretch.is_terminated || stretch.elements > text.size()) return false;
-  if (!matches_at(stretch, text)) return false;
-  text = text.subspan(stretch.elements);
-  pattern = pattern.subspan(stretch.pattern.size());
+  Segment segment = read_segment(pattern);
+  if (!segment.is_terminated || segment.elements > text.size()) return false;
+  if (!matches_at(segment, text)) return false;
+  text = text.subspan(segment.elements);
+  pattern = pattern.subspan(segment.pattern.size());
   if (pattern.empty()) return text.empty();
 
   for (;;) {
     while (!pattern.empty() && pattern[0] == '*') pattern = pattern.subspan(1);
     if (pattern.empty()) return true;
-    stretch = read_stretch(pattern);
-    if (!stretch.is_terminated || stretch.elements > text.size()) return false;
-    pattern = pattern.subspan(stretch.pattern.size());
-    if (pattern.empty()) return matches_at(stretch, text.last(stretch.elements));
-    const Result<std::size_t> at = find_stretch(stretch, text);
+    segment = read_segment(pattern);
+    if (!segment.is_terminated || segment.elements > text.size()) return false;
+    pattern = pattern.subspan(segment.pattern.size());
+    if (pattern.empty()) return matches_at(segment, text.last(segment.elements));
+    const Result<std::size_t> at = find_segment(segment, text);
     if (!at.ok()) return at.status();
     if (*at == npos) return false;
-    text = text.subspan(*at + stretch.elements);
+    text = text.subspan(*at + segment.elements);
   }
 }
 

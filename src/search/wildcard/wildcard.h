@@ -11,9 +11,9 @@
 // from the byte before it. Ranges compare signed bytes. A set without a closing "]" matches
 // nothing.
 //
-// Every element but "*" takes exactly one byte. The leftmost place for each stretch between two
+// Every element but "*" takes exactly one byte. The leftmost place for each segment between two
 // stars therefore leaves the most room for the rest, and no other needs to be tried: there is
-// nothing to backtrack into. A literal stretch is searched by the exact matcher. Others go through
+// nothing to backtrack into. A literal segment is searched by the exact matcher. Others go through
 // a bit-parallel automaton, one bit per element (R. A. Baeza-Yates, G. H. Gonnet, "A new approach
 // to text searching", 1992).
 #pragma once
@@ -22,7 +22,7 @@
 
 namespace vstring::search {
 
-// Time: linear in pattern and text for literal stretches and those of up to 64 elements; the text
+// Time: linear in pattern and text for literal segments and those of up to 64 elements; the text
 // times the 64ths of the elements for longer ones. Fails only with Status::out_of_memory.
 Result<bool> wildcard_match(Bytes pattern, Bytes text);
 
