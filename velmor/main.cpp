@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -11,14 +12,19 @@
 #include "command_line/library.h"
 #include "command_line/map.h"
 #include "command_line/prompt.h"
+#include "language/checker.h"
 #include "language/session.h"
 
 namespace {
 
+using velmor::Verdict;
+
+Verdict verdict(bool ok) { return ok ? Verdict::kFine : Verdict::kFailed; }
+
 struct Options {
   std::string library;
   std::vector<std::string> files, expressions;
-  bool version = false;
+  bool version = false, symbolic = false;
   std::string map_expression;
   std::vector<std::string> map_init, map_files;
   std::string help_command;
@@ -33,40 +39,49 @@ std::string contents_of(const std::string& name) {
 }
 
 bool show_version(velmor::Session& session, const velmor::Library& library) {
-  session.load_lexiva();
   std::cout << "velmor " VELMOR_VERSION "\nvstring " << session.evaluate("version()").text << " ("
             << library.path().string() << ")\n";
   return true;
 }
 
-bool map(velmor::Session& session, const Options& options) {
-  session.load_lexiva();
+Verdict map(velmor::Session& session, const Options& options) {
+  std::vector<velmor::Source> sources;
+  for (const std::string& statements : options.map_init) sources.push_back({statements});
+  sources.push_back({options.map_expression});
+  if (const Verdict found = check(session, sources, std::cerr); found != Verdict::kFine)
+    return found;
   for (const std::string& statements : options.map_init) {
     std::ostringstream unseen;  // standard output is for the lines
-    if (!session.run(statements, unseen, std::cerr, "--init")) return false;
+    if (const Verdict ran = session.run(statements, unseen, std::cerr); ran != Verdict::kFine)
+      return ran;
   }
-  return velmor::map(session, options.map_expression, options.map_files);
+  return verdict(velmor::map(session, options.map_expression, options.map_files));
 }
 
-bool evaluate(velmor::Session& session, const Options& options) {
-  session.load_lexiva();
-  bool ok = true;
-  for (const std::string& expression : options.expressions)
-    ok = session.run(expression, std::cout, std::cerr) && ok;
-  return ok;
+Verdict run_all(velmor::Session& session, const std::vector<velmor::Source>& sources) {
+  Verdict worst = check(session, sources, std::cerr);
+  if (worst != Verdict::kFine) return worst;
+  for (const velmor::Source& source : sources)
+    worst = std::max(worst, session.run(source.text, std::cout, std::cerr, source.name));
+  return worst;
 }
 
-bool run_files(velmor::Session& session, const Options& options) {
-  bool ok = true;
-  for (const std::string& name : options.files)
-    ok = session.run(contents_of(name), std::cout, std::cerr, name) && ok;
-  return ok;
+Verdict evaluate(velmor::Session& session, const Options& options) {
+  std::vector<velmor::Source> sources;
+  for (const std::string& expression : options.expressions) sources.push_back({expression});
+  return run_all(session, sources);
 }
 
-bool talk(velmor::Session& session) {
+Verdict run_files(velmor::Session& session, const Options& options) {
+  std::vector<velmor::Source> sources;
+  for (const std::string& name : options.files) sources.push_back({contents_of(name), name});
+  return run_all(session, sources);
+}
+
+Verdict talk(velmor::Session& session) {
   if (isatty(STDIN_FILENO) == 0) return velmor::run_standard_input(session);
   velmor::prompt(session);
-  return true;
+  return Verdict::kFine;
 }
 
 bool help(const Options& options) {
@@ -85,22 +100,23 @@ bool without_faults(velmor::Session& session) {
   return faults.empty();
 }
 
-bool run(const CLI::App& app, const Options& options) {
-  if (app.got_subcommand("help")) return help(options);
+Verdict run(const CLI::App& app, const Options& options) {
+  if (app.got_subcommand("help")) return verdict(help(options));
   const velmor::Library library(options.library);
   velmor::Session session([&](const std::string& name) { return library.resolve(name); });
-  bool ok;
+  session.symbolic = options.symbolic;
+  Verdict went;
   if (options.version)
-    ok = show_version(session, library);
+    went = verdict(show_version(session, library));
   else if (app.got_subcommand("map"))
-    ok = map(session, options);
+    went = map(session, options);
   else if (!options.expressions.empty())
-    ok = evaluate(session, options);
+    went = evaluate(session, options);
   else if (!options.files.empty())
-    ok = run_files(session, options);
+    went = run_files(session, options);
   else
-    ok = talk(session);
-  return without_faults(session) && ok;
+    went = talk(session);
+  return std::max(went, verdict(without_faults(session)));
 }
 
 void declare(CLI::App& app, Options& options) {
@@ -111,6 +127,7 @@ void declare(CLI::App& app, Options& options) {
       ->excludes("FILE");
   app.add_option("--library", options.library, "The library to load (or set VSTRING_LIBRARY)")
       ->type_name("PATH");
+  app.add_flag("--symbolic", options.symbolic, "Calls of unknown commands stand for themselves");
   app.add_flag("--version", options.version, "Print the versions of velmor and of the library");
 
   app.require_subcommand(0, 1);  // what follows one is its own, also a file called help
@@ -138,10 +155,10 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
       return app.exit(error) == 0 ? 0 : 2;
     }
-    const bool ok = run(app, options);
+    const Verdict went = run(app, options);
     std::cout.flush();
     if (!std::cout) throw std::runtime_error("cannot write");
-    return ok ? 0 : 1;
+    return static_cast<int>(went);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "Error, %s\n", error.what());
     return 1;

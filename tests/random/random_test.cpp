@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <numeric>
+#include <optional>
 #include <string>
 
 #include "support/allocations.h"
@@ -107,14 +108,15 @@ class FreshLibrary : public testing::Test {
   void SetUp() override {
     library = dlopen(VSTRING_LIBRARY_FILE, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(nullptr, library) << dlerror();
-    session_.load_lexiva();
+    session_.emplace(resolve);
+    session_->symbolic = true;
     stream_.seed(0);
   }
   void TearDown() override { dlclose(library); }
 
-  std::string evaluate(const std::string& call) { return session_.evaluate(call).text; }
+  std::string evaluate(const std::string& call) { return session_->evaluate(call).text; }
 
-  velmor::Session session_{resolve};
+  std::optional<velmor::Session> session_;
   Stream stream_;
 };
 

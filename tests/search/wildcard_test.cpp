@@ -163,7 +163,7 @@ TEST(Wild, GeneratedScriptPasses) {
   EXPECT_NE(script.npos, script.find("\n\n\t# The following tests should all return false\n\n"));
   EXPECT_NE(script.npos, script.find("\n\tTRY( 38, WildcardMatch( "));
   std::ostringstream out, err;
-  EXPECT_TRUE(session().run(script, out, err)) << err.str();
+  EXPECT_EQ(velmor::Verdict::kFine, session().run(script, out, err));
   EXPECT_EQ("", err.str());
 }
 

@@ -55,16 +55,20 @@ TEST_F(CommandLine, Expressions) {
   expect(R"($V -e '-5' -e 'x := 2: take("abc", x);' -e NULL)", 0, "-5\n\"ab\"\n", "");
   expect(R"($V -e 'take("abc", -1)')", 1, "",
          "Error, (in take) second argument must be non-negative\n");
-  expect("$V -e '1 +' -e 2", 1, "2\n", "Error, line 1: unexpected end of the statement\n");
+  expect("$V -e '1 +' -e 2", 1, "", "Error, unexpected end of the statement\n  1 +\n     ^\n");
+  expect("$V -e 'x := 1' -e '2, tkae(1)'", 2, "", "Error, no command tkae; did you mean take?\n");
+  expect("$V --symbolic -e 'tkae(1)'", 0, "tkae(1)\n", "");
 }
 
 TEST_F(CommandLine, StandardInputAndFiles) {
   input_ = "with(Lexiva);\nx := reverse(\"hello\"):\nx; take(x,\n-1);\nlength(x)";
-  const std::string error = "Error, (in take) second argument must be non-negative\n";
-  expect("$V", 1, "\"olleh\"\n5\n", error);
-  expect("$V " + file("a.velmor", input_) + " " + file("b.velmor", "y :=\n3;\nx y;x;"), 1,
-         "\"olleh\"\n5\ny := 3\n\"olleh\"\n",
-         error + "Error, " + path("b.velmor") + ", line 3: unexpected `y'\n");
+  const std::string error = "Error, (in take) second argument must be non-negative (";
+  expect("$V", 1, "\"olleh\"\n5\n", error + "standard input, line 3)\n");
+  const std::string a = file("a.velmor", input_);
+  expect("$V " + a + " " + file("b.velmor", "y :=\n3;x;"), 1, "\"olleh\"\n5\ny := 3\n\"olleh\"\n",
+         error + a + ", line 3)\n");
+  expect("$V " + a + " " + file("c.velmor", "y :=\n3;\nx y;x;"), 1, "",
+         "Error, unexpected `y' (" + path("c.velmor") + ", line 3)\n  x y;\n    ^\n");
   expect("$V " + file("empty", "") + " " + path("none"), 1, "",
          "Error, cannot read " + path("none") + "\n");
 }
@@ -74,12 +78,12 @@ TEST_F(CommandLine, APipeIsAnsweredLineByLine) {
   input_ = "";
   const std::string script =
       "mkfifo {d}/p; $V <{d}/p | (exec 3>{d}/p; for w in a bc def; do"
-      " echo \"f(\\\"$w\\\");\" >&3; read -r answer; echo \"got $answer\"; done)";
+      " echo \"reverse(\\\"$w\\\");\" >&3; read -r answer; echo \"got $answer\"; done)";
   std::string line = script;
   for (std::size_t at; (at = line.find("{d}")) != line.npos;)
     line.replace(at, 3, directory_.string());
   EXPECT_EQ(shell("(" + line + ")"), 0);
-  EXPECT_EQ(contents("out"), "got f(\"a\")\ngot f(\"bc\")\ngot f(\"def\")\n");
+  EXPECT_EQ(contents("out"), "got \"a\"\ngot \"cb\"\ngot \"fed\"\n");
 }
 
 TEST_F(CommandLine, MapAnswersEachLine) {
@@ -96,7 +100,8 @@ TEST_F(CommandLine, MapAnswersEachLine) {
   expect("cd " + directory_.string() + "; $V map _ " +
              std::filesystem::path(file("help", "4")).filename().string(),
          0, "4", "");
-  expect("$V map 'reverse(_'", 1, "", "Error, unexpected end of the statement\n");
+  expect("$V map 'reverse(_'", 1, "",
+         "Error, unexpected end of the statement\n  reverse(_\n           ^\n");
   expect("$V map --init 'take(1)' _", 1, "", "Error, (in take) expecting 2 arguments, but got 1\n");
   expect("$V map _ " + path("none"), 1, "",
          "Error, cannot open " + path("none") + ": No such file or directory\n");
@@ -162,8 +167,7 @@ TEST(Prompt, TalksAtATerminal) {
     execl(VELMOR_EXECUTABLE, "velmor", nullptr);
     _exit(127);
   }
-  const std::string typed =
-      "with(Lexiva);\nreverse(\n\"olleh\");\ntake(1);\nlength(\"\xc3\xa9\") + 40;\nquit;\n";
+  const std::string typed = "reverse(\n\"olleh\");\ntake(1);\nlength(\"\xc3\xa9\") + 40;\nquit;\n";
   ASSERT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
   std::string shown;
   std::array<char, 4096> buffer;

@@ -29,8 +29,7 @@ std::unique_ptr<char, decltype(&std::free)> edited_line(const char* prompt) {
 }  // namespace
 
 void prompt(Session& session) {
-  std::cout << "velmor " VELMOR_VERSION ": with(Lexiva); loads the string commands, quit; leaves.\n"
-            << std::flush;
+  std::cout << "velmor " VELMOR_VERSION ": quit leaves.\n" << std::flush;
   Script script(session, std::cout, std::cerr);
   for (;;) {
     const auto line = edited_line(script.open() ? "  " : "> ");
@@ -42,8 +41,8 @@ void prompt(Session& session) {
   script.finish();
 }
 
-bool run_standard_input(Session& session) {
-  Script script(session, std::cout, std::cerr);
+Verdict run_standard_input(Session& session) {
+  Script script(session, std::cout, std::cerr, "standard input");
   for (std::string line; std::getline(std::cin, line);) script.feed(line + '\n');
   return script.finish();
 }

@@ -10,7 +10,7 @@ namespace velmor {
 // the user's to see, not the run's.
 void prompt(Session& session);
 
-// Runs standard input line by line, each answered as it comes; false when a statement failed.
-bool run_standard_input(Session& session);
+// Runs standard input line by line, each answered as it comes.
+Verdict run_standard_input(Session& session);
 
 }  // namespace velmor

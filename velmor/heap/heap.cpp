@@ -38,7 +38,9 @@ Heap::Heap()
       null_(object_of(null_words_)),
       true_(name("true")),
       false_(name("false")),
-      fail_(name("FAIL")) {}
+      fail_(name("FAIL")) {
+  for (const HostObject constant : {true_, false_, fail_}) protect(constant);
+}
 
 Heap::~Heap() {
   for (std::uint64_t* object : objects_)
@@ -121,10 +123,6 @@ HostObject Heap::set(HostObject sequence_of_all) {
 
 HostObject Heap::boolean(std::int64_t value) const {
   return value == 0 ? false_ : value == -1 ? fail_ : true_;
-}
-
-bool Heap::is_constant(HostObject object) const {
-  return object == true_ || object == false_ || object == fail_;
 }
 
 bool Heap::owns(HostObject object) const {

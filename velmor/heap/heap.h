@@ -54,7 +54,10 @@ class Heap {
 
   HostObject null() const { return null_; }
   HostObject boolean(std::int64_t value) const;  // 0 false, -1 FAIL, else true
-  bool is_constant(HostObject object) const;     // true, false or FAIL
+
+  // A protected name cannot be assigned; true, false and FAIL are protected from the start.
+  void protect(HostObject name) { words(name)[0] |= kProtectedBit; }
+  static bool is_protected(HostObject name) { return (words(name)[0] & kProtectedBit) != 0; }
 
   // Slots of a name; 0 for none.
   void set_value(HostObject name, HostObject value) { set_slot(name, kValueWord, value); }

@@ -2,7 +2,7 @@
 //
 // A word is an immediate integer when its lowest bit is set: its value is the word shifted right by
 // one. Any other word points to an object, whose first word is the header: length in words in bits
-// 0 .. 31, tag in bits 32 .. 37; bits 62 and 63 are the heap's own.
+// 0 .. 31, tag in bits 32 .. 37; bits 61 to 63 are the heap's own.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +20,7 @@ constexpr int kTagSequence = 0x1e;  // the elements from word 1 on; NULL is the 
 
 constexpr std::uint64_t kMarkBit = std::uint64_t{1} << 63;   // the collector has reached it
 constexpr std::uint64_t kBoundBit = std::uint64_t{1} << 62;  // a name that has had a slot filled
+constexpr std::uint64_t kProtectedBit = std::uint64_t{1} << 61;  // a name not to be assigned
 constexpr std::size_t kMaxLength = 0xffffffff;
 constexpr std::int64_t kMinImmediate = INT64_MIN / 2;
 constexpr std::int64_t kMaxImmediate = INT64_MAX / 2;

@@ -244,7 +244,8 @@ void host_assign(HostObject name, HostObject value) {
   raising([=](VelmorHeap& heap) {
     require(tag_of(name) == HOST_TAG_NAME, "HostAssign to no name");
     require(value != 0, "HostAssign of no object");
-    if (heap.objects.is_constant(name)) throw std::runtime_error("cannot assign to " + print(name));
+    if (heap.objects.is_protected(name))
+      throw std::runtime_error("cannot assign to " + print(name));
     heap.objects.set_value(name, value);
     return kNothing;
   });

@@ -129,6 +129,10 @@ void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value) {
 
 HostObject velmor_value(VelmorHeap* /*heap*/, HostObject name) { return words(name)[kValueWord]; }
 
+void velmor_protect(VelmorHeap* heap, HostObject name) { heap->objects.protect(name); }
+
+int velmor_is_protected(HostObject name) { return Heap::is_protected(name) ? 1 : 0; }
+
 void velmor_set_evaluator(VelmorHeap* heap, VelmorEvaluator evaluator, void* context) {
   heap->evaluator = evaluator;
   heap->evaluator_context = context;

@@ -65,6 +65,8 @@ char* velmor_print(VelmorHeap* heap, HostObject object);
 /* ---- Names and evaluation ---- */
 void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value); /* 0: unassign */
 HostObject velmor_value(VelmorHeap* heap, HostObject name);              /* 0 when it has none */
+void velmor_protect(VelmorHeap* heap, HostObject name); /* no command can assign to it */
+int velmor_is_protected(HostObject name);
 /* What HostEvalProc calls for anything but convert(x, string) and sprintf("%a", x): 1 and *result,
  * or 0 with a message that velmor_fail (or a nested velmor_call) has set. Names among the arguments
  * have been replaced by their values, unless HostQuote guarded them. Operations of the table are

@@ -61,6 +61,8 @@ void Session::make_constants(Node& tree) {
     case NodeKind::kCall:
     case NodeKind::kAssign:
       tree.object = made(velmor_name(heap(), tree.text.c_str()));
+      if (const auto found = functions_.find(tree.object); found != functions_.end())
+        tree.callable = &found->second;
       break;
     default:
       break;
@@ -188,16 +190,9 @@ HostObject Session::value_of_name(HostObject name) {
 HostObject Session::assign(const Node& tree) {
   const HostObject name = tree.object;
   const HostObject assigned = value(*tree.parts[0]);
-  if (is_protected(name)) throw Failure(print(name) + " is protected");
+  if (velmor_is_protected(name) != 0) throw Failure("cannot assign to " + print(name));
   velmor_assign(heap(), name, assigned == name ? 0 : assigned);
   return assigned;
-}
-
-// What scripts rely on cannot be assigned.
-bool Session::is_protected(HostObject name) const {
-  const std::string_view text = velmor_text(name);
-  return text == "true" || text == "false" || text == "FAIL" || name == null_name_ ||
-         name == with_name_ || name == try_name_ || commands_.contains(name);
 }
 
 }  // namespace velmor

@@ -33,13 +33,15 @@ bool Lexer::digit_at(std::size_t i) const { return i < source_.size() && is_digi
 
 void Lexer::skip_blanks_and_comments() {
   for (; at_ < source_.size(); ++at_) {
-    const char c = source_[at_];
+    char c = source_[at_];
     if (c == '#') {
       at_ = std::min(source_.find('\n', at_), source_.size());
       if (at_ == source_.size()) return;
+      c = '\n';
+    }
+    if (c == '\n') {
       ++line_;
-    } else if (c == '\n') {
-      ++line_;
+      line_begin_ = at_ + 1;
     } else if (c != ' ' && c != '\t' && c != '\r' && c != '\f' && c != '\v') {
       return;
     }
@@ -47,29 +49,47 @@ void Lexer::skip_blanks_and_comments() {
 }
 
 Token Lexer::next() {
+  Token token = scan();
+  if (token.kind == TokenKind::kEnd) return {TokenKind::kEnd, "", end_line_, end_column_};
+  end_line_ = line_;
+  end_column_ = at_ - line_begin_ + 1;
+  return token;
+}
+
+Token Lexer::scan() {
   skip_blanks_and_comments();
-  if (at_ == source_.size()) return {TokenKind::kEnd, "", line_};
+  if (at_ == source_.size()) return token(TokenKind::kEnd, at_, "");
   const char c = source_[at_];
   if (c == '"' || c == '`') return quoted(c);
   if (is_digit(c) || (c == '.' && digit_at(at_ + 1))) return number();
   if (!starts_name(c)) return symbol();
   const std::size_t begin = at_;
   while (at_ < source_.size() && (starts_name(source_[at_]) || is_digit(source_[at_]))) ++at_;
-  return {TokenKind::kName, std::string(source_.substr(begin, at_ - begin)), line_};
+  return token(TokenKind::kName, begin, std::string(source_.substr(begin, at_ - begin)));
+}
+
+Token Lexer::token(TokenKind kind, std::size_t begin, std::string text) const {
+  return {kind, std::move(text), line_, begin - line_begin_ + 1};
+}
+
+void Lexer::refuse(const std::string& message, std::size_t at) const {
+  throw SyntaxError(message, line_, at - line_begin_ + 1);
 }
 
 Token Lexer::quoted(char delimiter) {
-  Token token{delimiter == '"' ? TokenKind::kString : TokenKind::kName, "", line_};
-  const char* const kind = delimiter == '"' ? "string" : "quoted name";
-  ++at_;
+  const std::string kind = delimiter == '"' ? "string" : "quoted name";
+  const std::size_t begin = at_++;
+  std::string text;
   for (;;) {
     if (at_ == source_.size() || source_[at_] == '\n')
-      throw SyntaxError(std::string("the ") + kind + " is not closed on its line", line_);
+      refuse("the " + kind + " is not closed on its line", begin);
+    const std::size_t here = at_;
     char c = source_[at_++];
-    if (c == delimiter) return token;
+    if (c == delimiter)
+      return token(c == '"' ? TokenKind::kString : TokenKind::kName, begin, std::move(text));
     if (c == '\\') c = escape();
-    if (c == '\0') throw SyntaxError(std::string("a ") + kind + " cannot hold a zero byte", line_);
-    token.text += c;
+    if (c == '\0') refuse("a " + kind + " cannot hold a zero byte", here);
+    text += c;
   }
 }
 
@@ -93,7 +113,7 @@ char Lexer::escape() {
   }
   const char byte = simple_escape(letter);
   if (byte == '\0')
-    throw SyntaxError("unknown escape in a string; a backslash itself is written \\\\", line_);
+    refuse("unknown escape in a string; a backslash itself is written \\\\", at_ - 1);
   ++at_;
   return byte;
 }
@@ -116,7 +136,7 @@ Token Lexer::number() {
       while (digit_at(at_)) ++at_;
     }
   }
-  return {kind, std::string(source_.substr(begin, at_ - begin)), line_};
+  return token(kind, begin, std::string(source_.substr(begin, at_ - begin)));
 }
 
 Token Lexer::symbol() {
@@ -145,10 +165,11 @@ Token Lexer::symbol() {
   };
   for (const Symbol& symbol : kSymbols) {
     if (source_.substr(at_, symbol.text.size()) != symbol.text) continue;
+    const std::size_t begin = at_;
     at_ += symbol.text.size();
-    return {symbol.kind, std::string(symbol.text), line_};
+    return token(symbol.kind, begin, std::string(symbol.text));
   }
-  throw SyntaxError("unexpected character `" + std::string(source_.substr(at_, 1)) + "'", line_);
+  refuse("unexpected character `" + std::string(source_.substr(at_, 1)) + "'", at_);
 }
 
 }  // namespace velmor

@@ -40,6 +40,7 @@ struct Token {
   TokenKind kind = TokenKind::kEnd;
   std::string text;  // as written; of strings and names, what they stand for
   std::size_t line = 1;
+  std::size_t column = 1;  // of its first byte
 };
 
 class Lexer {
@@ -47,20 +48,25 @@ class Lexer {
   // `source` must outlive the lexer.
   explicit Lexer(std::string_view source) : source_(source) {}
 
-  // The next token; kEnd at the end and ever after. Throws SyntaxError.
+  // The next token; kEnd, behind the last one, at the end and ever after. Throws SyntaxError.
   Token next();
 
  private:
+  Token scan();
   void skip_blanks_and_comments();
+  Token token(TokenKind kind, std::size_t begin, std::string text) const;
   Token quoted(char delimiter);
   Token number();
   Token symbol();
   char escape();
+  [[noreturn]] void refuse(const std::string& message, std::size_t at) const;
   bool digit_at(std::size_t i) const;
 
   std::string_view source_;
   std::size_t at_ = 0;
   std::size_t line_ = 1;
+  std::size_t line_begin_ = 0;
+  std::size_t end_line_ = 1, end_column_ = 1;  // behind the last token
 };
 
 }  // namespace velmor

@@ -39,16 +39,20 @@ class Parser {
   [[noreturn]] void unexpected() const {
     switch (token_.kind) {
       case TokenKind::kEnd:
-        throw SyntaxError("unexpected end of the statement", token_.line);
+        refuse("unexpected end of the statement");
       case TokenKind::kString:
-        throw SyntaxError("unexpected string", token_.line);
+        refuse("unexpected string");
       default:
-        throw SyntaxError("unexpected `" + token_.text + "'", token_.line);
+        refuse("unexpected `" + token_.text + "'");
     }
   }
 
+  [[noreturn]] void refuse(const std::string& message) const {
+    throw SyntaxError(message, token_.line, token_.column);
+  }
+
   void check_depth(std::size_t depth) const {
-    if (depth > kDeepestTree) throw SyntaxError("nested too deeply", token_.line);
+    if (depth > kDeepestTree) refuse("nested too deeply");
   }
 
   template <typename... Parts>
@@ -56,6 +60,7 @@ class Parser {
     Tree tree = std::make_unique<Node>();
     tree->kind = kind;
     tree->text = std::move(text);
+    tree->line = token_.line;
     (add(*tree, std::move(parts)), ...);
     return tree;
   }
@@ -70,8 +75,7 @@ class Parser {
     const bool is_name = target.kind == NodeKind::kName;
     const bool is_quoted_name =
         target.kind == NodeKind::kUnevaluated && target.parts.front()->kind == NodeKind::kName;
-    if (!is_name && !is_quoted_name)
-      throw SyntaxError("only a name can stand to the left of `:='", token_.line);
+    if (!is_name && !is_quoted_name) refuse("only a name can stand to the left of `:='");
     advance();
     return node(NodeKind::kAssign, is_name ? target.text : target.parts.front()->text, sequence());
   }
@@ -129,7 +133,9 @@ class Parser {
   // Every nesting passes here, so this is where the depth of the recursion is bounded.
   Tree factor() {
     check_depth(++nesting_);
+    const std::size_t line = token_.line;
     Tree tree = unguarded_factor();
+    tree->line = line;
     --nesting_;
     return tree;
   }

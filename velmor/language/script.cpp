@@ -1,7 +1,10 @@
 #include "language/script.h"
 
+#include <algorithm>
 #include <ostream>
 #include <utility>
+
+#include "language/report.h"
 
 namespace velmor {
 
@@ -14,25 +17,20 @@ void Script::feed(std::string_view text) {
   out_.flush();
 }
 
-bool Script::finish() {
+Verdict Script::finish() {
   if (const auto statement = statements_.rest()) run(*statement);
   out_.flush();
-  return ok_;
+  return verdict_;
 }
 
 void Script::run(const Statement& statement) {
   try {
     session_.execute(statement.text, statement.prints, out_);
-    return;
-  } catch (const SyntaxError& error) {
-    out_.flush();
-    err_ << "Error, " << (name_.empty() ? "" : name_ + ", ") << "line "
-         << statement.line + error.line() - 1 << ": " << error.what() << std::endl;
   } catch (const Failure& failure) {
     out_.flush();
-    err_ << failure.report() << std::endl;
+    report(err_, failure, statement, name_);
+    verdict_ = std::max(verdict_, failure.verdict());
   }
-  ok_ = false;
 }
 
 }  // namespace velmor

@@ -16,7 +16,7 @@ class Script {
   Script(Session& session, std::ostream& out, std::ostream& err, std::string name = {});
 
   void feed(std::string_view text);  // runs the statements that end in what was fed so far
-  bool finish();                     // runs what is left; false when a statement ever failed
+  Verdict finish();                  // runs what is left; how all of it went
 
   // Whether a statement has begun but not ended.
   bool open() const { return statements_.open(); }
@@ -29,7 +29,7 @@ class Script {
   std::ostream& err_;
   std::string name_;
   StatementSplitter statements_;
-  bool ok_ = true;
+  Verdict verdict_ = Verdict::kFine;
 };
 
 }  // namespace velmor

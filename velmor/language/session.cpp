@@ -6,9 +6,10 @@
 #include <ostream>
 
 #include "heap/object.h"
+#include "language/checker.h"
 #include "language/parser.h"
 #include "language/script.h"
-#include "lexiva/commands.h"
+#include "language/suggest.h"
 
 namespace velmor {
 namespace {
@@ -19,32 +20,44 @@ constexpr std::size_t kLeastBytes = std::size_t{16} << 20;
 
 }  // namespace
 
-Session::Session(Resolver resolver)
-    : heap_(velmor_heap_new()),
-      resolver_(std::move(resolver)),
+Session::Session(const Resolver& resolver)
+    : display([this](HostObject object) { return print(object); }),
+      heap_(velmor_heap_new()),
       collect_at_objects_(kLeastObjects),
       collect_at_bytes_(kLeastBytes) {
   if (heap_ == nullptr) throw std::bad_alloc();
   null_ = velmor_sequence(heap(), 0, nullptr);
   velmor_root(heap(), null_);
-  with_name_ = velmor_name(heap(), "with");
-  try_name_ = velmor_name(heap(), "TRY");
   null_name_ = velmor_name(heap(), "NULL");
+  velmor_protect(heap(), null_name_);
   velmor_set_evaluator(heap(), evaluate_procedure, this);
+  bind_builtins();
+  bind_commands(resolver);
+  for (const auto& [name, function] : functions_) velmor_protect(heap(), name);
 }
 
 Session::~Session() = default;
 
-void Session::load_lexiva() {
-  const auto bind = [this](const char* name, const lexiva::Command& command) {
-    const VelmorCommand address = resolver_(command.entry_point);
-    if (address != nullptr)
-      commands_.insert_or_assign(velmor_name(heap(), name), Command{command.name, address});
-  };
-  for (const lexiva::Family& family : lexiva::families())
-    for (const lexiva::Command& command : family.commands) bind(command.name, command);
-  for (const lexiva::Alias& alias : lexiva::aliases())
-    if (const lexiva::Command* command = lexiva::find(alias.command)) bind(alias.name, *command);
+const Callable* Session::find(const std::string& name) {
+  const auto found = functions_.find(velmor_name(heap(), name.c_str()));
+  return found == functions_.end() ? nullptr : &found->second;
+}
+
+bool Session::is_protected(const std::string& name) {
+  return velmor_is_protected(velmor_name(heap(), name.c_str())) != 0;
+}
+
+bool Session::has_value(const std::string& name) {
+  return velmor_value(heap(), velmor_name(heap(), name.c_str())) != 0;
+}
+
+UnknownCommand Session::unknown(const std::string& name) {
+  std::vector<std::string> known;
+  for (const auto& [object, function] : functions_) known.emplace_back(velmor_text(object));
+  std::ranges::sort(known);
+  const std::string meant = nearest(name, known);
+  return UnknownCommand("no command " + name +
+                        (meant.empty() ? "" : "; did you mean " + meant + "?"));
 }
 
 Outcome Session::evaluate(std::string_view expression) {
@@ -60,8 +73,8 @@ Outcome Session::evaluate(std::string_view expression) {
   }
 }
 
-bool Session::run(std::string_view source, std::ostream& out, std::ostream& err,
-                  const std::string& name) {
+Verdict Session::run(std::string_view source, std::ostream& out, std::ostream& err,
+                     const std::string& name) {
   Script script(*this, out, err, name);
   script.feed(source);
   return script.finish();
@@ -70,15 +83,16 @@ bool Session::run(std::string_view source, std::ostream& out, std::ostream& err,
 void Session::execute(std::string_view statement, bool prints, std::ostream& out) {
   collect_garbage();
   const Expression expression = prepare(statement);
+  Checker(*this).check(*expression.tree_);
   const HostObject value = outermost_value_of(expression);
   if (!prints) return;
   const bool assigns = expression.tree_->kind == NodeKind::kAssign;
   if (write_value) {
     if (!assigns) write_value(out, value);
   } else if (assigns) {
-    out << print(expression.tree_->object) << " := " << print(value) << '\n';
+    out << print(expression.tree_->object) << " := " << display(value) << '\n';
   } else if (!is_null(value)) {
-    out << print(value) << '\n';
+    out << display(value) << '\n';
   }
 }
 

@@ -1,11 +1,10 @@
 // A session of the language: names with their values, the Lexiva package, evaluation.
 //
-// A name without a value stands for itself, and so does a call of a function that nobody knows.
-// Sequences flatten into whatever sequence, list, set or argument list they stand in; a sequence of
-// one element is that element, and NULL is the one of none. Integers are added, subtracted and
-// multiplied within 64 bits. Besides the commands there are two functions:
-//   with(Lexiva)              binds the commands of the package
-//   TRY(n, call, expected)    fails unless the call has the expected value
+// A name without a value stands for itself. Sequences flatten into whatever sequence, list, set or
+// argument list they stand in; a sequence of one element is that element, and NULL is the one of
+// none. Integers are added, subtracted and multiplied within 64 bits. The commands of the package
+// and the language's own functions (builtins.cpp) are there from the start, and their names cannot
+// be assigned.
 #pragma once
 #include <cstddef>
 #include <functional>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "heap/velmor_runtime.h"
+#include "language/callable.h"
 #include "language/failure.h"
 #include "language/syntax.h"
 
@@ -51,24 +51,35 @@ class Session {
   // Address of the entry point with this name, such as "vstring_reverse", or null.
   using Resolver = std::function<VelmorCommand(const std::string& entry_point)>;
 
-  explicit Session(Resolver resolver);
+  // Commands whose entry point is not found stay unknown.
+  explicit Session(const Resolver& resolver);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   VelmorHeap* heap() { return heap_.get(); }
 
-  // What with(Lexiva) does. Commands whose entry point is not found stay unknown.
-  void load_lexiva();
+  // Whether a call of a function that nobody knows stands for itself. Else it is an UnknownCommand.
+  bool symbolic = false;
+
+  // How the values of statements print; at first print(), which has only ASCII characters.
+  std::function<std::string(HostObject)> display;
+
+  // What a call of this name calls, whatever was assigned; null when it is no command and none of
+  // the language's functions. Such names cannot be assigned, and some more.
+  const Callable* find(const std::string& name);
+  bool is_protected(const std::string& name);
+  bool has_value(const std::string& name);
+  UnknownCommand unknown(const std::string& name);  // with a suggestion
 
   // Evaluates one expression (or assignment). Its value lives until the next call of evaluate.
   Outcome evaluate(std::string_view expression);
 
   // Runs a script: the values of statements ended by ";" and failures are printed, each on a line
-  // of its own. False when a statement failed; those behind it run nevertheless. `name`, that of
-  // the script's file if it has one, is told with a syntax error.
-  bool run(std::string_view source, std::ostream& out, std::ostream& err,
-           const std::string& name = {});
+  // of its own. Statements behind one that failed run nevertheless. `name`, that of the script's
+  // file if it has one, is told with every failure, and so is its line.
+  Verdict run(std::string_view source, std::ostream& out, std::ostream& err,
+              const std::string& name = {});
 
   // The parts of evaluate, for those who evaluate often. The value lives until the next
   // collect_garbage. prepare throws SyntaxError, value_of Failure.
@@ -93,12 +104,6 @@ class Session {
  private:
   friend class Script;
 
-  struct Command {
-    std::string name;
-    VelmorCommand address;
-  };
-  using Commands = std::unordered_map<HostObject, Command>;  // by the name object
-
   // Runs one statement as run() does, except that failures are thrown.
   void execute(std::string_view statement, bool prints, std::ostream& out);
 
@@ -113,25 +118,28 @@ class Session {
   HostObject arithmetic(const Node& tree, bool evaluated);
   HostObject value_of_name(HostObject name);
   HostObject assign(const Node& tree);
-  bool is_protected(HostObject name) const;
 
   // Calls (call.cpp).
   HostObject call(const Node& tree);
-  HostObject call_command(const Command& command, HostObject argseq);
-  HostObject with(const Node& call);
-  HostObject compare(const Node& call);
+  HostObject call_function(HostObject function, HostObject argseq);
+  HostObject call_command(const Callable& command, HostObject argseq);
   static int evaluate_procedure(void* context, VelmorHeap* heap, HostObject procedure,
                                 HostObject argseq, HostObject* result);
+
+  // The language's own functions (builtins.cpp).
+  void bind_commands(const Resolver& resolver);
+  void bind_builtins();
+  HostObject with(const Node& call);
+  HostObject compare(const Node& call);
 
   struct FreeHeap {
     void operator()(VelmorHeap* heap) const { velmor_heap_free(heap); }
   };
 
   std::unique_ptr<VelmorHeap, FreeHeap> heap_;
-  Resolver resolver_;
-  Commands commands_;
+  std::unordered_map<HostObject, Callable> functions_;  // by the name object
   HostObject null_;
-  HostObject with_name_, try_name_, null_name_;
+  HostObject null_name_;
   std::vector<HostObject> stack_;  // elements of the collections being built
   HostObject last_value_ = 0;      // rooted
   std::size_t collect_at_objects_;

@@ -44,4 +44,13 @@ class StatementSplitter {
   std::size_t first_line_ = 1;  // of begin_
 };
 
+// Calls `action` with each statement of a whole script.
+template <typename Action>
+void for_each_statement(std::string_view script, Action action) {
+  StatementSplitter splitter;
+  splitter.feed(script);
+  while (const auto statement = splitter.next()) action(*statement);
+  if (const auto statement = splitter.rest()) action(*statement);
+}
+
 }  // namespace velmor

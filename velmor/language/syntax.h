@@ -9,6 +9,8 @@
 
 namespace velmor {
 
+struct Callable;
+
 enum class NodeKind {
   kString,       // text
   kInteger,      // text: decimal, perhaps with a minus sign
@@ -33,8 +35,12 @@ struct Node {
   std::string text;
   std::vector<std::unique_ptr<Node>> parts;
   std::size_t depth = 1;  // levels of the tree below and with this node
-  // The constant, or the name of a name, call or assignment; made by the session.
+  std::size_t line = 1;   // of the statement's text
+
+  // Made by the session: the constant, or the name of a name, call or assignment; and what a call
+  // of a name that cannot be assigned calls.
   HostObject object = 0;
+  const Callable* callable = nullptr;
 };
 
 }  // namespace velmor
