@@ -31,13 +31,7 @@ void run_round(Chain& v, const BlockWords& X) {
     const std::uint32_t word = X[kRounds[number].words[i]] + kRounds[number].constant;
     a = std::rotl(a + word + function(b, c, d), kRounds[number].shifts[i % 4]);
   };
-#pragma GCC unroll 4
-  for (unsigned i = 0; i < 16; i += 4) {
-    step(v.a, v.b, v.c, v.d, i);
-    step(v.d, v.a, v.b, v.c, i + 1);
-    step(v.c, v.d, v.a, v.b, i + 2);
-    step(v.b, v.c, v.d, v.a, i + 3);
-  }
+  sixteen_steps(v, step);
 }
 
 Chain compress(const Chain& chain, const BlockWords& X) {

@@ -34,13 +34,7 @@ void run_round(Chain& v, const BlockWords& X) {
     const std::uint32_t word = X[(start + stride * i) % 16] + T[16 * round + i];
     a = b + std::rotl(a + word + function(b, c, d), kShifts[round][i % 4]);
   };
-#pragma GCC unroll 4
-  for (unsigned i = 0; i < 16; i += 4) {
-    step(v.a, v.b, v.c, v.d, i);
-    step(v.d, v.a, v.b, v.c, i + 1);
-    step(v.c, v.d, v.a, v.b, i + 2);
-    step(v.b, v.c, v.d, v.a, i + 3);
-  }
+  sixteen_steps(v, step);
 }
 
 Chain compress(const Chain& chain, const BlockWords& X) {

@@ -30,6 +30,19 @@ inline BlockWords block_words(const Byte* block) {
   return words;
 }
 
+// A round: step(a, b, c, d, i) for i = 0, ..., 15, the words of the chain taking turns to be the
+// first one.
+template <typename Step>
+[[gnu::always_inline]] inline void sixteen_steps(Chain& v, Step step) {
+#pragma GCC unroll 4
+  for (unsigned i = 0; i < 16; i += 4) {
+    step(v.a, v.b, v.c, v.d, i);
+    step(v.d, v.a, v.b, v.c, i + 1);
+    step(v.c, v.d, v.a, v.b, i + 2);
+    step(v.b, v.c, v.d, v.a, i + 3);
+  }
+}
+
 // `compress` takes a chain and the words of a block to the next chain.
 template <typename Compress>
 Digest digest(Bytes message, Compress compress) {

@@ -175,7 +175,8 @@ class Formatter {
   Formatter(char* out, std::size_t size, const std::tm& time)
       : out_(out), size_(size), time_(time), record_(time) {}
 
-  // A composite conversion formats its own short format, so this nests once.
+  // A composite conversion formats its own short format, so this nests once. That it clears `y2k`
+  // again is meant: hosts have always read there whether a year of two digits came after it.
   void format(const char* p) {
     y2k = 0;
     for (; *p != '\0'; ++p) {

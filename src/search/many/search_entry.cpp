@@ -95,39 +95,33 @@ HostObject all_positions(const Args& args, Bytes pattern, Bytes text) {
                       [&](std::size_t offset) { return new_position(args, offset); });
 }
 
-template <typename OfText>
-HostObject list_over_texts(const Args& args, const Query& query, OfText of_text) {
-  return new_list(args, query.many.size(), [&](std::size_t i) {
-    return of_text(args, query.pattern, text_of(query.many[i]));
-  });
+using InText = HostObject(const Args& args, Bytes pattern, Bytes text);
+using OfMany = HostObject(const Args& args, const Query& query);
+
+// What is looked for in a single text, in each text of a list, and for many patterns.
+HostObject answer(const HostTable* host, HostObject argseq, InText* in_text, InText* in_each,
+                  OfMany* of_many) {
+  const Args args(host, argseq, kTwo);
+  const Query query = decoded(args);
+  switch (query.shape) {
+    case Query::many_in_one:
+      return of_many(args, query);
+    case Query::one_in_many:
+      return new_list(args, query.many.size(), [&](std::size_t i) {
+        return in_each(args, query.pattern, text_of(query.many[i]));
+      });
+    case Query::one_in_one:
+      break;
+  }
+  return in_text(args, query.pattern, query.text);
 }
 
 }  // namespace
 
 HostObject vstring_search(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Query query = decoded(args);
-  switch (query.shape) {
-    case Query::many_in_one:
-      return first_of_many(args, query);
-    case Query::one_in_many:
-      return list_over_texts(args, query, first_position);
-    case Query::one_in_one:
-      break;
-  }
-  return first_position(args, query.pattern, query.text);
+  return answer(host, argseq, first_position, first_position, first_of_many);
 }
 
 HostObject vstring_searchx(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Query query = decoded(args);
-  switch (query.shape) {
-    case Query::many_in_one:
-      return all_of_many(args, query);
-    case Query::one_in_many:
-      return list_over_texts(args, query, list_of_positions);
-    case Query::one_in_one:
-      break;
-  }
-  return all_positions(args, query.pattern, query.text);
+  return answer(host, argseq, all_positions, list_of_positions, all_of_many);
 }

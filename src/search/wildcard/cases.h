@@ -1,6 +1,7 @@
 // What every build of the matcher must answer: run by wildTest, printed as a script by wildTester,
 // and part of our own tests.
 #pragma once
+#include <array>
 
 namespace vstring::search {
 
@@ -54,5 +55,16 @@ inline constexpr WildcardCase kNotMatching[] = {
     {"[^a-z]", "a"},
 };
 // clang-format on
+
+// A pattern of these as a string of the host's language spells it: every backslash twice.
+inline std::array<char, 32> spelled(const char* pattern) {
+  std::array<char, 32> spelling = {};
+  char* out = spelling.data();
+  for (; *pattern != '\0'; ++pattern) {
+    if (*pattern == '\\') *out++ = '\\';
+    *out++ = *pattern;
+  }
+  return spelling;
+}
 
 }  // namespace vstring::search

@@ -10,14 +10,6 @@
 using namespace vstring;
 using search::WildcardCase;
 
-HostObject vstring_wild(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes pattern = args.text(1);
-  const Result<bool> matches = search::wildcard_match(pattern, args.text(2));
-  args.require(matches.status());
-  return new_boolean(args, *matches);
-}
-
 namespace {
 
 // Reports each case that does not give `expected`, and returns how many there were.
@@ -35,7 +27,24 @@ int report_failures(std::span<const WildcardCase> cases, bool expected, const ch
   return failures;
 }
 
+// One line per case.
+int print_tests(std::span<const WildcardCase> cases, int number, const char* expected) {
+  for (const auto& [pattern, text] : cases) {
+    std::printf("\tTRY( %d, WildcardMatch( \"%s\", \"%s\" ), %s );\n", number++,
+                search::spelled(pattern).data(), text, expected);
+  }
+  return number;
+}
+
 }  // namespace
+
+HostObject vstring_wild(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kTwo);
+  const Bytes pattern = args.text(1);
+  const Result<bool> matches = search::wildcard_match(pattern, args.text(2));
+  args.require(matches.status());
+  return new_boolean(args, *matches);
+}
 
 HostObject vstring_wildTest(const HostTable* host, HostObject) {
   const int failures =
@@ -43,23 +52,6 @@ HostObject vstring_wildTest(const HostTable* host, HostObject) {
       report_failures(search::kNotMatching, false, "[%d] text = |%s|, pattern = |%s|\n");
   return host->HostToBoolean(failures == 0 ? 1 : 0);
 }
-
-namespace {
-
-// One line per case; inside a string of the host, a backslash is written twice.
-int print_tests(std::span<const WildcardCase> cases, int number, const char* expected) {
-  for (const auto& [pattern, text] : cases) {
-    std::printf("\tTRY( %d, WildcardMatch( \"", number++);
-    for (const char* c = pattern; *c != '\0'; ++c) {
-      if (*c == '\\') std::putchar('\\');
-      std::putchar(*c);
-    }
-    std::printf("\", \"%s\" ), %s );\n", text, expected);
-  }
-  return number;
-}
-
-}  // namespace
 
 // Goes to the process's own output, to be redirected into a file.
 HostObject vstring_wildTester(const HostTable* host, HostObject) {
