@@ -56,10 +56,6 @@ const std::vector<Workload>& workloads() {
   return made;
 }
 
-Bytes bytes(const std::string& text) {
-  return {reinterpret_cast<const Byte*>(text.data()), text.size()};
-}
-
 template <EditModel model>
 bool ours(const Workload& w) {
   vstring::Buffer<std::size_t> ends;

@@ -5,6 +5,7 @@
 #include <random>
 #include <string>
 
+#include "texts.h"
 #include "words/likeness/distance.h"
 #include "words/likeness/levenshtein.h"
 #ifdef VSTRING_PEER_EDLIB
@@ -15,10 +16,7 @@ namespace {
 
 using vstring::Byte;
 using vstring::Bytes;
-
-Bytes bytes(const std::string& word) {
-  return {reinterpret_cast<const Byte*>(word.data()), word.size()};
-}
+using vstring_bench::bytes;
 
 std::size_t ours(const std::string& s, const std::string& t) {
   return *vstring::words::levenshtein(bytes(s), bytes(t));

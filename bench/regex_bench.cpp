@@ -10,6 +10,7 @@
 
 #include "search/regex/matcher.h"
 #include "search/regex/replace.h"
+#include "texts.h"
 #ifdef VSTRING_PEER_PCRE2
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
@@ -23,6 +24,7 @@ namespace {
 using namespace vstring::regex;
 using vstring::Byte;
 using vstring::Bytes;
+using vstring_bench::bytes;
 
 constexpr std::size_t kTextSize = 1 << 20;
 
@@ -107,9 +109,6 @@ class Ours {
   }
 
  private:
-  static Bytes bytes(const std::string& text) {
-    return {reinterpret_cast<const Byte*>(text.data()), text.size()};
-  }
   inline static const std::string kTemplate = "<&>";
   VstringRegex* regex_;
   Plan* plan_;

@@ -32,18 +32,6 @@ std::string letters(const char* alphabet, std::size_t n, unsigned seed) {
   return text;
 }
 
-std::string fibonacci_word(std::size_t n) {
-  std::string shorter = "a";
-  std::string text = "ab";
-  while (text.size() < n) {
-    std::string longer = text + shorter;
-    shorter = std::move(text);
-    text = std::move(longer);
-  }
-  text.resize(n);
-  return text;
-}
-
 const std::vector<Workload>& workloads() {
   static const std::vector<Workload> made = [] {
     const std::string words = prose(kLength);
@@ -68,10 +56,6 @@ const std::vector<Workload>& workloads() {
     };
   }();
   return made;
-}
-
-Bytes bytes(const std::string& text) {
-  return {reinterpret_cast<const Byte*>(text.data()), text.size()};
 }
 
 std::size_t next_by_memmem(const Workload& w, std::size_t from) {

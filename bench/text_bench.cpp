@@ -13,6 +13,7 @@
 #include "text/language/porter.h"
 #include "text/language/soundex.h"
 #include "text/layout/wrap.h"
+#include "texts.h"
 #include "velmor_runtime.h"
 #ifdef VSTRING_PEER_STEMMER
 #include <libstemmer.h>
@@ -52,10 +53,6 @@ const std::vector<std::string>& words() {
     return list;
   }();
   return all;
-}
-
-Bytes bytes(const std::string& text) {
-  return {reinterpret_cast<const Byte*>(text.data()), text.size()};
 }
 
 void wrap(benchmark::State& state, const std::string& text, vstring::text::WrapSettings settings) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "search/many/builtin_words.h"
@@ -12,6 +13,17 @@ namespace vstring_bench {
 inline std::string word(std::size_t k) {
   const vstring::Bytes bytes = vstring::search::builtin_word(k);
   return {vstring::chars(bytes), bytes.size()};
+}
+
+inline vstring::Bytes bytes(const std::string& text) {
+  return {reinterpret_cast<const vstring::Byte*>(text.data()), text.size()};
+}
+
+inline std::string fibonacci_word(std::size_t n) {
+  std::string shorter = "a";
+  std::string word = "ab";
+  while (word.size() < n) shorter = std::exchange(word, word + shorter);
+  return word.substr(0, n);
 }
 
 // Words and spaces; of two random words the shorter one is taken, as people do.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "runtime/memory.h"
+#include "texts.h"
 #include "words/border.h"
 #include "words/conjugate.h"
 #include "words/lyndon.h"
@@ -27,15 +28,6 @@ std::string random_word(std::size_t n, unsigned letters) {
 std::string repeated(const std::string& u, std::size_t n) {
   std::string word;
   while (word.size() < n) word += u;
-  return word.substr(0, n);
-}
-
-std::string fibonacci_word(std::size_t n) {
-  std::string shorter = "a";
-  std::string word = "ab";
-  while (word.size() < n) {
-    shorter = std::exchange(word, word + shorter);
-  }
   return word.substr(0, n);
 }
 
@@ -123,8 +115,7 @@ constexpr Question kQuestions[] = {
 };
 
 void measure(benchmark::State& state, std::size_t (*answer)(Bytes), const std::string& word) {
-  const Bytes bytes(reinterpret_cast<const Byte*>(word.data()), word.size());
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(answer(bytes));
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(answer(bytes(word)));
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(word.size()));
 }
 

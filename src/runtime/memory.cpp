@@ -35,8 +35,6 @@ void unlink(Header* header) {
 
 }  // namespace
 
-void* allocate(std::size_t bytes) { return reallocate(nullptr, bytes); }
-
 void* reallocate(void* block, std::size_t bytes) {
   if (bytes > PTRDIFF_MAX - sizeof(Header)) return nullptr;
   if (block == nullptr) {

@@ -20,9 +20,8 @@ namespace vstring {
 
 namespace memory {
 
-// `bytes` uninitialised bytes, aligned to 16; null when there are none to be had.
-void* allocate(std::size_t bytes);
-// Resizes a block; null, and the block untouched, on failure. A null block is allocated.
+// Resizes a block to `bytes` bytes, aligned to 16, the new ones uninitialised; null, and the block
+// untouched, on failure. A null block is allocated.
 void* reallocate(void* block, std::size_t bytes);
 void release(void* block);
 

@@ -17,9 +17,9 @@ inline std::uint64_t eight_letters(const Byte* bytes) {
   return __builtin_bswap64(load8(bytes)) ^ 0x8080808080808080U;
 }
 
-// The first position j >= from at which the eight letters are not greater than those at `at`. The
-// last seven positions have no eight letters: there j is reported for a closer look, as `from` is
-// when `at` is one of them.
+// The first position j >= from whose eight letters are not greater than those at `at`. The last
+// seven positions of a word have fewer than eight letters. The search stops at the first of them;
+// when `at` itself is one, it stops at `from`.
 inline std::size_t skip_greater(Bytes word, std::size_t at, std::size_t from) {
   if (at + 8 > word.size()) return from;
   const std::uint64_t bound = eight_letters(word.data() + at);

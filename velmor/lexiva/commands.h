@@ -1,6 +1,6 @@
 // The commands of the Lexiva package: one row each, which binds a name to an entry point of the
-// library and says what it does. Help, the command reference and the tests of the examples are
-// made from these rows.
+// library and says what it does. Help, completion and the tests of the examples are made from these
+// rows.
 #pragma once
 #include <span>
 #include <string_view>

@@ -10,11 +10,11 @@ namespace vstring::search {
 // Bounded stretch of an output chain that waits to be visited backwards.
 inline constexpr std::size_t kOutputWindow = 256;
 
-// Visits the patterns that end in a state, in the order that chains have which are built by
-// putting copies of the failure state's chain, entry by entry, in front of the state's own
-// pattern: each level reverses what it inherits. So with the state itself as 0, its failure state
-// as 1 and so on, the patterns of 1, 3, 5, ... come first and those of ..., 4, 2, 0 after them.
-// Nothing is copied, and memory stays linear in the patterns.
+// Visits the patterns that end in a state. A chain begins with the state's own pattern; then the
+// chain of the failure state is copied entry by entry, each copy put in front. So each level
+// reverses what it inherits: with the state itself as 0, its failure state as 1 and so on, the
+// patterns of 1, 3, 5, ... come first and those of ..., 4, 2, 0 after them. Here nothing is copied,
+// and memory stays linear in the patterns.
 //
 // A Cursor stands at a state; up() moves to the next one along the failure links that has a
 // pattern of its own, if any, and odd() tells how many links that were in all.
