@@ -23,6 +23,7 @@ namespace {
 
 using vstring::Byte;
 using vstring::Bytes;
+using vstring_bench::bytes;
 
 std::string file(const char* path) {
   std::ifstream in(path);

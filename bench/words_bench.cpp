@@ -17,6 +17,8 @@ namespace {
 
 using vstring::Byte;
 using vstring::Bytes;
+using vstring_bench::bytes;
+using vstring_bench::fibonacci_word;
 
 std::string random_word(std::size_t n, unsigned letters) {
   std::mt19937 engine(1);
