@@ -79,7 +79,7 @@ TEST(Classes, EveryCodeInEveryClass) {
       EXPECT_EQ(expected, facts.test(code) != 0) << facts.name << code;
       EXPECT_EQ(expected, (cclbm[code] & bit) != 0) << facts.name << code;
       if (code == 0) continue;
-      for (const std::size_t length : {1, 1500}) {
+      for (const std::size_t length : {1U, 1500U}) {
         const std::string bytes(length, static_cast<char>(code));
         EXPECT_EQ(expected, truth(facts.is, {bytes})) << facts.name << code;
         EXPECT_EQ(expected, truth(facts.has, {bytes})) << facts.name << code;
