@@ -2,7 +2,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include "heap/velmor_runtime.h"
+#include <velmor_runtime.h>
 
 static void show(VelmorHeap* heap, const char* what, VelmorCommand command, size_t n,
                  const HostObject* arguments) {

@@ -19,7 +19,7 @@
 #ifndef VELMOR_RUNTIME_H
 #define VELMOR_RUNTIME_H
 
-#include "host/vstring.h"
+#include <vstring.h>
 
 #ifdef __cplusplus
 extern "C" {
