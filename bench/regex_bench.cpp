@@ -99,13 +99,9 @@ class Ours {
     return n;
   }
   std::size_t replace(const std::string& text) const {
-    Replacement changes;
-    changes.find(*plan_, bytes(text), bytes(kTemplate));
-    auto* const result = static_cast<Byte*>(std::malloc(changes.length()));
-    changes.write({result, changes.length()});
-    changes.free();
-    std::free(result);
-    return changes.length();
+    vstring::Buffer<Byte> result;
+    replace_all(*plan_, bytes(text), bytes(kTemplate), result);
+    return result.size();
   }
 
  private:

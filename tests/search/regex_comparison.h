@@ -48,15 +48,11 @@ inline reference::Slots find_by(Method method, const Compiled& compiled, std::st
 
 inline std::optional<std::string> replaced_by(Method method, const Compiled& compiled,
                                               std::string_view text, std::string_view replacement) {
-  vstring::regex::Replacement changes;
-  std::optional<std::string> result;
-  if (changes.find(*compiled.plan, bytes_of(text), bytes_of(replacement), method) ==
-      vstring::regex::Outcome::no_match) {
-    result.emplace(changes.length(), '\0');
-    changes.write({reinterpret_cast<vstring::Byte*>(result->data()), result->size()});
-  }
-  changes.free();
-  return result;
+  vstring::Buffer<vstring::Byte> result;
+  if (replace_all(*compiled.plan, bytes_of(text), bytes_of(replacement), result, method) !=
+      vstring::regex::Outcome::no_match)
+    return std::nullopt;
+  return result.empty() ? std::string(text) : std::string(result.begin(), result.end());
 }
 
 inline std::optional<std::vector<std::string>> split_by(Method method, const Compiled& compiled,

@@ -140,20 +140,19 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
   }
   const Bytes text = args.text(2);
   const Plan& plan = compiled(args, text_of(left_side(rule)));
-  regex::Replacement replacement;
-  const Outcome outcome = replacement.find(plan, text, text_of(right_side(rule)));
-  if (outcome != Outcome::no_match) replacement.free();
+  // Built in a block, since what the scratch buffer holds stays when there is an error.
+  HeldArray<Byte> changed;
+  const Outcome outcome = regex::replace_all(plan, text, text_of(right_side(rule)), changed);
+  if (outcome != Outcome::no_match) changed.free();
   if (outcome == Outcome::out_of_space) raise_out_of_space(args);
   if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
   if (outcome == Outcome::empty_match) args.raise("cannot replace an empty match");
-  // An unchanged text is copied by the host alone, unless it is to pass through the scratch buffer.
-  if (!replacement.changes_text() && text.size() >= kScratchLimit) {
-    return host->HostNewString(chars(text));
-  }
-  TextResult result(args, replacement.length());
-  replacement.write(result.bytes());
-  replacement.free();
-  return result.object();
+  // A long one is copied by the host alone, a short one passes through the scratch buffer.
+  const Bytes result = changed.empty() ? text : changed.view();
+  const HostObject string =
+      result.size() < kScratchLimit ? new_string(args, result) : host->HostNewString(chars(result));
+  changed.free();
+  return string;
 }
 
 constexpr Signature kRegsplit = {2};

@@ -1,86 +1,73 @@
 #include "search/regex/replace.h"
 
+#include <algorithm>
+
 #include "bytes/copy.h"
+#include "search/regex/template.h"
 
 namespace vstring::regex {
+namespace {
 
-bool Replacement::record_number(std::size_t number) {
-  for (; number >= 128; number >>= 7) {
-    if (!matches_.push_back(static_cast<Byte>(number | 128))) return false;
-  }
-  return matches_.push_back(static_cast<Byte>(number));
-}
+// A text that grows, with room for a whole block behind what is written.
+class Output {
+ public:
+  explicit Output(HeldArray<Byte>& block) : block_(block) {}
 
-std::size_t Replacement::read_number(std::size_t& at) const {
-  std::size_t number = 0;
-  int shift = 0;
-  for (; matches_[at] >= 128; ++at, shift += 7) {
-    number |= std::size_t{matches_[at] & 127U} << shift;
+  // Makes room for `before` and then `more` bytes; false when memory fails.
+  bool make_room(std::size_t before, std::size_t more) {
+    std::size_t needed = length_ + before + kCopyBlock;
+    if (__builtin_add_overflow(needed, more, &needed)) return false;
+    return needed <= block_.size() || block_.resize(std::max(needed, 2 * block_.size()));
   }
-  return number | std::size_t{matches_[at++]} << shift;
-}
+  MutableBytes rest() const { return {block_.data() + length_, block_.size() - length_}; }
+  // What `rest` has become once it was written to.
+  void advance(MutableBytes rest) { length_ = block_.size() - rest.size(); }
+  std::size_t length() const { return length_; }
+  void end() {
+    block_[length_] = '\0';
+    (void)block_.resize(length_);
+  }
 
-bool Replacement::record(std::size_t place, const Match& match) {
-  if (!record_number(match.start() - place) || !record_number(match.end() - match.start())) {
-    return false;
-  }
-  for (int g = 1; g < kGroups; ++g) {
-    if ((groups_ >> g & 1) == 0) continue;
-    if (!match.has(g)) {
-      if (!record_number(0)) return false;
-    } else if (!record_number(match.start(g) - match.start() + 1) ||
-               !record_number(match.end(g) - match.start(g))) {
-      return false;
-    }
-  }
-  return true;
-}
+ private:
+  HeldArray<Byte>& block_;
+  std::size_t length_ = 0;
+};
 
-Outcome Replacement::find(const Plan& plan, Bytes text, Bytes replacement, Method method) {
-  text_ = text;
-  if (!template_.read(replacement)) return Outcome::out_of_memory;
-  groups_ = template_.groups() & ~1U;
+Outcome replace_all(const Plan& plan, Bytes text, const Template& parts, HeldArray<Byte>& result,
+                    Method method) {
   Matcher matcher(plan, text, method);
+  Output out(result);
   Match match;
   std::size_t place = 0;
-  std::size_t length = 0;
   do {
     const Outcome outcome = matcher.find(place, match);
-    if (outcome == Outcome::out_of_space) return Outcome::out_of_space;
+    if (outcome == Outcome::out_of_space) return outcome;
     if (outcome == Outcome::no_match) break;
     if (match.start() == match.end()) return Outcome::empty_match;
-    const Result<std::size_t> expansion = template_.expanded_length(text, match);
-    if (!expansion.ok() || !record(place, match)) return Outcome::out_of_memory;
-    if (__builtin_add_overflow(length, match.start() - place, &length) ||
-        __builtin_add_overflow(length, *expansion, &length)) {
-      return Outcome::out_of_memory;
-    }
+    const Result<std::size_t> expansion = parts.expanded_length(text, match);
+    // At first for the text as it is, then by doubling.
+    const std::size_t before = place == 0 ? text.size() : match.start() - place;
+    if (!expansion.ok() || !out.make_room(before, *expansion)) return Outcome::out_of_memory;
+    const MutableBytes rest = copy_part(out.rest(), text, place, match.start() - place);
+    out.advance(parts.expand(text, match, rest));
     place = match.end();
   } while (place < text.size());
-  if (__builtin_add_overflow(length, text.size() - place, &length_)) return Outcome::out_of_memory;
-  return length_ == 0 ? Outcome::empty_match : Outcome::no_match;
+  if (place == 0) return text.empty() ? Outcome::empty_match : Outcome::no_match;
+  if (!out.make_room(text.size() - place, 0)) return Outcome::out_of_memory;
+  out.advance(copy_into(out.rest(), text.subspan(place)));
+  out.end();
+  return out.length() == 0 ? Outcome::empty_match : Outcome::no_match;
 }
 
-void Replacement::write(MutableBytes out) const {
-  Match match;
-  match.clear();
-  std::size_t place = 0;
-  for (std::size_t at = 0; at < matches_.size();) {
-    const std::size_t start = place + read_number(at);
-    out = copy_part(out, text_, place, start - place);
-    match.slot[0] = start;
-    match.slot[1] = place = start + read_number(at);
-    for (int g = 1; g < kGroups; ++g) {
-      if ((groups_ >> g & 1) == 0) continue;
-      match.slot[2 * g] = match.slot[2 * g + 1] = npos;
-      const std::size_t distance = read_number(at);
-      if (distance == 0) continue;
-      match.slot[2 * g] = start + distance - 1;
-      match.slot[2 * g + 1] = match.slot[2 * g] + read_number(at);
-    }
-    out = template_.expand(text_, match, out);
-  }
-  copy_into(out, text_.subspan(place));
+}  // namespace
+
+Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, HeldArray<Byte>& result,
+                    Method method) {
+  Template parts;
+  const Outcome outcome = parts.read(replacement) ? replace_all(plan, text, parts, result, method)
+                                                  : Outcome::out_of_memory;
+  parts.free();
+  return outcome;
 }
 
 Outcome find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,

@@ -11,38 +11,14 @@
 #include "search/regex/match.h"
 #include "search/regex/matcher.h"
 #include "search/regex/plan.h"
-#include "search/regex/template.h"
 
 namespace vstring::regex {
 
-// What replacing does, found before any result is written.
-class Replacement {
- public:
-  // Finds all matches and the result's length. Requires plan and text to outlive it.
-  Outcome find(const Plan& plan, Bytes text, Bytes replacement, Method method = Method::automatic);
-
-  std::size_t length() const { return length_; }
-  bool changes_text() const { return !matches_.empty(); }
-  void write(MutableBytes out) const;  // length() bytes
-
-  void free() {
-    matches_.free();
-    template_.free();
-  }
-
- private:
-  bool record(std::size_t place, const Match& match);
-  bool record_number(std::size_t number);
-  std::size_t read_number(std::size_t& at) const;
-
-  Bytes text_;
-  Template template_;
-  std::size_t length_ = 0;
-  unsigned groups_ = 0;  // bit n: the template inserts group n > 0
-  // Per match: bytes before it, its length, and for each group inserted 0, or 1 + its distance
-  // from the match's start, then its length. In base 128, so a typical match takes two bytes.
-  HeldArray<Byte> matches_;
-};
+// Replaces every match as the template says. The new text goes to `result`, with a terminator
+// behind it; nothing goes there when there is no match. The result must not be empty, nor may any
+// match be: both are told by Outcome::empty_match.
+Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, HeldArray<Byte>& result,
+                    Method method = Method::automatic);
 
 // A piece of the text between matches.
 struct Cut {

@@ -1,14 +1,6 @@
 #include "search/regex/template.h"
 
-#include "bytes/copy.h"
-
 namespace vstring::regex {
-namespace {
-
-constexpr int kNoGroup = -1;
-
-}  // namespace
-
 bool Template::read(Bytes text) {
   const auto end_piece = [this](int group) {
     const std::size_t at = pieces_.empty() ? 0 : pieces_.back().at + pieces_.back().length;
@@ -28,34 +20,16 @@ bool Template::read(Bytes text) {
         ++i;
       }
     }
-    if (group != kNoGroup) groups_ |= 1U << group;
+    if (group != kNoGroup) {
+      groups_ |= 1U << group;
+      ++uses_[group];
+    }
     if (!(group == kNoGroup ? plain_.push_back(c) : end_piece(group))) return false;
   }
   // Room behind, so that the last bytes are copied as quickly as the first.
   length_ = plain_.size();
   constexpr Byte kRoom[kCopyBlock] = {};
   return end_piece(kNoGroup) && plain_.append(kRoom);
-}
-
-Result<std::size_t> Template::expanded_length(Bytes text, const Match& match) const {
-  std::size_t length = length_;
-  if (groups_ == 0) return length;
-  for (const Piece& piece : pieces_) {
-    if (piece.group == kNoGroup) continue;
-    const std::size_t group = match.group(text, piece.group).size();
-    if (__builtin_add_overflow(length, group, &length)) return Status::out_of_memory;
-  }
-  return length;
-}
-
-MutableBytes Template::expand(Bytes text, const Match& match, MutableBytes out) const {
-  for (const Piece& piece : pieces_) {
-    out = copy_part(out, plain_.view(), piece.at, piece.length);
-    if (piece.group == kNoGroup || !match.has(piece.group)) continue;
-    const std::size_t start = match.start(piece.group);
-    out = copy_part(out, text, start, match.end(piece.group) - start);
-  }
-  return out;
 }
 
 void Template::free() {
