@@ -38,6 +38,14 @@ VSTRING_AVX2 std::size_t find_in_blocks(const Byte* lower, const Byte* upper, bo
   return at;
 }
 
+VSTRING_AVX2 std::uint64_t members_of_two(const Byte* lower, const Byte* upper,
+                                          const Byte* blocks) {
+  const __m256i lower_rows = avx2::load_table(lower);
+  const __m256i upper_rows = avx2::load_table(upper);
+  const std::uint64_t second = members(lower_rows, upper_rows, blocks + avx2::kBlock);
+  return second << 32 | members(lower_rows, upper_rows, blocks);
+}
+
 #endif
 
 }  // namespace
@@ -55,6 +63,17 @@ std::size_t ByteScan::find_far(bool member, Bytes text, std::size_t at) const {
 #endif
   while (at < text.size() && set_.has(text[at]) != member) ++at;
   return at;
+}
+
+std::uint64_t ByteScan::members(Bytes text) const {
+#ifdef VSTRING_AVX2
+  if (has_avx2() && text.size() == 2 * avx2::kBlock) {
+    return members_of_two(lower_, upper_, text.data());
+  }
+#endif
+  std::uint64_t bits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) bits |= std::uint64_t{set_.has(text[i])} << i;
+  return bits;
 }
 
 }  // namespace vstring

@@ -2,6 +2,7 @@
 #pragma once
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "bytes/byte_set.h"
 #include "bytes/bytes.h"
@@ -20,6 +21,8 @@ class ByteScan {
   std::size_t find(Bytes text, std::size_t at) const { return find(true, text, at); }
   // The same for a byte that is not a member.
   std::size_t find_other(Bytes text, std::size_t at) const { return find(false, text, at); }
+  // Which bytes of a text of at most 64 are members, as bits.
+  std::uint64_t members(Bytes text) const;
 
  private:
   // What ends within a few bytes is not worth a vector.

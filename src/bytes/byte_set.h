@@ -35,6 +35,7 @@ class ByteSet {
       }
     }
   }
+  constexpr bool operator==(const ByteSet&) const = default;
   // Whether a byte is in both sets.
   constexpr bool meets(const ByteSet& other) const {
     for (int i = 0; i < 4; ++i) {

@@ -11,6 +11,7 @@
 #include "bytes/find_near.h"
 #include "bytes/find_pair.h"
 #include "bytes/prefix_filter.h"
+#include "bytes/scan_stream.h"
 
 namespace vstring_test {
 namespace {
@@ -62,6 +63,19 @@ TEST(Kernels, ByteScan) {
               scan.find(text, at));
     EXPECT_EQ(first_place(at, n, n, [&](std::size_t i) { return !set.has(text[i]); }),
               scan.find_other(text, at));
+  });
+}
+
+TEST(Kernels, ScanStream) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    const ByteScan scan(random_set(random, random() % 20));
+    ScanStream stream(scan, text);
+    for (std::size_t at = 0; at < text.size(); at += 1 + random() % 9) {
+      if (random() % 3 == 0) {
+        EXPECT_EQ(scan.find_other(text, at), stream.find_other(at));
+      }
+      EXPECT_EQ(scan.find(text, at), stream.find(at));
+    }
   });
 }
 

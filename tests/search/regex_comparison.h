@@ -37,7 +37,6 @@ using vstring::regex::Method;
 // The groups of the first match; all unset when there is none.
 inline reference::Slots find_by(Method method, const Compiled& compiled, std::string_view text) {
   vstring::regex::Match match;
-  match.clear();
   reference::Slots slots;
   slots.fill(-1);
   vstring::regex::Matcher matcher(*compiled.plan, bytes_of(text), method);

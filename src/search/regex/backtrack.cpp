@@ -121,7 +121,7 @@ Attempt Backtracker::run(std::size_t begin, std::size_t at, std::int64_t& credit
         break;
       case Step::turn_back:
         if (resume(now, credit, match)) break;
-        if (plan_.slot_count > 2) match.clear();
+        if (plan_.slot_count > 2) match.clear(plan_.slot_count);
         return Attempt::failed;
       case Step::accept:
         match.slot[0] = at;

@@ -34,7 +34,6 @@ int vrx_regexec(VstringRegex* regex, const char* text) {
     return 0;
   }
   Match match;
-  match.clear();
   const Outcome outcome = find_first(*regex, vstring::bytes_of(text), match);
   if (outcome == Outcome::out_of_space) vrx_regerror(errors::kOutOfSpace);
   const bool matched = outcome == Outcome::match;

@@ -28,7 +28,6 @@ class Analysis {
   };
 
   const State& state(StateNumber s) const { return plan_.states[s]; }
-  ByteSet first_bytes(const State& state) const;
   void push(States& states, StateNumber s) { has_memory_ = states.push_back(s) && has_memory_; }
 
   template <typename Enter>
@@ -59,18 +58,6 @@ class Analysis {
   StateNumber required_ = kFailState;
   bool must_is_known_ = false;  // to stand in every match, without looking for it
 };
-
-ByteSet Analysis::first_bytes(const State& state) const {
-  ByteSet set;
-  if (state.op == Op::literal || state.test == Test::byte) {
-    set.add(state.byte);
-  } else if (state.test == Test::set) {
-    set = plan_.sets[state.other].set();
-  } else {
-    set.complement();
-  }
-  return set;
-}
 
 // Enters the states that can be reached from one and that this round has not seen, depth first;
 // goes on from those for which `enter` is true.
@@ -125,7 +112,7 @@ bool Analysis::run(bool all) {
 // The bytes that a match can begin with.
 void Analysis::find_first() {
   ByteSet first;
-  for (const StateNumber s : takers_) first.unite(first_bytes(state(s)));
+  for (const StateNumber s : takers_) first.unite(plan_.first_bytes(state(s)));
   hints_.first = ByteScan(first);
 }
 
@@ -159,10 +146,10 @@ void Analysis::find_whole_runs() {
     ++round_;
     now_.clear();
     const Ahead ahead = look_ahead(run.next, now_, kMaxLook);
-    const ByteSet bytes = first_bytes(run);
+    const ByteSet bytes = plan_.first_bytes(run);
     run.takes_all = ahead.is_known && !(ahead.accepts && ahead.is_at_begin) &&
                     std::none_of(now_.begin(), now_.end(), [&](StateNumber next) {
-                      return bytes.meets(first_bytes(state(next)));
+                      return bytes.meets(plan_.first_bytes(state(next)));
                     });
   }
 }
@@ -182,7 +169,7 @@ void Analysis::find_prefixes() {
       ++round_;
       later->clear();
       for (const StateNumber s : *now) {
-        hints_.prefixes.add(prefix, i, first_bytes(state(s)));
+        hints_.prefixes.add(prefix, i, plan_.first_bytes(state(s)));
         const Ahead ahead = look_ahead(plan_.after(s), *later);
         if (ahead.accepts || ahead.is_at_end) length = i + 1;
       }
@@ -236,7 +223,7 @@ int Analysis::weight(const State& state) const {
       weight = std::min(weight + rarity(plan_.program[state.at + i]), kMost);
     }
   } else {
-    const ByteSet set = first_bytes(state);
+    const ByteSet set = plan_.first_bytes(state);
     set.for_each([&](Byte c) { weight = std::min(weight, rarity(c)); });
     weight -= set.count();
   }
@@ -264,7 +251,7 @@ void Analysis::find_lead() {
     if (state.op == Op::literal) {
       lead.unite(ByteSet(plan_.literal(state)));
     } else if (consumes(state.op)) {
-      lead.unite(first_bytes(state));
+      lead.unite(plan_.first_bytes(state));
     }
     return true;
   });

@@ -24,8 +24,9 @@ inline constexpr int kSlots = 2 * kGroups;
 struct Match {
   std::size_t slot[kSlots];
 
-  void clear() {
-    for (std::size_t& s : slot) s = npos;
+  Match() { clear(kSlots); }
+  void clear(std::size_t slots) {
+    for (std::size_t i = 0; i < slots; ++i) slot[i] = npos;
   }
   std::size_t start(int group = 0) const { return slot[2 * group]; }
   std::size_t end(int group = 0) const { return slot[2 * group + 1]; }

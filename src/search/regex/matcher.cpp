@@ -33,6 +33,7 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
                   ? INT64_MAX
                   : static_cast<std::int64_t>(first_credit(text.size()))),
       starts_(plan, text),
+      stream_(plan.hints.first, text),
       backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames),
       simulation_(plan, text, starts_),
       two_pass_(plan, text) {}
@@ -45,6 +46,7 @@ void Matcher::earn(std::size_t bytes) {
 }
 
 Outcome Matcher::find(std::size_t begin, Match& match) {
+  if (plan_.single != kFailState && method_ == Method::automatic) return find_single(begin, match);
   if (!starts_.has_must(begin)) return Outcome::no_match;
   const bool looks_ahead = simulation_.work() / kMaxRounds > text_.size() + kFreeWork;
   if (!two_pass_ready_ &&
@@ -58,8 +60,22 @@ Outcome Matcher::find(std::size_t begin, Match& match) {
   return backtrack(begin, match);
 }
 
+Outcome Matcher::find_single(std::size_t begin, Match& match) {
+  const State& state = plan_.states[plan_.single];
+  const bool is_word = state.op == Op::literal && state.other > 1;
+  const std::size_t start = is_word ? starts_.next(begin) : stream_.find(begin);
+  if (start >= text_.size()) return Outcome::no_match;
+  const std::size_t end = state.op == Op::plus ? stream_.find_other(start + 1)
+                          : is_word            ? start + state.other
+                                               : start + 1;
+  for (std::size_t slot = 0; slot < plan_.slot_count; ++slot) {
+    match.slot[slot] = (plan_.start_slots >> slot & 1) != 0 ? start : end;
+  }
+  return Outcome::match;
+}
+
 Outcome Matcher::backtrack(std::size_t begin, Match& match) {
-  match.clear();
+  match.clear(plan_.slot_count);
   std::size_t at = begin;
   for (;;) {
     if (!plan_.anchored) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "bytes/bytes.h"
+#include "bytes/scan_stream.h"
 #include "search/regex/backtrack.h"
 #include "search/regex/match.h"
 #include "search/regex/plan.h"
@@ -42,6 +43,7 @@ class Matcher {
   Work work() const { return {attempts_, spent_, simulation_.work(), two_pass_ready_}; }
 
  private:
+  Outcome find_single(std::size_t begin, Match& match);
   Outcome backtrack(std::size_t begin, Match& match);
   Outcome simulate(std::size_t begin, std::size_t from, Match& match);
   void earn(std::size_t bytes);
@@ -53,6 +55,7 @@ class Matcher {
   std::size_t attempts_ = 0;
   std::size_t spent_ = 0;  // credit
   Starts starts_;
+  ScanStream stream_;  // of what a match begins with
   Backtracker backtracker_;
   Simulation simulation_;
   TwoPass two_pass_;

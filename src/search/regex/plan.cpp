@@ -253,6 +253,33 @@ void believe_first_byte(Hints& hints, const Byte& first) {
   hints.first = ByteScan(ByteSet(hints.prefix));
 }
 
+// Passes over saves, noting their captures.
+StateNumber pass_saves(const Plan& plan, StateNumber s, std::uint32_t& slots) {
+  for (int i = 0; i < 2 * kGroups && plan.states[s].op == Op::save; ++i, s = plan.states[s].next) {
+    slots |= 1U << plan.states[s].slot;
+  }
+  return s;
+}
+
+void find_single(Plan& plan) {
+  const Hints& hints = plan.hints;
+  plan.start_slots = 1;
+  const StateNumber s = pass_saves(plan, plan.start, plan.start_slots);
+  const State& state = plan.states[s];
+  const bool is_single =
+      state.op == Op::literal || state.op == Op::one || (state.op == Op::plus && state.takes_all);
+  if (!is_single || plan.anchored || !hints.must.empty()) return;
+  std::uint32_t end_slots = 0;
+  const StateNumber last = pass_saves(plan, state.next, end_slots);
+  if (plan.states[last].op != Op::accept) return;
+  const bool is_known = state.op == Op::literal && state.other > 1
+                            ? equal(hints.prefix, plan.literal(state))
+                            : hints.has_first && hints.first.set() == plan.first_bytes(state);
+  if (!is_known) return;
+  plan.single = s;
+  plan.start_slots &= ~end_slots;
+}
+
 }  // namespace
 
 Plan* make_plan(const VstringRegex& regex, bool all_hints) {
@@ -264,6 +291,7 @@ Plan* make_plan(const VstringRegex& regex, bool all_hints) {
     return nullptr;
   }
   believe_first_byte(plan->hints, regex.first_byte);
+  find_single(*plan);
   return plan;
 }
 

@@ -88,16 +88,28 @@ struct Plan {
   const ByteScan* sets;
   std::uint32_t state_count;
   StateNumber start;
-  std::uint32_t slot_count;  // captures beyond these are never set
-  StateNumber first_run;     // a star or plus that every match begins with; kFailState: none
-  bool has_bol;              // whether the answer can depend on where the text starts
-  bool anchored;             // tried at the start of the text only
+  std::uint32_t slot_count;   // captures beyond these are never set
+  StateNumber first_run;      // a star or plus that every match begins with; kFailState: none
+  StateNumber single;         // groups aside, a match is what this state takes wherever one can
+                              // start; kFailState: it is not as simple as that
+  std::uint32_t start_slots;  // bit n: capture n is where that match starts, not where it ends
+  bool has_bol;               // whether the answer can depend on where the text starts
+  bool anchored;              // tried at the start of the text only
   Hints hints;
 
   // Whether a state that consumes takes this byte first.
   bool takes(const State& state, Byte c) const {
     if (state.op == Op::literal || state.test == Test::byte) return c == state.byte;
     return state.test == Test::any || sets[state.other].has(c);
+  }
+
+  // The bytes that a state that consumes can take first.
+  ByteSet first_bytes(const State& state) const {
+    if (state.op == Op::literal || state.test == Test::byte) return ByteSet(Bytes(&state.byte, 1));
+    if (state.test == Test::set) return sets[state.other].set();
+    ByteSet all;
+    all.complement();
+    return all;
   }
 
   // Where the longest run of bytes that a star or plus takes ends.

@@ -93,7 +93,6 @@ bool Simulation::step(std::size_t at, Match& match) {
     const State& s = plan_.states[state];
     std::size_t* const captures = slots_of(now_, state);
     if (s.op == Op::accept) {
-      match.clear();
       std::copy_n(captures, plan_.slot_count, match.slot);
       match.slot[1] = at;
       return true;

@@ -162,7 +162,7 @@ bool TwoPass::run(std::size_t begin, Match& match) {
     if (plan_.anchored || start == text_.size()) return false;
     ++start;
   }
-  match.clear();
+  match.clear(plan_.slot_count);
   std::size_t at = start;
   StateNumber s = plan_.start;
   while (plan_.states[s].op != Op::accept) s = step(begin, s, at, match);
