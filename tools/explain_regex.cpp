@@ -148,6 +148,7 @@ void print_search(const Plan& plan, const std::string& text, bool first_only) {
   std::printf("search in %zu bytes\n", text.size());
   if (!first_only || matches == 0) std::printf("  %-19s%zu\n", "matches", matches);
   std::printf("  %-19s%zu attempts, %zu credit\n", "backtracking", work.attempts, work.credit);
+  std::printf("  %-19s%zu bytes, %zu sets of states\n", "gate", work.gated, work.sets);
   std::printf("  %-19s%zu bytes\n", "simulation", work.simulated);
   std::printf("  %-19s%s\n", "backward pass", work.two_pass ? "yes" : "no");
 }

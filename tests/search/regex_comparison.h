@@ -83,8 +83,8 @@ inline std::string difference(const Compiled& compiled, const reference::Regex& 
   }
   const auto replaced = is_cheap ? reference::replace_all(expected, text, replacement) : "";
   const auto pieces = is_cheap ? reference::split(expected, text) : std::nullopt;
-  for (const Method method :
-       {Method::automatic, Method::backtracking, Method::simulation, Method::two_pass}) {
+  for (const Method method : {Method::automatic, Method::backtracking, Method::simulation,
+                              Method::gated, Method::two_pass}) {
     const std::string where =
         " by method " + std::to_string(static_cast<int>(method)) + " on " + std::string(text);
     if (find_by(method, compiled, text) != slots) return "match" + where;

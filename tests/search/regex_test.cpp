@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -184,6 +185,22 @@ TEST(Regex, NoPatternRunsAway) {
         velmor_equation(heap, velmor_string(heap, pattern), velmor_string(heap, "x"));
     EXPECT_EQ("\"" + x + "\"", call(vstring_regsubs, {rule, velmor_string(heap, a.c_str())}))
         << pattern;
+  }
+}
+
+// Sets of states that never come again: the gate gives up, and the simulation goes on alone.
+TEST(Regex, TooManySetsOfStates) {
+  std::mt19937 random(1);
+  std::string text;
+  while (text.size() < 50000) text += random() % 2 == 0 ? 'a' : 'b';
+  std::string pattern = "a";
+  for (int i = 0; i < 20; ++i) pattern += "[ab]";
+  for (const char* const end : {"(c|d)", "c$", "(d|^)"}) {
+    const Compiled compiled(pattern + end);
+    const auto expected = find_by(Method::simulation, compiled, text + "c");
+    EXPECT_EQ(expected, find_by(Method::gated, compiled, text + "c")) << end;
+    EXPECT_EQ(expected, find_by(Method::automatic, compiled, text + "c")) << end;
+    EXPECT_EQ(expected[0] >= 0, truth(vstring_regmatch, {pattern + end, text + "c"})) << end;
   }
 }
 

@@ -15,8 +15,9 @@ constexpr std::size_t kMaxCredit = std::size_t{1} << 18;
 // Open choices: 1.5 MiB of stack.
 constexpr std::size_t kMaxFrames = std::size_t{1} << 16;
 
-// The simulation reads a text once and a little more, unless searches look ahead over and over.
-constexpr std::size_t kMaxRounds = 3;
+// The simulations of all searches together read a text once and a little more, unless searches look
+// ahead over and over.
+constexpr std::size_t kMaxRounds = 1;
 constexpr std::size_t kFreeWork = 4096;
 
 constexpr std::size_t first_credit(std::size_t length) {
@@ -35,6 +36,7 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
       starts_(plan, text),
       stream_(plan.hints.first, text),
       backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames),
+      gate_(plan, text),
       simulation_(plan, text, starts_),
       two_pass_(plan, text) {}
 
@@ -56,8 +58,15 @@ Outcome Matcher::find(std::size_t begin, Match& match) {
     if (!two_pass_ready_) method_ = Method::simulation;
   }
   if (two_pass_ready_) return two_pass_.run(begin, match) ? Outcome::match : Outcome::no_match;
-  if (method_ == Method::simulation) return simulate(begin, begin, match);
+  if (method_ == Method::simulation || method_ == Method::gated)
+    return simulate(begin, begin, match);
   return backtrack(begin, match);
+}
+
+Outcome Matcher::test() {
+  only_tests_ = true;
+  Match match;
+  return find(0, match);
 }
 
 Outcome Matcher::find_single(std::size_t begin, Match& match) {
@@ -106,6 +115,11 @@ Outcome Matcher::backtrack(std::size_t begin, Match& match) {
 }
 
 Outcome Matcher::simulate(std::size_t begin, std::size_t from, Match& match) {
+  if (method_ != Method::simulation) {
+    const Gate::Answer answer = gate_.run(begin, from);
+    if (answer == Gate::Answer::no) return Outcome::no_match;
+    if (answer == Gate::Answer::yes && only_tests_) return Outcome::match;
+  }
   if (!simulation_.prepare()) return Outcome::out_of_space;
   if (!simulation_.run(begin, from, match)) return Outcome::no_match;
   earn(match.end() - from + 1);

@@ -11,6 +11,7 @@
 #include "bytes/bytes.h"
 #include "bytes/scan_stream.h"
 #include "search/regex/backtrack.h"
+#include "search/regex/gate.h"
 #include "search/regex/match.h"
 #include "search/regex/plan.h"
 #include "search/regex/simulate.h"
@@ -21,12 +22,14 @@ namespace vstring::regex {
 
 // Automatic is what users get; the others hold a Matcher to one method, for tests that compare
 // them.
-enum class Method : std::uint8_t { automatic, backtracking, simulation, two_pass };
+enum class Method : std::uint8_t { automatic, backtracking, simulation, gated, two_pass };
 
 // What the searches of a matcher have cost so far.
 struct Work {
   std::size_t attempts;   // to backtrack from some place
   std::size_t credit;     // used up by them
+  std::size_t gated;      // bytes that the gate has looked at,
+  std::size_t sets;       // and how many sets of states it has made
   std::size_t simulated;  // bytes that the simulation has looked at
   bool two_pass;          // whether the backward pass has been made
 };
@@ -40,7 +43,12 @@ class Matcher {
   // one.
   Outcome find(std::size_t begin, Match& match);
 
-  Work work() const { return {attempts_, spent_, simulation_.work(), two_pass_ready_}; }
+  // Whether there is a match at all: match or no_match, unless memory fails.
+  Outcome test();
+
+  Work work() const {
+    return {attempts_, spent_, gate_.work(), gate_.sets(), simulation_.work(), two_pass_ready_};
+  }
 
  private:
   Outcome find_single(std::size_t begin, Match& match);
@@ -51,12 +59,14 @@ class Matcher {
   const Plan& plan_;
   const Bytes text_;
   Method method_;
+  bool only_tests_ = false;  // a yes will do
   std::int64_t credit_;
   std::size_t attempts_ = 0;
   std::size_t spent_ = 0;  // credit
   Starts starts_;
   ScanStream stream_;  // of what a match begins with
   Backtracker backtracker_;
+  Gate gate_;
   Simulation simulation_;
   TwoPass two_pass_;
   bool two_pass_ready_ = false;

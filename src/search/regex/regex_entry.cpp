@@ -40,12 +40,13 @@ const Plan& compiled(const Args& args, Bytes pattern) {
   return *plan;
 }
 
-Outcome find_first(const Plan& plan, Bytes text, Match& match) {
-  return regex::Matcher(plan, text).find(0, match);
+Outcome find_first(const Plan& plan, Bytes text, Match* match) {
+  regex::Matcher matcher(plan, text);
+  return match == nullptr ? matcher.test() : matcher.find(0, *match);
 }
 
-// Whether the pattern matches; the groups are in `match` then.
-bool matches(const Args& args, Bytes pattern, Bytes text, Match& match) {
+// Whether the pattern matches; the groups are in `match` then, if that is not null.
+bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
   const Outcome outcome = find_first(compiled(args, pattern), text, match);
   if (outcome == Outcome::out_of_space) raise_out_of_space(args);
   return outcome == Outcome::match;
@@ -84,7 +85,7 @@ HostObject vstring_regmatch(const HostTable* host, HostObject argseq) {
     host->HostUserInfo(3, "Lexiva", "WARNING: arguments after the twelfth will be ignored");
   }
   Match match;
-  const bool matched = matches(args, pattern, text, match);
+  const bool matched = matches(args, pattern, text, args.has(kFirstName) ? &match : nullptr);
   for (int i = kFirstName; matched && i <= kLastName && args.has(i); ++i) {
     const int group = i - kFirstName;
     if (!match.has(group)) continue;
@@ -103,7 +104,7 @@ HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   const Bytes text = args.text(2);
   const Bytes replacement = args.text(3);
   Match match;
-  if (!matches(args, pattern, text, match)) return host->HostToBoolean(-1);
+  if (!matches(args, pattern, text, &match)) return host->HostToBoolean(-1);
   regex::Template parts;
   if (!parts.read(replacement)) {
     parts.free();
