@@ -69,8 +69,25 @@ TEST_F(CommandLine, StandardInputAndFiles) {
          error + a + ", line 3)\n");
   expect("$V " + a + " " + file("c.velmor", "y :=\n3;\nx y;x;"), 1, "",
          "Error, unexpected `y' (" + path("c.velmor") + ", line 3)\n  x y;\n    ^\n");
-  expect("$V " + file("empty", "") + " " + path("none"), 1, "",
-         "Error, cannot read " + path("none") + "\n");
+  expect("$V " + file("empty", "") + " " + path("none") + " " +
+             file("c.velmor",
+                  "\xef\xbb\xbf"
+                  "3;"),
+         1, "3\n", "Error, cannot read " + path("none") + ": No such file or directory\n");
+  input_ = "1";
+  expect("$V -", 0, "1\n", "");
+}
+
+TEST_F(CommandLine, ExpressionsInOtherForms) {
+  expect(
+      "$V --json -e 'searchx(\"z\", \"abc\"), [1, -12345678901234567890], {true, FAIL}, 1.5'"
+      " -e 'searchx(\"b\", \"abc\")' -e 'x := 2' -e NULL",
+      0, "[[],[1,-12345678901234567890],[true,null],1.5]\n[2]\nnull\n", "");
+  expect(R"($V --json -e '"\"\\\n\001\351", [], abc, 1 .. 2, ()')", 0,
+         "[\"\\\"\\\\\\n\\u0001\xc3\xa9\",[],\"abc\",\"1 .. 2\"]\n", "");
+  expect(R"($V --tsv -e '"a\tb\\", [1, "c"], FAIL' -e '["x", "y"]' -e '"z"')", 0,
+         "a\\tb\\\\\t[1, \"c\"]\tFAIL\nx\ty\nz\n", "");
+  expect(R"($V -r -e '"a\nb\351"' -e '["a"]')", 0, "a\nb\xe9\n[\"a\"]\n", "");
 }
 
 // A program that drives velmor through pipes gets each answer before it sends the next line.
@@ -91,20 +108,136 @@ TEST_F(CommandLine, MapAnswersEachLine) {
   expect("$V map 'reverse(_)'", 0, "cba\n\nzyx", "");
   expect("$V map 'length(_), _'", 0, "3, \"abc\"\n0, \"\"\n3, \"xyz\"", "");
   expect("$V map --init 'n := 2; s := \"-\"' 'cap(take(_, n), s, s)'", 0, "-ab-\n--\n-xy-", "");
+  expect("$V map --init 'n := 2' --init-file " + file("init", "\xef\xbb\xbfn := n + 1;") + " n -",
+         0, "3\n3\n3", "");
   expect("$V map NULL", 0, "\n\n", "");
-  expect("$V map _ " + file("a", "1\n2") + " " + file("b", "3\n"), 0, "1\n23\n", "");
+  expect("$V map -- '-1 + length(_)'", 0, "2\n-1\n2", "");
+  expect("$V map --json 'searchx(\"b\", _)'", 0, "[2]\n[]\n[]", "");
+  expect("$V map --tsv '_n, [_]'", 0, "1\t[\"abc\"]\n2\t[\"\"]\n3\t[\"xyz\"]", "");
+  expect("$V map _ " + file("a", "1\n2") + " " + file("b", "3\n"), 0, "1\n2\n3\n", "");
+  expect("$V map '_n, _file' " + path("a") + " - " + path("b"), 0,
+         "1, \"" + path("a") + "\"\n2, \"" + path("a") + "\"\n1, \"-\"\n2, \"-\"\n3, \"-\"\n1, \"" +
+             path("b") + "\"\n",
+         "");
   expect("$V map 'exchange(_, 1, 3)' " + file("c", "abc\nab\nxyz\n"), 1, "cba\n\nzyx\n",
          "Error, (in exchange) third argument is too large (line 2)\n");
-  expect("$V map _ " + path("a") + " " + file("d", std::string("a\0b\nc\n", 6)), 1, "1\n2\nc\n",
+  expect("$V map _ " + path("a") + " " + file("d", std::string("a\0b\nc\n", 6)), 1, "1\n2\n\nc\n",
          "Error, a string cannot hold a zero byte (" + path("d") + ", line 1)\n");
   expect("cd " + directory_.string() + "; $V map _ " +
              std::filesystem::path(file("help", "4")).filename().string(),
          0, "4", "");
   expect("$V map 'reverse(_'", 1, "",
          "Error, unexpected end of the statement\n  reverse(_\n           ^\n");
-  expect("$V map --init 'take(1)' _", 1, "", "Error, (in take) expecting 2 arguments, but got 1\n");
-  expect("$V map _ " + path("none"), 1, "",
-         "Error, cannot open " + path("none") + ": No such file or directory\n");
+  expect("$V map --init 'take(1)' _", 1, "",
+         "Error, (in take) expecting 2 arguments, but got 1 (--init, line 1)\n");
+  expect("$V map --init '1: 2 2' _", 1, "",
+         "Error, unexpected `2' (--init, line 1)\n   2 2\n     ^\n");
+  expect("$V map 'revers(_)'", 2, "", "Error, no command revers; did you mean reverse?\n");
+  expect("$V map --init 'f := g' 'f(_)'", 2, "\n\n",
+         "Error, no command g (line 1)\nError, no command g (line 2)\n"
+         "Error, no command g (line 3)\n");
+}
+
+TEST_F(CommandLine, FilterAndCount) {
+  input_ = "b\na\n\nb\nab\nb";
+  expect("$V filter 'isprefix(\"a\", _)'", 0, "a\nab\n", "");
+  expect("$V filter 'isprefix(\"c\", _)'", 0, "", "");
+  expect("$V filter 'isprefix(\"b\", _)'", 0, "b\nb\nb", "");
+  expect("$V filter 'regsub(\"a\", _, \"&\")'", 1, "",
+         "Error, expecting true or false, but got FAIL (line 1)\n"
+         "Error, expecting true or false, but got \"a\" (line 2)\n"
+         "Error, expecting true or false, but got FAIL (line 3)\n"
+         "Error, expecting true or false, but got FAIL (line 4)\n"
+         "Error, expecting true or false, but got \"a\" (line 5)\n"
+         "Error, expecting true or false, but got FAIL (line 6)\n");
+  expect("$V filter NULL --max-errors 1", 1, "",
+         "Error, expecting true or false, but got no value (line 1)\n"
+         "Error, 6 evaluations failed, 1 of them are shown\n");
+  expect("$V count _", 0, "3\tb\n1\ta\n1\t\n1\tab\n", "");
+  expect("$V count 'length(_)' - " + file("x", "abc\nab"), 0, "4\t1\n2\t2\n1\t0\n1\t3\n", "");
+  expect("$V count --json '_, 1'", 0,
+         "[3,[\"b\",1]]\n[1,[\"a\",1]]\n[1,[\"\",1]]\n[1,[\"ab\",1]]\n", "");
+}
+
+TEST_F(CommandLine, FieldsOfALine) {
+  input_ = "a  b\tc\n\n d\n";
+  expect("$V map '_1, _3, _10'", 0, "\"a\", \"c\", \"\"\n\"\", \"\", \"\"\n\"d\", \"\", \"\"\n",
+         "");
+  expect(R"($V map -F '\t' '_1, _2')", 0, "\"a  b\", \"c\"\n\"\", \"\"\n\" d\", \"\"\n", "");
+  expect("$V map -F ' ' --json '[_1, _2, _3]'", 0,
+         "[\"a\",\"\",\"b\\tc\"]\n[\"\",\"\",\"\"]\n[\"\",\"d\",\"\"]\n", "");
+  expect(R"($V map -F '\x62\011' --init 'f := "_9"' _2)", 0, "c\n\n\n", "");
+  for (const char* separator : {"''", R"('\q')", R"('\')", R"('\0')", R"('\x')"})
+    EXPECT_EQ(shell(std::string("$V map _1 -F ") + separator), 2) << separator;
+}
+
+TEST_F(CommandLine, OtherRecords) {
+  input_ = std::string("a\0b\nc\0d", 7);
+  expect("$V map -0 'reverse(_)'", 0, std::string("a\0c\nb\0d", 7), "");
+  input_ = "\n\none\ntwo\n\n\nthree\n";
+  expect("$V map --paragraphs '_n, _'", 0, "3, \"one\\ntwo\"\n\n7, \"three\"\n", "");
+  expect("$V filter --paragraphs 'has(\"w\", _)'", 0, "one\ntwo\n", "");
+  expect("$V filter --paragraphs true", 0, "one\ntwo\n\nthree\n", "");
+  expect("$V map --paragraphs --json 'length(_)'", 0, "7\n5\n", "");
+  input_ = "\n>s1 the first\nACGT\n\nAC\n>\n>s3\nGG";
+  expect("$V map --fasta 'cap(_, _id, \":\")'", 0, ">s1 the first\ns1ACGTAC:\n>\n:\n>s3\ns3GG:\n",
+         "");
+  expect("$V map --fasta --tsv '_id, _n, length(_)'", 0, "s1\t2\t6\n\t6\t0\ns3\t7\t2\n", "");
+  expect("$V filter --fasta 'has(\"A\", _)'", 0, ">s1 the first\nACGT\n\nAC\n", "");
+  expect("$V count --fasta 'has(\"A\", _)'", 0, "2\tfalse\n1\ttrue\n", "");
+  expect("$V map --fasta _ " + file("plain", "ACGT\n>s\nA\n"), 1, "\n>s\nA\n",
+         "Error, text before the first FASTA header (line 1)\n");
+}
+
+TEST_F(CommandLine, CarriageReturns) {
+  input_ = "a\r\nb\r\n";
+  expect("$V map 'length(_)'", 0, "2\n2\n",
+         "Warning, a carriage return ends a line; --crlf drops it (line 1)\n");
+  expect("$V map --crlf 'length(_)'", 0, "1\n1\n", "");
+  input_ = "a\r\n\r\nb\r\n";
+  expect("$V map --crlf --paragraphs _", 0, "a\n\nb\n", "");
+}
+
+TEST_F(CommandLine, FilesThatCannotBeReadDoNotStopTheOthers) {
+  const std::string files =
+      file("a", "x\ny\n") + " " + path("none") + " " + directory_.string() + " " + path("a");
+  const std::string errors = "Error, cannot read " + path("none") +
+                             ": No such file or directory\nError, cannot read " +
+                             directory_.string() + ": Is a directory\n";
+  for (const char* workers : {"", " -j 2"}) {
+    expect("$V map _ " + files + workers, 1, "x\ny\nx\ny\n", errors);
+    expect("$V filter true " + files + workers, 1, "x\ny\nx\ny\n", errors);
+    expect("$V count _ " + files + workers, 1, "2\tx\n2\ty\n", errors);
+  }
+}
+
+// What has come in is answered before more does.
+TEST_F(CommandLine, APauseInTheInputIsAnswered) {
+  for (const std::string options : {"", "-j 2"}) {
+    const std::string pipe = path("p" + std::to_string(options.size()));
+    const std::string line =
+        "mkfifo " + pipe + "; $V map " + options + " 'reverse(_)' <" + pipe + " | (exec 3>" + pipe +
+        "; for w in ab cde; do printf \"$w\\n$w\" >&3; read -r answer; echo \"got $answer\"; done;"
+        " exec 3>&-; cat)";
+    EXPECT_EQ(shell("(" + line + ")"), 0);
+    EXPECT_EQ(contents("out"), "got ba\ngot edcba\nedc");
+  }
+}
+
+// Workers give the answers of one process: lines, errors and their order, byte for byte.
+TEST_F(CommandLine, WorkersAnswerInOrder) {
+  std::string text;
+  for (std::size_t i = 0; i < 60'000; ++i) text += std::string(i * i % 97, 'x') + "\n\n>";
+  file("text", text);
+  for (const std::string job :
+       {"map 'reverse(_), _n'", "filter 'isprefix(\">x\", _)'", "count 'length(_)'",
+        "map --max-errors 100000 'substr(_, 3 .. 4)'", "map --paragraphs 'length(_)'",
+        "count --fasta --json '_'", "map --init 'x := 3' 'x'"}) {
+    const int status = shell("$V " + job + " " + path("text"));
+    const std::string out = contents("out"), err = contents("err");
+    expect("$V " + job + " -j 3 " + path("text"), status, out, err);
+    EXPECT_NE(out, "");
+  }
 }
 
 // Lines around and beyond the size of a block, all bytes, with and without a newline at the end.
@@ -150,12 +283,41 @@ TEST_F(CommandLine, LibraryAndUsage) {
   EXPECT_NE(contents("err").find(" is another library\n"), std::string::npos) << contents("err");
   expect("VSTRING_LIBRARY=./none $V --library " VSTRING_LIBRARY_FILE " -e 'version()'", 0, "5\n",
          "");
-  for (const char* line : {"$V map", "$V --unknown", "$V -e", "$V -e 1 file"}) {
+  for (const char* line :
+       {"$V map", "$V --unknown", "$V -e", "$V -e 1 file", "$V -e 1 map _", "$V map _ -e 1",
+        "$V --version -e 1", "$V --version file", "$V --json file", "$V -r", "$V file map _",
+        "$V map _ -j 0", "$V map _ --max-errors -1", "$V map _ --json --tsv", "$V map _ -0 --fasta",
+        "$V completion tcsh", "$V filter --json true"}) {
     EXPECT_EQ(shell(line), 2) << line;
     EXPECT_NE(contents("err"), "") << line;
   }
-  EXPECT_EQ(shell("($V -e 1 >/dev/full)"), 1);
-  EXPECT_EQ(contents("err"), "Error, cannot write\n");
+}
+
+TEST_F(CommandLine, OutputThatCannotBeWritten) {
+  input_ = "1;\n";
+  for (const char* line : {"$V -e 1", "$V", "$V -", "$V map _", "$V map -j 2 _", "$V filter true",
+                           "$V count _", "$V help", "$V help take", "$V --help", "$V map --help",
+                           "$V --version", "$V completion zsh", "$V manual"}) {
+    EXPECT_EQ(shell(std::string("(") + line + " >/dev/full)"), 1) << line;
+    EXPECT_EQ(contents("err"), "Error, cannot write: No space left on device\n") << line;
+  }
+  expect("(yes | $V map _ | head -n 1)", 0, "y\n", "");
+  expect("(yes '1;' | $V | head -n 1)", 0, "1\n", "");
+}
+
+// The completion of bash, as bash asks for it.
+TEST_F(CommandLine, CompletionAndManual) {
+  const std::string ask =
+      "bash -c 'source <($V completion bash); COMP_WORDS=(velmor \"$@\"); COMP_CWORD=$#; _velmor;"
+      " echo ${COMPREPLY[*]}' _ ";
+  expect("export V; " + ask + "f", 0, "filter\n", "");
+  expect("export V; " + ask + "map --pa", 0, "--paragraphs\n", "");
+  expect("export V; " + ask + "help levensh", 0, "levenshtein\n", "");
+  expect("export V; " + ask + "completion ''", 0, "bash zsh fish\n", "");
+  EXPECT_EQ(shell("$V manual"), 0);
+  for (const char* word :
+       {".TH VELMOR 1", "\\fB\\-\\-max\\-errors\\fR \\fIN\\fR", "\\fBtake(s, n)"})
+    EXPECT_NE(contents("out").find(word), std::string::npos) << word;
 }
 
 TEST(Prompt, TalksAtATerminal) {
