@@ -105,7 +105,8 @@ TEST_F(SessionTest, Scripts) {
             "x := \"ba\", 1\n2\n\"ba\", 1\n---\n0");
   EXPECT_EQ(run(session_, "1;\n 2 3;\nf(\"a;\n);4;"),
             "1\n4\n---\nError, unexpected `3'\n   2 3;\n     ^\n"
-            "Error, the string is not closed on its line\n  f(\"a;\n    ^\n1");
+            "Error, the string is not closed on its line\n  f(\"a;\n    ^\n"
+            "Error, unexpected `)'\n  );\n  ^\n1");
   EXPECT_EQ(run(session_, "with(Other); with()"),
             "---\nError, (in with) no such package: Other\n"
             "Error, (in with) expecting the name of a package\n1");
@@ -140,6 +141,83 @@ TEST_F(SessionTest, TryComparesValues) {
   EXPECT_EQ(run(session_, "TRY(7, reverse(\"ab\"), `ba`); TRY(1, 2)"),
             "---\nError, (in TRY) test 7 failed: expected ba, got \"ba\"\n"
             "Error, (in TRY) expecting a number, a call and its expected value\n1");
+}
+
+TEST_F(SessionTest, ComparingAndLogic) {
+  check(
+      {{"1 == 1.0, \"a\" == `a`, [1, {x}] == [1, {x}], NULL <> NULL", "true, false, true, false"},
+       {"\"a\" < \"ab\", \"b\" >= \"ab\", -2 <= -2.0, 2 > 10", "true, true, true, false"},
+       {"100000000000000000000 > 99999999999999999999, -100000000000000000000 < 5", "true, true"},
+       {"not 1 == 2 and (true or nothing)", "true"},
+       {"1 < \"a\"", "error: expecting two numbers or two strings around `<', but got 1 and \"a\""},
+       {"true and x", "error: expecting true or false beside `and', but got x"}});
+}
+
+TEST_F(SessionTest, Indexing) {
+  check({{"s := \"hello\", 7", "\"hello\", 7"},
+         {"s[1][2 .. -2], s[-1], 7[1], {1, 2}[2 .. 1], s[2 .. 2]", "\"ell\", 7, 7, {}, 7"},
+         {"[4, 5, 6][-2 .. -1], \"abc\"[4 .. 3], \"\"[1 .. 0]", "[5, 6], \"\", \"\""},
+         {"s[0]", "error: index 0 is outside of 1 .. 2"},
+         {"[1][2]", "error: index 2 is outside of 1 .. 1"},
+         {"[1][9223372036854775808]", "error: index 9223372036854775808 is outside of 1 .. 1"},
+         {"\"abc\"[3 .. 1]", "error: index 3 .. 1 runs backwards"},
+         {"\"abc\"[x]", "error: an index must be an integer or a range, not x"}});
+}
+
+TEST_F(SessionTest, Procedures) {
+  check({{"f := x  -> reverse( x)  # twice", "x -> reverse( x)"},
+         {"apply(f, [\"ab\", \"cd\"]), apply(reverse, (\"ab\", \"cd\")), apply(f)",
+          "[\"ba\", \"dc\"], [\"ba\", \"dc\"], []"},
+         {"g := a -> b -> apply(c -> a + 2*b + c, [b, 0])",
+          "a -> b -> apply(c -> a + 2*b + c, [b, 0])"},
+         {"h := g(10)", "b -> apply(c -> a + 2*b + c, [b, 0])"},
+         {"h(1), h(2)", "[13, 12], [16, 14]"},
+         {"(k, x) -> k(x)", "(k, x) -> k(x)"},
+         {"apply(k -> k(\"abc\"), [length, f, y -> y[1], take])",
+          "error: expecting 2 arguments, but got 1"},
+         {"apply(k -> k(\"abc\"), [length, f, y -> y[1]])", "[3, \"cba\", \"a\"]"},
+         {"f(1, 2)", "error: x -> reverse( x) expects 1 argument, but got 2"},
+         {"x -> `x`, 'x -> x'", "x -> `x`, x -> x"},
+         {"r := n -> r(n)", "n -> r(n)"},
+         {"r(1)", "error: procedures call each other too deeply"},
+         {"size([1, 2]), size(1, 2), size(NULL), size(\"abc\")", "2, 2, 0, 1"},
+         {"length(readfile(\"/etc/passwd\")) > 0", "true"},
+         {"readfile(\"/\")", "error: cannot read /: Is a directory"}});
+}
+
+TEST_F(SessionTest, LoopsAndTables) {
+  EXPECT_EQ(run(session_,
+                "for w in [\"ab\", \"c\"] do reverse(w); n := w: for i in 1, 2 do i end:; end; n;"
+                "for x in 5 do x end; for x in NULL do x end; for take in 1 do 2 end;"
+                "for x in 1, 2 do x; f(x) end"),
+            "\"ba\"\n\"c\"\n\"c\"\n5\n---\n"
+            "Error, cannot assign to take, which is a command\nError, no command f\n2");
+  EXPECT_EQ(run(session_, "table([x -> x, reverse, length], [\"ab\", \"\\303\\251\"]); table(1)"),
+            "ab        ba        2\n\\303\\251  \\251\\303  2\n---\n"
+            "Error, (in table) expecting a list of procedures and a list\n1");
+}
+
+// A command that asks the host to evaluate must get procedures too, and be left in good order when
+// they fail.
+TEST_F(SessionTest, CommandsCallProcedures) {
+  Session session([](const std::string& entry_point) -> VelmorCommand {
+    if (entry_point != "vstring_take") return resolve(entry_point);
+    return [](const HostTable* host, HostObject args) {
+      const auto* const words = reinterpret_cast<const HostObject*>(args);
+      return host->HostEvalProc(words[1], 1, host->HostQuote(words[2]));
+    };
+  });
+  const auto answer = [&](const std::string& call) { return session.evaluate(call).text; };
+  EXPECT_EQ(answer("[take(reverse, \"ab\"), take(x -> cap(1), 2), 3]"), "error: no command cap");
+  EXPECT_EQ(answer("n := [1, take(x -> take(y -> [x, y], 5), 2), take(size, 7)]"),
+            "[1, [2, 5], 1]");
+  EXPECT_EQ(answer("take(length, 1)"), "error: first argument must be a string");
+  std::ostringstream out, err;
+  session.run("[0, take(x -> length(x), 1)]; f := x -> take(f, x); f(1); n[2]", out, err);
+  EXPECT_EQ(err.str(),
+            "Error, (in length) first argument must be a string\n"
+            "Error, procedures call each other too deeply\n");
+  EXPECT_EQ(out.str(), "f := x -> take(f, x)\n[2, 5]\n");
 }
 
 TEST_F(SessionTest, TheDriverSeesEveryCall) {

@@ -50,6 +50,9 @@ class Heap {
   HostObject equation(HostObject l, HostObject r) { return record(HOST_TAG_EQUATION, {l, r}); }
   HostObject range(HostObject l, HostObject r) { return record(HOST_TAG_RANGE, {l, r}); }
   HostObject function(HostObject f, HostObject args) { return record(HOST_TAG_CALL, {f, args}); }
+  HostObject procedure(HostObject text, HostObject data) {
+    return record(kTagProcedure, {text, data});
+  }
   HostObject quoted(HostObject object) { return record(kTagQuoted, {object}); }
 
   HostObject null() const { return null_; }
@@ -62,6 +65,9 @@ class Heap {
   // Slots of a name; 0 for none.
   void set_value(HostObject name, HostObject value) { set_slot(name, kValueWord, value); }
   void set_attribute(HostObject name, HostObject value) { set_slot(name, kAttributeWord, value); }
+
+  // All names with a slot filled, and perhaps some that had one.
+  std::span<const HostObject> bound_names() const { return bound_names_; }
 
   CountedObjects& roots() { return roots_; }
   CountedObjects& protections() { return protections_; }

@@ -20,6 +20,7 @@ std::span<HostObject> references(HostObject object) {
     case HOST_TAG_EQUATION:
     case HOST_TAG_RANGE:
     case HOST_TAG_CALL:
+    case kTagProcedure:
       return {words(object) + 1, length_in_words(object) - 1};
     default:
       return {};

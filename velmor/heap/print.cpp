@@ -8,20 +8,27 @@
 #include <vector>
 
 #include "big_integer.h"
+#include "utf8.h"
 
 namespace velmor {
 namespace {
 
 // ---- Leaves ----
 
-void append_escaped(std::string& out, std::string_view text, char quote) {
+void append_escaped(std::string& out, std::string_view text, char quote, Escapes escapes) {
   static constexpr std::string_view kControls = "\a\b\t\n\v\f\r";
   static constexpr std::string_view kLetters = "abtnvfr";
   const auto octal = [](int digit) { return static_cast<char>('0' + digit); };
   out += quote;
-  for (const char c : text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
     const auto code = static_cast<unsigned char>(c);
-    if (c == quote || c == '\\') {
+    const std::size_t shown =
+        escapes == Escapes::kInvalidUtf8 && code > 127 ? utf8_shown(text.substr(at)) : 0;
+    if (shown > 0) {
+      out += text.substr(at, shown);
+      at += shown - 1;
+    } else if (c == quote || c == '\\') {
       out += {'\\', c};
     } else if (const std::size_t i = kControls.find(c); i != std::string_view::npos) {
       out += {'\\', kLetters[i]};
@@ -61,6 +68,8 @@ using Pending = std::variant<const char*, HostObject>;
 
 class Printer {
  public:
+  explicit Printer(Escapes escapes) : escapes_(escapes) {}
+
   std::string run(HostObject object) {
     push(object);
     while (!pending_.empty()) {
@@ -86,7 +95,7 @@ class Printer {
   void push_binary(HostObject object, const char* op, bool within_range) {
     const auto needs_parentheses = [=](HostObject operand) {
       const int tag = tag_of(operand);
-      return tag == HOST_TAG_EQUATION || tag == kTagSequence ||
+      return tag == HOST_TAG_EQUATION || tag == kTagSequence || tag == kTagProcedure ||
              (within_range && tag == HOST_TAG_RANGE);
     };
     const auto push_operand = [&](HostObject operand) {
@@ -122,13 +131,13 @@ class Printer {
         append_float(out_, std::bit_cast<double>(words(object)[1]));
         break;
       case HOST_TAG_STRING:
-        append_escaped(out_, text_view(object), '"');
+        append_escaped(out_, text_view(object), '"', escapes_);
         break;
       case HOST_TAG_NAME:
         if (is_plain_name(text_view(object)))
           out_ += text_view(object);
         else
-          append_escaped(out_, text_view(object), '`');
+          append_escaped(out_, text_view(object), '`', escapes_);
         break;
       case HOST_TAG_CALL:
         push_all({words(object)[1], "(", words(object)[2], ")"});
@@ -148,6 +157,9 @@ class Printer {
       case kTagSequence:
         push_elements(object);
         break;
+      case kTagProcedure:
+        out_ += text_view(words(object)[1]);
+        break;
       case kTagQuoted:
         push(words(object)[1]);
         break;
@@ -156,6 +168,7 @@ class Printer {
     }
   }
 
+  Escapes escapes_;
   std::vector<Pending> pending_;
   std::string out_;
 };
@@ -192,7 +205,7 @@ std::string ordinal_suffix(const std::string& decimal) {
 
 }  // namespace
 
-std::string print(HostObject object) { return Printer().run(object); }
+std::string print(HostObject object, Escapes escapes) { return Printer(escapes).run(object); }
 
 std::size_t placeholder_count(std::string_view message) {
   std::size_t count = 0;

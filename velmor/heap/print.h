@@ -12,7 +12,8 @@ namespace velmor {
 // "abc", x, `two words`, -5, 2.5, [1, 2], {1, 2}, a .. b, x = 1, f(x, y); a sequence is its
 // elements with commas between, NULL nothing. Bytes below 32 and from 127 print as \n, \t, ... or
 // \ooo. Any depth of nesting is safe.
-std::string print(HostObject object);
+enum class Escapes { kAllBytes, kInvalidUtf8 };  // which bytes from 127 print so
+std::string print(HostObject object, Escapes escapes = Escapes::kAllBytes);
 
 // The greatest d of the placeholders %d and %-d in `message`, d from 1 to 3; 0 when it has none.
 // A percent sign after a percent sign is no placeholder.

@@ -96,6 +96,10 @@ HostObject velmor_function(VelmorHeap* heap, HostObject name, HostObject argseq)
   return value_or_null([=] { return heap->objects.function(name, argseq); });
 }
 
+HostObject velmor_procedure(VelmorHeap* heap, const char* text, HostObject data) {
+  return value_or_null([=] { return heap->objects.procedure(heap->objects.string(text), data); });
+}
+
 // ---- Reading values ----
 
 int velmor_tag(HostObject object) { return tag_of(object); }
@@ -117,8 +121,16 @@ HostObject velmor_element(HostObject object, size_t i) {
   return i >= 1 && i <= velmor_size(object) ? words(elements_of(object))[i] : 0;
 }
 
+HostObject velmor_procedure_data(HostObject object) {
+  return tag_of(object) == kTagProcedure ? words(object)[2] : 0;
+}
+
 char* velmor_print(VelmorHeap* /*heap*/, HostObject object) {
   return value_or_null([=] { return strdup(print(object).c_str()); });
+}
+
+char* velmor_print_utf8(VelmorHeap* /*heap*/, HostObject object) {
+  return value_or_null([=] { return strdup(print(object, Escapes::kInvalidUtf8).c_str()); });
 }
 
 // ---- Names and evaluation ----
@@ -132,6 +144,11 @@ HostObject velmor_value(VelmorHeap* /*heap*/, HostObject name) { return words(na
 void velmor_protect(VelmorHeap* heap, HostObject name) { heap->objects.protect(name); }
 
 int velmor_is_protected(HostObject name) { return Heap::is_protected(name) ? 1 : 0; }
+
+void velmor_each_value(VelmorHeap* heap, void (*visit)(void*, HostObject), void* context) {
+  for (const HostObject name : heap->objects.bound_names())
+    if (words(name)[kValueWord] != 0) visit(context, name);
+}
 
 void velmor_set_evaluator(VelmorHeap* heap, VelmorEvaluator evaluator, void* context) {
   heap->evaluator = evaluator;

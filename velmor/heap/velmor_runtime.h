@@ -50,6 +50,8 @@ HostObject velmor_set(VelmorHeap* heap, size_t n, const HostObject* items);
 HostObject velmor_range(VelmorHeap* heap, HostObject low, HostObject high);
 HostObject velmor_equation(VelmorHeap* heap, HostObject left, HostObject right);
 HostObject velmor_function(VelmorHeap* heap, HostObject name, HostObject argseq); /* f(x, ...) */
+/* A procedure of an evaluator's own, which prints as `text`; `data` is what the evaluator needs. */
+HostObject velmor_procedure(VelmorHeap* heap, const char* text, HostObject data);
 
 /* ---- Reading values ---- */
 int velmor_tag(HostObject object);
@@ -58,15 +60,22 @@ size_t velmor_text_length(HostObject string_or_name);
 int64_t velmor_to_integer(HostObject integer); /* 0 when it is none or does not fit */
 size_t velmor_size(HostObject sequence_or_list_or_set);
 HostObject velmor_element(HostObject sequence_or_list_or_set, size_t i); /* 1-based */
+HostObject velmor_procedure_data(HostObject procedure);                  /* 0 when it is none */
 /* The object in host syntax: "abc", [1, 2], a .. b, x = 1; bytes below 32 and from 127 as escapes.
  * The caller frees the text with free(). */
 char* velmor_print(VelmorHeap* heap, HostObject object);
+
+/* The same with valid UTF-8 as it is. */
+char* velmor_print_utf8(VelmorHeap* heap, HostObject object);
 
 /* ---- Names and evaluation ---- */
 void velmor_assign(VelmorHeap* heap, HostObject name, HostObject value); /* 0: unassign */
 HostObject velmor_value(VelmorHeap* heap, HostObject name);              /* 0 when it has none */
 void velmor_protect(VelmorHeap* heap, HostObject name); /* no command can assign to it */
 int velmor_is_protected(HostObject name);
+/* Calls `visit` with each name that has a value. */
+void velmor_each_value(VelmorHeap* heap, void (*visit)(void* context, HostObject name),
+                       void* context);
 /* What HostEvalProc calls for anything but convert(x, string) and sprintf("%a", x): 1 and *result,
  * or 0 with a message that velmor_fail (or a nested velmor_call) has set. Names among the arguments
  * have been replaced by their values, unless HostQuote guarded them. Operations of the table are

@@ -12,15 +12,22 @@
 namespace velmor {
 
 void Checker::learn(const Node& tree) {
-  if (tree.kind == NodeKind::kAssign) assigned_.insert(tree.text);
+  if (tree.kind == NodeKind::kAssign || tree.kind == NodeKind::kFor) assigned_.insert(tree.text);
   for (const auto& part : tree.parts) learn(*part);
 }
 
-void Checker::check(const Node& tree) {
+void Checker::check(const Node& tree, Scope* scope) {
   if (tree.kind == NodeKind::kUnevaluated) return;
-  if (tree.kind == NodeKind::kCall) check_call(tree);
-  if (tree.kind == NodeKind::kAssign) check_target(tree);
-  for (const auto& part : tree.parts) check(*part);
+  if (tree.kind == NodeKind::kCall && (scope == nullptr || scope->slot(tree.text) == Node::kNone))
+    check_call(tree);
+  if (tree.kind == NodeKind::kAssign || tree.kind == NodeKind::kFor) check_target(tree);
+  Scope inner{.outer = scope};
+  if (tree.kind == NodeKind::kProcedure) {
+    for (std::size_t i = 0; i + 1 < tree.parts.size(); ++i)
+      inner.parameters.push_back(tree.parts[i]->text);
+    scope = &inner;
+  }
+  for (const auto& part : tree.parts) check(*part, scope);
 }
 
 void Checker::check_call(const Node& tree) const {

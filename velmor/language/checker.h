@@ -28,9 +28,10 @@ class Checker {
   void learn(const Node& tree);
 
   // Throws the first problem of a tree.
-  void check(const Node& tree);
+  void check(const Node& tree) { check(tree, nullptr); }
 
  private:
+  void check(const Node& tree, Scope* scope);
   void check_call(const Node& tree) const;
   void check_target(const Node& tree) const;
 

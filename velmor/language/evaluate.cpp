@@ -46,7 +46,8 @@ void Expression::Release::operator()(Node* tree) const {
 }
 
 // Constants are made once, however often the tree is evaluated: objects do not change.
-void Session::make_constants(Node& tree) {
+void Session::bind(Node& tree, Scope* scope) {
+  if (tree.kind == NodeKind::kProcedure) return bind_procedure(tree, scope);
   switch (tree.kind) {
     case NodeKind::kString:
       tree.object = made(velmor_string_n(heap(), tree.text.data(), tree.text.size()));
@@ -60,25 +61,40 @@ void Session::make_constants(Node& tree) {
     case NodeKind::kName:
     case NodeKind::kCall:
     case NodeKind::kAssign:
+    case NodeKind::kFor:
       tree.object = made(velmor_name(heap(), tree.text.c_str()));
       if (const auto found = functions_.find(tree.object); found != functions_.end())
         tree.callable = &found->second;
+      if (scope != nullptr) tree.slot = scope->slot(tree.text);
+      if (tree.slot != Node::kNone) tree.callable = nullptr;
       break;
     default:
       break;
   }
   if (is_constant(tree.kind)) velmor_root(heap(), tree.object);
-  for (const auto& part : tree.parts) make_constants(*part);
+  for (const auto& part : tree.parts) bind(*part, scope);
 }
 
 HostObject Session::value(const Node& tree) {
   switch (tree.kind) {
     case NodeKind::kName:
-      return value_of_name(tree.object);
+      return tree.slot != Node::kNone ? value_of_local(tree.slot) : value_of_name(tree.object);
     case NodeKind::kCall:
       return simplified(call(tree));
+    case NodeKind::kCompare:
+      return comparison(tree);
+    case NodeKind::kAnd:
+    case NodeKind::kOr:
+    case NodeKind::kNot:
+      return logic(tree);
+    case NodeKind::kIndex:
+      return indexed(tree);
+    case NodeKind::kProcedure:
+      return make_procedure(tree);
     case NodeKind::kAssign:
       return assign(tree);
+    case NodeKind::kFor:
+      throw Failure("a loop has no value");
     default:
       return compound(tree, true);
   }
@@ -93,7 +109,14 @@ HostObject Session::outermost_value(const Node& tree) {
 HostObject Session::unevaluated(const Node& tree) {
   switch (tree.kind) {
     case NodeKind::kName:
-      return tree.object;
+      return tree.slot != Node::kNone ? value_of_local(tree.slot) : tree.object;
+    case NodeKind::kCompare:
+    case NodeKind::kAnd:
+    case NodeKind::kOr:
+    case NodeKind::kNot:
+    case NodeKind::kIndex:
+    case NodeKind::kProcedure:
+      return value(tree);
     case NodeKind::kCall:
       return made(velmor_function(heap(), tree.object, collection(tree, false)));
     default:

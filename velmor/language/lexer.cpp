@@ -1,11 +1,24 @@
 #include "language/lexer.h"
 
 #include <algorithm>
+#include <cstdio>
 
+#include "heap/utf8.h"
 #include "language/failure.h"
 
 namespace velmor {
 namespace {
+
+struct Symbol {
+  std::string_view text;
+  TokenKind kind;
+};
+
+constexpr Symbol kReserved[] = {
+    {"for", TokenKind::kFor},     {"in", TokenKind::kIn},   {"do", TokenKind::kDo},
+    {"end", TokenKind::kEndWord}, {"and", TokenKind::kAnd}, {"or", TokenKind::kOr},
+    {"not", TokenKind::kNot},
+};
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 bool starts_name(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
@@ -50,6 +63,7 @@ void Lexer::skip_blanks_and_comments() {
 
 Token Lexer::next() {
   Token token = scan();
+  token.end = at_;
   if (token.kind == TokenKind::kEnd) return {TokenKind::kEnd, "", end_line_, end_column_};
   end_line_ = line_;
   end_column_ = at_ - line_begin_ + 1;
@@ -65,11 +79,14 @@ Token Lexer::scan() {
   if (!starts_name(c)) return symbol();
   const std::size_t begin = at_;
   while (at_ < source_.size() && (starts_name(source_[at_]) || is_digit(source_[at_]))) ++at_;
-  return token(TokenKind::kName, begin, std::string(source_.substr(begin, at_ - begin)));
+  const std::string_view word = source_.substr(begin, at_ - begin);
+  const auto reserved = std::ranges::find(kReserved, word, &Symbol::text);
+  return token(reserved == std::end(kReserved) ? TokenKind::kName : reserved->kind, begin,
+               std::string(word));
 }
 
 Token Lexer::token(TokenKind kind, std::size_t begin, std::string text) const {
-  return {kind, std::move(text), line_, begin - line_begin_ + 1};
+  return {kind, std::move(text), line_, begin - line_begin_ + 1, begin, at_};
 }
 
 void Lexer::refuse(const std::string& message, std::size_t at) const {
@@ -140,13 +157,16 @@ Token Lexer::number() {
 }
 
 Token Lexer::symbol() {
-  struct Symbol {
-    std::string_view text;
-    TokenKind kind;
-  };
   // The longer ones first.
   constexpr Symbol kSymbols[] = {
       {":=", TokenKind::kAssign},
+      {"->", TokenKind::kArrow},
+      {"==", TokenKind::kComparison},
+      {"<>", TokenKind::kComparison},
+      {"<=", TokenKind::kComparison},
+      {">=", TokenKind::kComparison},
+      {"<", TokenKind::kComparison},
+      {">", TokenKind::kComparison},
       {"..", TokenKind::kDots},
       {"(", TokenKind::kOpenParenthesis},
       {")", TokenKind::kCloseParenthesis},
@@ -169,7 +189,14 @@ Token Lexer::symbol() {
     at_ += symbol.text.size();
     return token(symbol.kind, begin, std::string(symbol.text));
   }
-  refuse("unexpected character `" + std::string(source_.substr(at_, 1)) + "'", at_);
+  const std::string_view rest = source_.substr(at_);
+  std::string shown(rest.substr(0, std::max<std::size_t>(1, utf8_shown(rest))));
+  if (shown.size() == 1 && (shown[0] < ' ' || shown[0] > '~')) {
+    char escaped[8];
+    std::snprintf(escaped, sizeof escaped, "\\%03o", static_cast<unsigned char>(shown[0]));
+    shown = escaped;
+  }
+  refuse("unexpected character `" + shown + "'", at_);
 }
 
 }  // namespace velmor

@@ -1,8 +1,9 @@
 // Tokens of the language.
 //
 //   "text"  `a name`  name  12  -1.5e3 (minus is a token of its own)  ( ) [ ] { } , .. = := + - * '
-//   ; :
+//   -> == <> < <= > >= ; :
 //
+// for in do end and or not are reserved: as names they are written in backquotes.
 // Strings and quoted names know the escapes \a \b \e \f \n \r \t \v \\ \" \' \` \?, \ooo (up to
 // three octal digits) and \xhh (up to two hexadecimal ones), and end on the line they begin on.
 // A comment runs from # to the end of its line.
@@ -34,13 +35,23 @@ enum class TokenKind {
   kTimes,
   kQuote,
   kTerminator,
+  kArrow,
+  kComparison,
+  kFor,
+  kIn,
+  kDo,
+  kEndWord,
+  kAnd,
+  kOr,
+  kNot,
 };
 
 struct Token {
   TokenKind kind = TokenKind::kEnd;
   std::string text;  // as written; of strings and names, what they stand for
   std::size_t line = 1;
-  std::size_t column = 1;  // of its first byte
+  std::size_t column = 1;          // of its first byte
+  std::size_t begin = 0, end = 0;  // in the source
 };
 
 class Lexer {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "language/failure.h"
 #include "language/lexer.h"
@@ -13,18 +14,22 @@ using Tree = std::unique_ptr<Node>;
 
 class Parser {
  public:
-  explicit Parser(std::string_view source) : lexer_(source) { advance(); }
+  explicit Parser(std::string_view source) : source_(source), lexer_(source) {
+    token_ = lexer_.next();
+  }
 
   Tree statement() {
-    Tree tree = sequence();
-    if (token_.kind == TokenKind::kAssign) tree = assignment(*tree);
-    if (token_.kind == TokenKind::kTerminator) advance();
+    Tree tree = simple_statement();
+    accept(TokenKind::kTerminator);
     if (token_.kind != TokenKind::kEnd) unexpected();
     return tree;
   }
 
  private:
-  void advance() { token_ = lexer_.next(); }
+  void advance() {
+    words_.emplace_back(token_.begin, token_.end);
+    token_ = lexer_.next();
+  }
 
   bool accept(TokenKind kind) {
     if (token_.kind != kind) return false;
@@ -40,6 +45,11 @@ class Parser {
     switch (token_.kind) {
       case TokenKind::kEnd:
         refuse("unexpected end of the statement");
+      case TokenKind::kFor:
+      case TokenKind::kIn:
+      case TokenKind::kDo:
+      case TokenKind::kEndWord:
+        refuse("unexpected `" + token_.text + "', a reserved word");
       case TokenKind::kString:
         refuse("unexpected string");
       default:
@@ -80,12 +90,36 @@ class Parser {
     return node(NodeKind::kAssign, is_name ? target.text : target.parts.front()->text, sequence());
   }
 
+  Tree simple_statement() {
+    if (token_.kind == TokenKind::kFor) return guarded([&] { return loop(); });
+    Tree tree = sequence();
+    return token_.kind == TokenKind::kAssign ? assignment(*tree) : std::move(tree);
+  }
+
+  Tree loop() {
+    Tree tree = node(NodeKind::kFor, "");
+    advance();
+    if (token_.kind == TokenKind::kName) tree->text = token_.text;
+    expect(TokenKind::kName);
+    expect(TokenKind::kIn);
+    add(*tree, sequence());
+    expect(TokenKind::kDo);
+    while (!accept(TokenKind::kEndWord)) {
+      if (accept(TokenKind::kTerminator)) continue;
+      Tree body = simple_statement();
+      body->prints = token_.text != ":";
+      add(*tree, std::move(body));
+      if (token_.kind != TokenKind::kEndWord) expect(TokenKind::kTerminator);
+    }
+    return tree;
+  }
+
   // One expression alone, or a sequence of several.
   Tree sequence() {
-    Tree first = equation();
+    Tree first = expression();
     if (token_.kind != TokenKind::kComma) return first;
     Tree tree = node(NodeKind::kSequence, "", std::move(first));
-    while (accept(TokenKind::kComma)) add(*tree, equation());
+    while (accept(TokenKind::kComma)) add(*tree, expression());
     return tree;
   }
 
@@ -93,16 +127,75 @@ class Parser {
   Tree enclosed(NodeKind kind, std::string text, TokenKind close) {
     Tree tree = node(kind, std::move(text));
     if (accept(close)) return tree;
-    do add(*tree, equation());
+    do add(*tree, expression());
     while (accept(TokenKind::kComma));
     expect(close);
     return tree;
   }
 
+  Tree expression() {
+    const std::size_t first_word = words_.size();
+    Tree left = equation();
+    if (token_.kind != TokenKind::kArrow) return left;
+    return guarded([&] { return procedure(*left, first_word); });
+  }
+
+  // `head` is what stands before the arrow: a name, or a sequence of names in parentheses.
+  Tree procedure(Node& head, std::size_t first_word) {
+    Tree tree = node(NodeKind::kProcedure, "");
+    if (head.kind == NodeKind::kSequence) {
+      tree->parts = std::move(head.parts);
+    } else {
+      add(*tree, node(head.kind, head.text));
+    }
+    for (const Tree& name : tree->parts)
+      if (name->kind != NodeKind::kName) refuse("only names can stand to the left of `->'");
+    advance();
+    add(*tree, expression());
+    tree->text = text_since(first_word);
+    return tree;
+  }
+
+  // The words from that one on, with a blank where something stood between them: no comment, no
+  // end of a line.
+  std::string text_since(std::size_t first_word) const {
+    std::string text;
+    for (std::size_t i = first_word; i < words_.size(); ++i) {
+      if (i > first_word && words_[i].first > words_[i - 1].second) text += ' ';
+      text += source_.substr(words_[i].first, words_[i].second - words_[i].first);
+    }
+    return text;
+  }
+
   Tree equation() {
-    Tree left = range();
+    Tree left = disjunction();
     if (!accept(TokenKind::kEquals)) return left;
-    return node(NodeKind::kEquation, "", std::move(left), range());
+    return node(NodeKind::kEquation, "", std::move(left), disjunction());
+  }
+
+  Tree disjunction() {
+    Tree left = conjunction();
+    while (accept(TokenKind::kOr)) left = node(NodeKind::kOr, "or", std::move(left), conjunction());
+    return left;
+  }
+
+  Tree conjunction() {
+    Tree left = negation();
+    while (accept(TokenKind::kAnd)) left = node(NodeKind::kAnd, "and", std::move(left), negation());
+    return left;
+  }
+
+  Tree negation() {
+    if (!accept(TokenKind::kNot)) return comparison();
+    return guarded([&] { return node(NodeKind::kNot, "not", negation()); });
+  }
+
+  Tree comparison() {
+    Tree left = range();
+    if (token_.kind != TokenKind::kComparison) return left;
+    std::string op = token_.text;
+    advance();
+    return node(NodeKind::kCompare, std::move(op), std::move(left), range());
   }
 
   Tree range() {
@@ -131,21 +224,32 @@ class Parser {
   }
 
   // Every nesting passes here, so this is where the depth of the recursion is bounded.
-  Tree factor() {
+  template <typename Parse>
+  Tree guarded(Parse parse) {
     check_depth(++nesting_);
     const std::size_t line = token_.line;
-    Tree tree = unguarded_factor();
+    Tree tree = parse();
     tree->line = line;
     --nesting_;
     return tree;
   }
 
-  Tree unguarded_factor() {
-    Token token = std::exchange(token_, {});
+  Tree factor() {
+    return guarded([&] {
+      if (accept(TokenKind::kMinus)) return negated(factor());
+      Tree tree = primary();
+      while (accept(TokenKind::kOpenBracket)) {
+        tree = node(NodeKind::kIndex, "", std::move(tree), expression());
+        expect(TokenKind::kCloseBracket);
+      }
+      return tree;
+    });
+  }
+
+  Tree primary() {
+    Token token = token_;
     if (token.kind != TokenKind::kEnd) advance();
     switch (token.kind) {
-      case TokenKind::kMinus:
-        return negated(factor());
       case TokenKind::kString:
         return node(NodeKind::kString, std::move(token.text));
       case TokenKind::kInteger:
@@ -163,7 +267,7 @@ class Parser {
       case TokenKind::kOpenBrace:
         return enclosed(NodeKind::kSet, "", TokenKind::kCloseBrace);
       case TokenKind::kQuote: {
-        Tree tree = node(NodeKind::kUnevaluated, "", equation());
+        Tree tree = node(NodeKind::kUnevaluated, "", expression());
         expect(TokenKind::kQuote);
         return tree;
       }
@@ -189,8 +293,10 @@ class Parser {
     return tree;
   }
 
+  std::string_view source_;
   Lexer lexer_;
   Token token_;
+  std::vector<std::pair<std::size_t, std::size_t>> words_;  // where they begin and end, so far
   std::size_t nesting_ = 0;
 };
 

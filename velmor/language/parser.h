@@ -1,13 +1,20 @@
 // Parser of the language.
 //
-//   statement = [name ":="] sequence [";" | ":"]
-//   sequence  = equation {"," equation}
-//   equation  = range ["=" range]
-//   range     = sum [".." sum]
-//   sum       = product {("+" | "-") product}
-//   product   = factor {"*" factor}
-//   factor    = "-" factor | string | integer | float | name ["(" [sequence] ")"]
-//             | "(" [sequence] ")" | "[" [sequence] "]" | "{" [sequence] "}" | "'" equation "'"
+//   statement  = simple [";" | ":"]
+//   simple     = "for" name "in" sequence "do" {simple (";" | ":")} [simple] "end"
+//              | [name ":="] sequence
+//   sequence   = expression {"," expression}
+//   expression = name "->" expression | "(" [name {"," name}] ")" "->" expression | equation
+//   equation   = or ["=" or]
+//   or         = and {"or" and}
+//   and        = not {"and" not}
+//   not        = "not" not | range [("==" | "<>" | "<" | "<=" | ">" | ">=") range]
+//   range      = sum [".." sum]
+//   sum        = product {("+" | "-") product}
+//   product    = factor {"*" factor}
+//   factor     = "-" factor | primary {"[" expression "]"}
+//   primary    = string | integer | float | name ["(" [sequence] ")"]
+//              | "(" [sequence] ")" | "[" [sequence] "]" | "{" [sequence] "}" | "'" expression "'"
 #pragma once
 #include <cstddef>
 #include <memory>

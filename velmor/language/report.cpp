@@ -4,6 +4,8 @@
 #include <ostream>
 #include <string_view>
 
+#include "heap/utf8.h"
+
 namespace velmor {
 namespace {
 
@@ -13,8 +15,6 @@ std::string_view line_of(std::string_view text, std::size_t number) {
   for (; number > 1; --number) text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
   return text.substr(0, text.find('\n'));
 }
-
-bool continues_character(char c) { return (static_cast<unsigned char>(c) & 0xc0U) == 0x80; }
 
 // The line, or the part of it around the column, and the caret. Control characters would move it
 // elsewhere and are shown as blanks.
@@ -28,8 +28,7 @@ void point_at(std::ostream& err, std::string_view line, std::size_t column) {
       shown, [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }, ' ');
   shown.erase(shown.find_last_not_of(' ') + 1);
   const auto before = std::string_view(shown).substr(0, std::min(column - 1 - begin, shown.size()));
-  const auto width = static_cast<std::size_t>(
-      std::ranges::count_if(before, [](char c) { return !continues_character(c); }));
+  const std::size_t width = utf8_count(before);
   err << "  " << shown << "\n  " << std::string(width + (column - 1 - begin - before.size()), ' ')
       << "^\n";
 }

@@ -8,8 +8,9 @@
 
 namespace velmor {
 
-Script::Script(Session& session, std::ostream& out, std::ostream& err, std::string name)
-    : session_(session), out_(out), err_(err), name_(std::move(name)) {}
+Script::Script(Session& session, std::ostream& out, std::ostream& err, std::string name,
+               EndsOfStatements ends)
+    : session_(session), out_(out), err_(err), name_(std::move(name)), statements_(ends) {}
 
 void Script::feed(std::string_view text) {
   statements_.feed(text);
@@ -24,6 +25,7 @@ Verdict Script::finish() {
 }
 
 void Script::run(const Statement& statement) {
+  if (before_statement) before_statement();
   try {
     session_.execute(statement.text, statement.prints, out_);
   } catch (const Failure& failure) {
@@ -31,6 +33,8 @@ void Script::run(const Statement& statement) {
     report(err_, failure, statement, name_);
     verdict_ = std::max(verdict_, failure.verdict());
   }
+  out_.flush();
+  if (after_statement) after_statement();
 }
 
 }  // namespace velmor

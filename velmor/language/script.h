@@ -1,5 +1,6 @@
 // Runs statements as their text arrives.
 #pragma once
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -13,13 +14,19 @@ class Script {
  public:
   // Values go to `out`, failures to `err`, each flushed in its turn, so that both interleave as
   // they arose. `name` as in Session::run.
-  Script(Session& session, std::ostream& out, std::ostream& err, std::string name = {});
+  Script(Session& session, std::ostream& out, std::ostream& err, std::string name = {},
+         EndsOfStatements ends = EndsOfStatements::kTerminators);
 
   void feed(std::string_view text);  // runs the statements that end in what was fed so far
   Verdict finish();                  // runs what is left; how all of it went
 
+  void drop() { statements_.drop(); }  // forgets a statement that has not ended
+
   // Whether a statement has begun but not ended.
   bool open() const { return statements_.open(); }
+
+  // Called around each statement; what `before` prepares, `after` ends, also when it failed.
+  std::function<void()> before_statement, after_statement;
 
  private:
   void run(const Statement& statement);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 #include <new>
-#include <ostream>
 
 #include "heap/object.h"
 #include "language/checker.h"
@@ -23,6 +23,7 @@ constexpr std::size_t kLeastBytes = std::size_t{16} << 20;
 Session::Session(const Resolver& resolver)
     : display([this](HostObject object) { return print(object); }),
       heap_(velmor_heap_new()),
+      out_(&std::cout),
       collect_at_objects_(kLeastObjects),
       collect_at_bytes_(kLeastBytes) {
   if (heap_ == nullptr) throw std::bad_alloc();
@@ -81,34 +82,66 @@ Verdict Session::run(std::string_view source, std::ostream& out, std::ostream& e
 }
 
 void Session::execute(std::string_view statement, bool prints, std::ostream& out) {
+  Expression expression(heap(), parse_statement(statement));
+  Checker checker(*this);
+  checker.learn(*expression.tree_);
+  checker.check(*expression.tree_);
+  bind(*expression.tree_, nullptr);
+  execute(*expression.tree_, prints, out);
+}
+
+void Session::execute(const Node& tree, bool prints, std::ostream& out) {
   collect_garbage();
-  const Expression expression = prepare(statement);
-  Checker(*this).check(*expression.tree_);
-  const HostObject value = outermost_value_of(expression);
+  if (tree.kind == NodeKind::kFor) return loop(tree, prints, out);
+  out_ = &out;
+  begin_evaluation();
+  const HostObject value = outermost_value(tree);
   if (!prints) return;
-  const bool assigns = expression.tree_->kind == NodeKind::kAssign;
+  const bool assigns = tree.kind == NodeKind::kAssign;
   if (write_value) {
     if (!assigns) write_value(out, value);
   } else if (assigns) {
-    out << print(expression.tree_->object) << " := " << display(value) << '\n';
+    out << print(tree.object) << " := " << display(value) << '\n';
   } else if (!is_null(value)) {
     out << display(value) << '\n';
   }
 }
 
+// Runs over the items of a list or set, or of a sequence, which any other value is one of.
+void Session::loop(const Node& tree, bool prints, std::ostream& out) {
+  begin_evaluation();
+  const HostObject items = value(*tree.parts[0]);
+  const bool single = elements_of(items) == 0;
+  velmor_root(heap(), items);
+  const auto unroot = [this](const HostObject* object) { velmor_unroot(heap(), *object); };
+  const std::unique_ptr<const HostObject, decltype(unroot)> rooted(&items, unroot);
+  for (std::size_t i = 1; i <= (single ? 1 : velmor_size(items)); ++i) {
+    velmor_assign(heap(), tree.object, single ? items : velmor_element(items, i));
+    for (std::size_t part = 1; part < tree.parts.size(); ++part)
+      execute(*tree.parts[part], prints && tree.parts[part]->prints, out);
+  }
+}
+
+void Session::begin_evaluation() {
+  stack_.clear();
+  locals_.clear();
+  frame_ = nesting_ = 0;
+  stack_base_ = static_cast<const char*>(__builtin_frame_address(0));
+}
+
 Expression Session::prepare(std::string_view statement) {
   Expression expression(heap(), parse_statement(statement));
-  make_constants(*expression.tree_);
+  bind(*expression.tree_, nullptr);
   return expression;
 }
 
 HostObject Session::value_of(const Expression& expression) {
-  stack_.clear();
+  begin_evaluation();
   return value(*expression.tree_);
 }
 
 HostObject Session::outermost_value_of(const Expression& expression) {
-  stack_.clear();
+  begin_evaluation();
   return outermost_value(*expression.tree_);
 }
 

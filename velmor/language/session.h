@@ -7,9 +7,11 @@
 // be assigned.
 #pragma once
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <iosfwd>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,9 +20,12 @@
 #include "heap/velmor_runtime.h"
 #include "language/callable.h"
 #include "language/failure.h"
+#include "language/procedures.h"
 #include "language/syntax.h"
 
 namespace velmor {
+
+struct Builtin;
 
 struct Outcome {
   bool ok = false;
@@ -107,8 +112,12 @@ class Session {
   // Runs one statement as run() does, except that failures are thrown.
   void execute(std::string_view statement, bool prints, std::ostream& out);
 
+  void execute(const Node& tree, bool prints, std::ostream& out);
+  void loop(const Node& tree, bool prints, std::ostream& out);
+  void begin_evaluation();
+
   // Turning trees to objects (evaluate.cpp).
-  void make_constants(Node& tree);
+  void bind(Node& tree, Scope* scope);
   HostObject value(const Node& tree);
   HostObject outermost_value(const Node& tree);
   HostObject unevaluated(const Node& tree);
@@ -117,20 +126,65 @@ class Session {
   HostObject side(const Node& tree, bool evaluated, const char* op);
   HostObject arithmetic(const Node& tree, bool evaluated);
   HostObject value_of_name(HostObject name);
+  HostObject value_of_local(std::size_t slot) const { return locals_[frame_ + slot]; }
   HostObject assign(const Node& tree);
+
+  // Comparing, logic and indexing (operators.cpp).
+  HostObject truth_value(bool truth);
+  bool truth(const Node& tree, const std::string& op);
+  HostObject logic(const Node& tree);
+  HostObject comparison(const Node& tree);
+  bool same(HostObject left, HostObject right);
+  int compare_numbers(HostObject left, HostObject right);
+  HostObject indexed(const Node& tree);
+  std::size_t position(HostObject index, std::size_t size, std::int64_t least);
+  HostObject slice(HostObject whole, std::size_t begin, std::size_t count);
 
   // Calls (call.cpp).
   HostObject call(const Node& tree);
-  HostObject call_function(HostObject function, HostObject argseq);
+  HostObject call_known(const Callable& callable, HostObject argseq);
+  HostObject call_value(HostObject function, HostObject argseq, const std::string& name = {});
   HostObject call_command(const Callable& command, HostObject argseq);
+
+  // Procedures (procedures.cpp).
+  void bind_procedure(Node& tree, Scope* outer);
+  HostObject make_procedure(const Node& tree);
+  HostObject call_procedure(HostObject procedure, HostObject argseq);
+  void check_stack() const;
   static int evaluate_procedure(void* context, VelmorHeap* heap, HostObject procedure,
                                 HostObject argseq, HostObject* result);
 
   // The language's own functions (builtins.cpp).
   void bind_commands(const Resolver& resolver);
   void bind_builtins();
+  friend std::span<const Builtin> builtins();
   HostObject with(const Node& call);
   HostObject compare(const Node& call);
+  HostObject size(HostObject argseq);
+  HostObject apply(HostObject argseq);
+  HostObject table(HostObject argseq);
+  HostObject readfile(HostObject argseq);
+
+  // Leaves the stacks as they were, also when an evaluation fails.
+  class EvaluationScope {
+   public:
+    explicit EvaluationScope(Session& session)
+        : session_(session),
+          stack_(session.stack_.size()),
+          locals_(session.locals_.size()),
+          frame_(session.frame_) {}
+    ~EvaluationScope() {
+      session_.stack_.resize(stack_);
+      session_.locals_.resize(locals_);
+      session_.frame_ = frame_;
+    }
+    EvaluationScope(const EvaluationScope&) = delete;
+    EvaluationScope& operator=(const EvaluationScope&) = delete;
+
+   private:
+    Session& session_;
+    std::size_t stack_, locals_, frame_;
+  };
 
   struct FreeHeap {
     void operator()(VelmorHeap* heap) const { velmor_heap_free(heap); }
@@ -140,8 +194,15 @@ class Session {
   std::unordered_map<HostObject, Callable> functions_;  // by the name object
   HostObject null_;
   HostObject null_name_;
-  std::vector<HostObject> stack_;  // elements of the collections being built
-  HostObject last_value_ = 0;      // rooted
+  std::vector<HostObject> stack_;           // elements of the collections being built
+  std::vector<HostObject> locals_;          // frames of the procedures being called
+  std::size_t frame_ = 0;                   // where the innermost begins
+  std::deque<Procedure> procedures_;        // where they are does not change
+  std::size_t nesting_ = 0;                 // of evaluations that commands have asked for
+  std::unique_ptr<Failure> inner_failure_;  // of the last of those that failed
+  const char* stack_base_ = nullptr;        // of the machine, when evaluation began
+  std::ostream* out_;                       // of the statement that runs
+  HostObject last_value_ = 0;               // rooted
   std::size_t collect_at_objects_;
   std::size_t collect_at_bytes_;
 };
