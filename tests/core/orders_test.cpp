@@ -6,6 +6,7 @@
 
 #include "support/check.h"
 #include "support/direct.h"
+#include "support/fingerprint.h"
 
 namespace vstring_test {
 namespace {
@@ -60,62 +61,33 @@ TEST(Orders, Weighted) {
 // The list object read last is kept, and asked for again by identity; a refused one leaves nothing.
 TEST(Orders, WeightsAreRemembered) {
   VelmorHeap* const heap = session().heap();
-  const auto weighs = [&](HostObject list) {
-    return call(vstring_wslo, {velmor_string(heap, "b"), velmor_string(heap, "aa"), list});
-  };
-  const auto weight_of_a = [&](int weight) {
-    const HostObject equation =
-        velmor_equation(heap, velmor_string(heap, "a"), velmor_integer(heap, weight));
-    const HostObject list = velmor_list(heap, 1, &equation);
-    velmor_root(heap, list);
-    return list;
-  };
-  const HostObject light = weight_of_a(0);
-  const HostObject heavy = weight_of_a(5);
-  const HostObject refused = weight_of_a(-1);
+  const auto weighs = [](HostObject list) { return call(vstring_wslo, {"b", "aa", list}); };
+  HostObject lists[3];
+  for (int i = 0; i < 3; ++i) velmor_root(heap, lists[i] = list({equation("a", 5 * (i - 1))}));
+  const auto [refused, light, heavy] = lists;
   weighs(refused);
   const std::size_t before = velmor_protected_count(heap);
   EXPECT_EQ("1", weighs(light));
   EXPECT_EQ("-1", weighs(heavy));
   EXPECT_EQ(before + 1, velmor_protected_count(heap));
   // Changed behind the library's back, the same object is not read again ...
-  static HostObject changed, element;
-  changed = heavy;
-  element = velmor_element(light, 1);
-  const VelmorCommand change = [](const HostTable* host, HostObject) {
-    host->HostListAssign(changed, 1, element);
+  const VelmorCommand change = [](const HostTable* host, HostObject argseq) {
+    host->HostListAssign(velmor_element(argseq, 1), 1, velmor_element(argseq, 2));
     return host->HostNull();
   };
-  call(change, {});
+  call(change, {heavy, velmor_element(light, 1)});
   EXPECT_EQ("-1", weighs(heavy));
   // ... until another list has come in between.
   EXPECT_NE("", weighs(refused));
   EXPECT_EQ(before, velmor_protected_count(heap));
   EXPECT_EQ("1", weighs(heavy));
   weighs(refused);
-  for (const HostObject list : {light, heavy, refused}) velmor_unroot(heap, list);
-}
-
-// The recursive path walk, with indices as the definition has it.
-int rrpo(const std::string& s, const std::string& t) {
-  std::size_t i = 0, j = 0;
-  int r = 0;
-  while (i < s.size()) {
-    if (j == t.size()) return 1;
-    if (s[i] == t[j]) {
-      ++i, ++j;
-    } else if (s[i] < t[j]) {
-      ++i, r = 1;
-      if (i == s.size()) return -1;
-    } else {
-      ++j, r = -1;
-    }
-  }
-  return j == t.size() ? r : -1;
+  for (const HostObject list : lists) velmor_unroot(heap, list);
 }
 
 TEST(Orders, AgreeWithTheirDefinitions) {
   const std::vector<std::string> words = all_words("aB\351", 4);
+  std::string walks;
   for (const std::string& s : words) {
     for (const std::string& t : words) {
       const int order = sign(s.compare(t));  // unsigned bytes
@@ -124,14 +96,24 @@ TEST(Orders, AgreeWithTheirDefinitions) {
       std::string s_low = s, t_low = t;
       std::replace(s_low.begin(), s_low.end(), 'B', 'b');
       std::replace(t_low.begin(), t_low.end(), 'B', 'b');
-      EXPECT_EQ(order, integer(vstring_lex, {s, t})) << s << t;
-      EXPECT_EQ(shorter != 0 ? shorter : order, integer(vstring_shortlex, {s, t})) << s << t;
-      EXPECT_EQ(rrpo(s, t), integer(vstring_rrpo, {s, t})) << s << t;
-      EXPECT_EQ(rrpo(s_back, t_back), integer(vstring_lrpo, {s, t})) << s << t;
+      EXPECT_EQ(std::to_string(order), call(vstring_lex, {s, t})) << s << t;
+      EXPECT_EQ(std::to_string(shorter != 0 ? shorter : order), call(vstring_shortlex, {s, t}));
+      EXPECT_EQ(call(vstring_rrpo, {s_back, t_back}), call(vstring_lrpo, {s, t})) << s << t;
       EXPECT_EQ(order <= 0, truth(vstring_compare, {s, t})) << s << t;
       EXPECT_EQ(s_low <= t_low, truth(vstring_compareci, {s, t})) << s << t;
+      walks += call(vstring_rrpo, {s, t});
     }
   }
+  // The recursive path order is defined by its walk alone: all answers as they are known.
+  EXPECT_EQ(10583204577084095685U, fingerprint(walks));
+}
+
+TEST(Orders, RecursivePaths) {
+  Check(
+      {{R"(rrpo("", ""), rrpo("a", ""), rrpo("", "a"), rrpo("a", "b"), rrpo("b", "a"))",
+        "0, 1, -1, -1, 1"},
+       {R"(rrpo("ab", "ba"), rrpo("aab", "b"), rrpo("ba", "b"), rrpo("bca", "cb"), lrpo("ab", "ba"))",
+        "-1, 1, 1, -1, 1"}});
 }
 
 TEST(Orders, Sorting) {

@@ -3,81 +3,68 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <string>
 
+#include "support/check.h"
 #include "support/instructions.h"
 #include "words/sample_words.h"
 
 namespace vstring_test {
 namespace {
 
-using Make = std::function<std::string(std::size_t n)>;
+constexpr std::size_t kSize = 100000;
+const std::string kFibonacci = quoted(fibonacci_word(987));
+const std::string kRun = quoted(std::string(60, 'a'));
 
-// `word` repeated to n bytes, as a call.
-std::string text(const std::string& word, std::size_t n) {
-  return "repeat(\"" + word + "\", " + std::to_string(n / word.size()) + ")";
-}
-
-void check_linear(std::initializer_list<Make> calls) {
-  constexpr std::size_t kSize = 100000;
-  for (const Make& make : calls) EXPECT_LE(growth(make, kSize), 2.1) << make(64);
-}
-
-// The same calls over one command each.
-void check_linear(std::initializer_list<const char*> commands, const Make& argument) {
-  for (const std::string command : commands) {
-    check_linear({[&](std::size_t n) { return "length(" + command + "(" + argument(n) + "))"; }});
+// A call in which W(u) is the word u repeated to n bytes, H(u) to half of them, and F a Fibonacci
+// word.
+std::string instance(const std::string& call, std::size_t n) {
+  std::string text;
+  for (std::size_t i = 0; i < call.size(); ++i) {
+    const bool is_word = call.compare(i, 2, "W(") == 0 || call.compare(i, 2, "H(") == 0;
+    if (call[i] == 'F') text += kFibonacci;
+    if (call[i] == 'R') text += kRun;
+    if (call[i] != 'F' && call[i] != 'R' && !is_word) text += call[i];
+    if (!is_word) continue;
+    const std::size_t end = call.find(')', i);
+    std::string word = call.substr(i + 2, end - i - 2);
+    const std::size_t length = word == "F" ? 987 : word.size();
+    word = word == "F" ? kFibonacci : vstring_test::quoted(word);
+    const std::size_t times = n / length / (call[i] == 'H' ? 2 : 1);
+    text += "repeat(" + word + ", " + std::to_string(times) + ")";
+    i = end;
   }
+  return text;
 }
 
-const std::string kFibonacci = fibonacci_word(987);
-
-TEST(LinearLongTier, OnePattern) {
-  const auto search = [](const std::string& pattern, const std::string& searched) {
-    return "searchx(" + pattern + ", " + searched + ")";
-  };
-  check_linear({
-      [&](std::size_t n) {
-        return search("cap(" + text("a", n / 2) + ", \"\", \"b\")", text("a", n));
-      },
-      [&](std::size_t n) {
-        return search("cap(" + text("a", n / 2) + ", \"b\", \"\")", text("a", n));
-      },
-      [&](std::size_t n) { return search(text("a", 32), text("a", n)); },
-      [&](std::size_t n) { return search(text("aba", 3000), text("abaabab", n)); },
-      [&](std::size_t n) { return search("\"" + kFibonacci + "b\"", text(kFibonacci, n)); },
-      [&](std::size_t n) {
-        return "length(substx(" + text("a", n) + ", " + text("a", 32) + ", \"b\"))";
-      },
-      [&](std::size_t n) {
-        return "asearchb(" + text("ab", 200) + ", " + text("aab", n) + ", 5, 2)";
-      },
-  });
+void check_linear(const std::string& call) {
+  const auto make = [&](std::size_t n) { return instance(call, n); };
+  EXPECT_LE(growth(make, kSize), 2.1) << call;
 }
 
-TEST(LinearLongTier, ManyPatterns) {
-  const auto list = [](std::size_t patterns) {
-    std::string items = text("a", 1);
-    for (std::size_t i = 2; i <= patterns; ++i) items += ", " + text("a", i);
-    return "[" + items + "]";
+TEST(LinearLongTier, Searching) {
+  for (const char* const call : {
+           "searchx(cap(H(a), \"\", \"b\"), W(a))",
+           "searchx(cap(H(a), \"b\", \"\"), W(a))",
+           "searchx(repeat(\"a\", 32), W(a))",
+           "searchx(repeat(\"aba\", 1000), W(abaabab))",
+           "searchx(cap(F, \"\", \"b\"), W(F))",
+           "length(substx(W(a), repeat(\"a\", 32), \"b\"))",
+           "asearchb(repeat(\"ab\", 100), W(aab), 5, 2)",
+           "search([cap(R, \"\", \"b\"), cap(R, \"b\", \"\")], W(a))",
+           "search([\"abac\", \"abaabc\"], W(abaab))",  // beginnings that lead nowhere
+           "search([W(a), W(ab)], \"ba\")",
+       })
+    check_linear(call);
+  // a, aa, aaa, ... of n bytes in all.
+  const auto powers = [](std::size_t n) {
+    std::string items = "\"a\"";
+    const auto longest = static_cast<std::size_t>(std::sqrt(2.0 * static_cast<double>(n)));
+    for (std::size_t i = 2; i <= longest; ++i)
+      items += ", repeat(\"a\", " + std::to_string(i) + ")";
+    return "search([" + items + "], \"b\")";
   };
-  const std::string a60 = std::string(60, 'a');
-  check_linear({
-      [&](std::size_t n) {
-        return "search([\"" + a60 + "b\", \"b" + a60 + "\"], " + text("a", n) + ")";
-      },
-      // Full of beginnings that lead nowhere.
-      [&](std::size_t n) { return "search([\"abac\", \"abaabc\"], " + text("abaab", n) + ")"; },
-      [&](std::size_t n) {
-        return "search([" + text("a", n) + ", " + text("ab", n) + "], \"ba\")";
-      },
-      // a, aa, aaa, ... of n bytes in all.
-      [&](std::size_t n) {
-        const auto longest = static_cast<std::size_t>(std::sqrt(2.0 * static_cast<double>(n)));
-        return "search(" + list(longest) + ", \"b\")";
-      },
-  });
+  EXPECT_LE(growth(powers, kSize), 2.1);
 }
 
 TEST(LinearLongTier, RegularExpressions) {
@@ -85,24 +72,19 @@ TEST(LinearLongTier, RegularExpressions) {
   for (const std::string pattern :
        {"(a|aa)+b", "(x+x+)+y", "(a|a)*b", "((a|b)*c)*d", "(a|aa)+(b|c)", "(x+x+)+(y|z)",
         "(a|a)*(b|c)", "((a|b)*c)*(d|e)"}) {
-    const std::string letter = pattern[1] == 'x' ? "x" : "a";
-    check_linear(
-        {[&](std::size_t n) { return "regmatch(\"" + pattern + "\", " + text(letter, n) + ")"; }});
+    check_linear("regmatch(\"" + pattern + "\", W(" + (pattern[1] == 'x' ? "x" : "a") + "))");
   }
-  check_linear({
-      [](std::size_t n) { return "length(regsubs(\"a.*z|a\" = \"b\", " + text("a", n) + "))"; },
-      [](std::size_t n) { return "length(join([regsplit(\"a.*z|a\", " + text("a", n) + ")]))"; },
-  });
+  check_linear("length(regsubs(\"a.*z|a\" = \"b\", W(a)))");
+  check_linear("length(join([regsplit(\"a.*z|a\", W(a))]))");
 }
 
 TEST(LinearLongTier, Words) {
-  for (const std::string& word : {std::string("a"), kFibonacci, std::string("abaabb")}) {
-    const Make whole = [&](std::size_t n) { return text(word, n); };
-    const Make ended = [&](std::size_t n) { return "cap(" + text(word, n) + ", \"\", \"c\")"; };
-    for (const Make& argument : {whole, ended}) {
-      check_linear({"border", "primroot", "minconj", "sort", "hash", "reverse"}, argument);
-      check_linear({[&](std::size_t n) { return "period(" + argument(n) + ")"; },
-                    [&](std::size_t n) { return "length(implode(lynfac(" + argument(n) + ")))"; }});
+  for (const std::string word : {"W(a)", "W(F)", "W(abaabb)"}) {
+    for (const std::string& argument : {word, "cap(" + word + ", \"\", \"c\")"}) {
+      for (const std::string command : {"border", "primroot", "minconj", "sort", "hash", "reverse"})
+        check_linear("length(" + command + "(" + argument + "))");
+      check_linear("period(" + argument + ")");
+      check_linear("length(implode(lynfac(" + argument + ")))");
     }
   }
 }

@@ -2,11 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
-#include "heap/velmor_runtime.h"
-#include "host/vstring.h"
+#include "support/direct.h"
 
 namespace vstring_test {
 namespace {
@@ -43,98 +41,71 @@ TEST(NormalRange, MapsEndpoints) {
   }
 }
 
-// Runs a decoder as the body of a command, where raising is allowed.
-class Decoders : public testing::Test {
- protected:
-  ~Decoders() override { velmor_heap_free(heap_); }
+HostObject argument(HostObject argseq) { return velmor_element(argseq, 1); }
 
-  static inline std::function<std::int64_t(const HostTable*, HostObject)> body;
-
-  // The decoder's value, or the error's text.
-  std::string decode(std::initializer_list<HostObject> arguments) {
-    HostObject result = 0;
-    const HostObject argseq = velmor_sequence(heap_, arguments.size(), arguments.begin());
-    const VelmorCommand command = [](const HostTable* host, HostObject sequence) {
-      return host->HostNewInteger(body(host, sequence));
-    };
-    if (velmor_call(heap_, command, argseq, &result) == 0) return velmor_error(heap_);
-    return std::to_string(velmor_to_integer(result));
-  }
-  static HostObject argument(HostObject argseq) { return velmor_element(argseq, 1); }
-
-  HostObject name(const char* text) { return velmor_name(heap_, text); }
-  HostObject string(const char* text) { return velmor_string(heap_, text); }
-  HostObject integer(std::int64_t n) { return velmor_integer(heap_, n); }
-  HostObject option(HostObject left, HostObject right) {
-    return velmor_equation(heap_, left, right);
-  }
-
-  VelmorHeap* heap_ = velmor_heap_new();
-};
-
-TEST_F(Decoders, Booleans) {
-  body = [](const HostTable* host, HostObject argseq) {
+TEST(Decoders, Booleans) {
+  const VelmorCommand decode = [](const HostTable* host, HostObject argseq) {
     const HostObject object = argument(argseq);
-    return std::int64_t{100} * IsVelmorTrueFalse(host, object) +
-           10 * IsVelmorBoolean(host, object) + VelmorToBoolean(host, object);
+    return host->HostNewInteger(std::int64_t{100} * IsVelmorTrueFalse(host, object) +
+                                10 * IsVelmorBoolean(host, object) + VelmorToBoolean(host, object));
   };
-  EXPECT_EQ("111", decode({name("true")}));
-  EXPECT_EQ("110", decode({name("false")}));
-  EXPECT_EQ("9", decode({name("FAIL")}));
-  EXPECT_EQ("cannot convert to boolean: \"true\"", decode({string("true")}));
-  EXPECT_EQ("cannot convert to boolean: truex", decode({name("truex")}));
-  EXPECT_EQ("cannot convert to boolean: 1", decode({integer(1)}));
+  EXPECT_EQ("111", call(decode, {name("true")}));
+  EXPECT_EQ("110", call(decode, {name("false")}));
+  EXPECT_EQ("9", call(decode, {name("FAIL")}));
+  EXPECT_EQ("error: cannot convert to boolean: \"true\"", call(decode, {"true"}));
+  EXPECT_EQ("error: cannot convert to boolean: truex", call(decode, {name("truex")}));
+  EXPECT_EQ("error: cannot convert to boolean: 1", call(decode, {1}));
 }
 
-TEST_F(Decoders, StringIndex) {
-  body = [](const HostTable* host, HostObject argseq) {
-    return GetStringIndex(host, 4, argument(argseq));
+TEST(Decoders, StringIndex) {
+  const VelmorCommand decode = [](const HostTable* host, HostObject argseq) {
+    return host->HostNewInteger(GetStringIndex(host, 4, argument(argseq)));
   };
-  EXPECT_EQ("4", decode({integer(4)}));
-  EXPECT_EQ("3", decode({integer(-1)}));
-  EXPECT_EQ("string index `-5' out of range", decode({integer(-5)}));
-  EXPECT_EQ("expecting an integral (32-bit) string index, but got `x'", decode({name("x")}));
+  EXPECT_EQ("4", call(decode, {4}));
+  EXPECT_EQ("3", call(decode, {-1}));
+  EXPECT_EQ("error: string index `-5' out of range", call(decode, {-5}));
+  EXPECT_EQ("error: expecting an integral (32-bit) string index, but got `x'",
+            call(decode, {name("x")}));
 }
 
-TEST_F(Decoders, OneOption) {
-  body = [](const HostTable* host, HostObject argseq) {
+TEST(Decoders, OneOption) {
+  const VelmorCommand decode = [](const HostTable* host, HostObject argseq) {
     const HostObject value = GetOption(host, 1, argseq, "width", 1);
-    if (value == 0) return std::int64_t{-1};
-    return host->HostIsInteger32(value) != 0 ? host->HostToInteger32(value) : std::int64_t{100};
+    return value != 0 ? value : host->HostNull();
   };
-  const HostObject width = option(name("width"), integer(7));
-  EXPECT_EQ("7", decode({integer(0), integer(3), width, option(name("width"), integer(8))}));
-  EXPECT_EQ("7", decode({integer(0), option(string("width"), integer(7))}));
-  EXPECT_EQ("100", decode({integer(0), string("width"), width})) << "bare";
-  EXPECT_EQ("-1", decode({width, option(integer(1), integer(2))})) << "it starts after the first";
-  EXPECT_EQ("-1", decode({}));
+  const HostObject width = equation(name("width"), 7);
+  EXPECT_EQ("7", call(decode, {0, 3, width, equation("width", 8)}));
+  EXPECT_EQ("7", call(decode, {0, equation("width", 7)}));
+  EXPECT_EQ("true", call(decode, {0, "width", width})) << "bare";
+  EXPECT_EQ("", call(decode, {width, equation(1, 2)})) << "it starts after the first";
+  EXPECT_EQ("", call(decode, {}));
 }
 
-TEST_F(Decoders, ManyOptions) {
+TEST(Decoders, ManyOptions) {
   static VstringOption options[] = {{"a", 1, 1, 0}, {"b", 1, 1, 1}, {nullptr, 0, 0, 0}};
-  body = [](const HostTable* host, HostObject argseq) {
-    return GetOptions(host, options, 0, argseq);
+  const VelmorCommand decode = [](const HostTable* host, HostObject argseq) {
+    return host->HostNewInteger(GetOptions(host, options, 0, argseq));
   };
-  EXPECT_EQ("2", decode({name("a"), option(name("a"), integer(1)), option(string("a"), integer(2)),
-                         string("b"), option(name("c"), integer(3))}));
-  EXPECT_EQ(integer(2), options[0].value) << "the last one given wins";
+  EXPECT_EQ("2",
+            call(decode, {name("a"), equation("a", 1), equation("a", 2), "b", equation("c", 3)}));
+  EXPECT_EQ(Value(2), options[0].value) << "the last one given wins";
   EXPECT_EQ(3U, options[0].position);
   EXPECT_STREQ("true", velmor_text(options[1].value));
   EXPECT_EQ(4U, options[1].position);
-  EXPECT_EQ("0", decode({}));
+  EXPECT_EQ("0", call(decode, {}));
   EXPECT_EQ(0U, options[0].value) << "cleared";
 }
 
-TEST_F(Decoders, StringOption) {
-  const auto get = [&](HostObject object) {
-    const char* const text = GetStringOption(velmor_table(heap_), object, "stemmer");
+TEST(Decoders, StringOption) {
+  const auto get = [](HostObject object) {
+    const char* const text = GetStringOption(velmor_table(session().heap()), object, "stemmer");
     return std::string(text == nullptr ? "(null)" : text);
   };
-  EXPECT_EQ("porter", get(option(name("stemmer"), string("porter"))));
+  EXPECT_EQ("porter", get(equation(name("stemmer"), "porter")));
   EXPECT_EQ("porter", get(name("porter")));
-  EXPECT_EQ("(null)", get(option(name("stem"), string("porter"))));
-  EXPECT_EQ("(null)", get(option(string("stemmer"), integer(1))));
-  EXPECT_EQ("(null)", get(integer(5)));
+  EXPECT_EQ("(null)", get(equation("stem", "porter")));
+  EXPECT_EQ("(null)", get(equation("stemmer", 1)));
+  EXPECT_EQ("(null)", get(Value(5)));
 }
 
 }  // namespace

@@ -87,22 +87,36 @@ TEST(List, AppendsInOrderAndIsFreedTwice) {
   check_list(il_create, il_append, il_free);
 }
 
+// Walks a list whose first ten elements are above a bound only in the fourth place.
+void check_iteration(auto* list, auto append, auto iterate, auto release, auto up_to_three) {
+  int calls = 0;
+  EXPECT_EQ(1, iterate(list, up_to_three, &calls));
+  for (int i = 0; i < 10; ++i) append(list, i);
+  EXPECT_EQ(0, iterate(list, up_to_three, &calls)) << "it stops when told to";
+  EXPECT_EQ(4, calls);
+  EXPECT_EQ(1, iterate(
+                   list, [](auto, void*) { return 1; }, nullptr));
+  EXPECT_EQ(-1, iterate(nullptr, up_to_three, &calls));
+  EXPECT_EQ(-1, iterate(list, nullptr, nullptr));
+  release(list);
+  std::free(list);
+}
+
 TEST(List, IterationStopsAndAnswers) {
-  const auto below_three = [](std::uintptr_t value, void* data) {
-    *static_cast<int*>(data) += 1;
+  const auto number = [](std::uintptr_t value, void* calls) {
+    *static_cast<int*>(calls) += 1;
     return value < 3 ? 1 : 0;
   };
-  VstringList* const list = list_create();
-  int calls = 0;
-  EXPECT_EQ(1, list_iter(list, below_three, &calls));
-  for (std::uintptr_t i = 0; i < 10; ++i) list_append(list, i);
-  EXPECT_EQ(0, list_iter(list, below_three, &calls));
-  EXPECT_EQ(4, calls);
-  EXPECT_EQ(-1, list_iter(nullptr, below_three, &calls));
-  EXPECT_EQ(-1, list_iter(list, nullptr, nullptr));
+  const auto text = [](const char* value, void* calls) {
+    *static_cast<int*>(calls) += 1;
+    return *value < '3' ? 1 : 0;
+  };
+  check_iteration(list_create(), list_append, list_iter, list_free, number);
+  const auto append_digit = [](VstringStringList* list, int i) {
+    sl_append(list, std::to_string(i).c_str());
+  };
+  check_iteration(sl_create(), append_digit, sl_iter, sl_free, text);
   EXPECT_EQ(UINT32_MAX, list_size(nullptr));
-  list_free(list);
-  std::free(list);
 }
 
 TEST(StringList, BecomesASequence) {

@@ -35,23 +35,8 @@ TEST(Fmtmsg, Placeholders) {
   });
 }
 
-TEST(Fmtmsg, LongMessages) {
-  for (const std::size_t n : {8190U, 8191U, 8192U, 8193U, 70000U}) {
-    const std::string piece(n, 'x');
-    EXPECT_EQ("%" + piece + "|" + piece,
-              text(vstring_fmtmsg, {"%%1|%1", piece}).replace(1, 2, piece))
-        << n;
-    EXPECT_EQ(piece, text(vstring_fmtmsg, {piece}));
-  }
-}
-
 TEST(Fmtmsg, AFormatWithoutPercentIsReturnedItself) {
-  VelmorHeap* const heap = session().heap();
-  for (const HostObject format : {velmor_string(heap, "abc"), velmor_name(heap, "abc")}) {
-    const HostObject result = result_of(vstring_fmtmsg, {format});
-    EXPECT_EQ(velmor_tag(format) == HOST_TAG_STRING, result == format);
-    EXPECT_STREQ("abc", velmor_text(result));
-  }
+  CheckIdentity({{"abc", "", "fmtmsg(x)", "fmtmsg(\"%1\", x)"}});
 }
 
 // A host whose evaluation calls the library again, or answers with nonsense.
@@ -75,7 +60,7 @@ class OwnEvaluation : public testing::Test {
     return evaluate_(procedure, a, b);
   }
 
-  std::string fmtmsg(Evaluate evaluate, const std::vector<HostObject>& arguments) {
+  std::string fmtmsg(Evaluate evaluate, const Values& arguments) {
     evaluate_ = evaluate;
     before_ = velmor_protected_count(heap());
     const std::string answer =
@@ -97,14 +82,12 @@ TEST_F(OwnEvaluation, MayCallTheLibraryAgain) {
     const std::string filler(9000, '.');
     const std::string other = text(vstring_fmtmsg, {"<%1>", filler});
     EXPECT_EQ("<" + filler + ">", other);
-    EXPECT_EQ("error: too few parameters", call(vstring_fmtmsg, {velmor_string(heap(), "x%2")}));
+    EXPECT_EQ("error: too few parameters", call(vstring_fmtmsg, {"x%2"}));
     return velmor_string(heap(), "inner");
   };
   const std::string start(10000, 'a');
-  const HostObject format = velmor_string(heap(), (start + "%1 %2 %1").c_str());
   const std::size_t blocks = live_blocks();
-  EXPECT_EQ(quoted(start + "inner inner inner"),
-            fmtmsg(nested, {format, velmor_integer(heap(), 7), velmor_list(heap(), 0, nullptr)}));
+  EXPECT_EQ(quoted(start + "inner inner inner"), fmtmsg(nested, {start + "%1 %2 %1", 7, list({})}));
   EXPECT_EQ(blocks, live_blocks());
 }
 
@@ -114,8 +97,7 @@ TEST_F(OwnEvaluation, MustAnswerWithAText) {
   };
   const std::string start = "error: assertion failed [\"vstring-misc\":";
   const std::size_t blocks = live_blocks();
-  const std::string answer =
-      fmtmsg(number, {velmor_string(heap(), "%1"), velmor_integer(heap(), 7)});
+  const std::string answer = fmtmsg(number, {"%1", 7});
   EXPECT_EQ(start, answer.substr(0, start.size()));
   EXPECT_EQ(blocks, live_blocks());
 }
@@ -127,15 +109,14 @@ TEST_F(OwnEvaluation, NamesWithASpellingOfTheirOwn) {
     EXPECT_STREQ("%a", velmor_text(a));
     return velmor_string(heap(), (std::string("local ") + velmor_text(b)).c_str());
   };
-  const HostObject name = velmor_name(heap(), "fmtmsg_name");
+  const HostObject name = vstring_test::name("fmtmsg_name");
   auto* const attribute = reinterpret_cast<HostObject*>(name) + 2;
   ASSERT_EQ(0U, *attribute);
   const std::uint64_t empty = (std::uint64_t{0x1e} << 32) | 1;
   *attribute = velmor_integer(heap(), 1);
-  EXPECT_EQ("\"local fmtmsg_name, fmtmsg_name\"",
-            fmtmsg(spelling, {velmor_string(heap(), "%1, %0"), name}));
+  EXPECT_EQ("\"local fmtmsg_name, fmtmsg_name\"", fmtmsg(spelling, {"%1, %0", name}));
   *attribute = reinterpret_cast<HostObject>(&empty);
-  EXPECT_EQ("\"fmtmsg_name\"", fmtmsg(spelling, {velmor_string(heap(), "%1"), name}));
+  EXPECT_EQ("\"fmtmsg_name\"", fmtmsg(spelling, {"%1", name}));
   *attribute = 0;
 }
 

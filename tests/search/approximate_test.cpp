@@ -76,18 +76,16 @@ Ends ends_by_automaton(const std::string& pattern, const std::string& text, std:
 }
 
 void check_ends(const std::string& pattern, const std::string& text, std::int64_t k) {
-  const auto check = [&](VelmorCommand first, VelmorCommand every, std::vector<std::int64_t> more,
+  const auto check = [&](VelmorCommand first, VelmorCommand every, const Values& more,
                          const Ends& expected) {
     const auto answer = [&](VelmorCommand command) {
-      VelmorHeap* const heap = session().heap();
-      std::vector<HostObject> arguments = {velmor_string(heap, pattern.c_str()),
-                                           velmor_string(heap, text.c_str())};
-      for (const std::int64_t value : more) arguments.push_back(velmor_integer(heap, value));
+      Values arguments = {pattern, text};
+      arguments.insert(arguments.end(), more.begin(), more.end());
       return call(command, arguments);
     };
     const std::string where = pattern + " in " + text + ", " + std::to_string(k);
     ASSERT_EQ(printed_sequence(expected), answer(every)) << where;
-    ASSERT_EQ(expected.empty() ? "0" : std::to_string(expected[0]), answer(first)) << where;
+    ASSERT_EQ(printed(expected.empty() ? 0 : expected[0]), answer(first)) << where;
   };
   const Ends by_table = ends_by_table(pattern, text, k);
   const Ends by_automaton = ends_by_automaton(pattern, text, k);

@@ -62,15 +62,6 @@ TEST(Exact, Mismatches) {
   });
 }
 
-HostObject string(const std::string& bytes) {
-  return velmor_string_n(session().heap(), bytes.data(), bytes.size());
-}
-
-HostObject list_of(const std::string& text) {
-  const HostObject element = string(text);
-  return velmor_list(session().heap(), 1, &element);
-}
-
 // First and all occurrences, in one text and in a list of texts.
 void check_exact(const std::string& pattern, const std::string& text) {
   std::vector<std::size_t> found;
@@ -80,11 +71,10 @@ void check_exact(const std::string& pattern, const std::string& text) {
   const std::string first = printed(found.empty() ? 0 : found[0]);
   const std::string all = printed_sequence(found);
   const std::string where = pattern + " in " + text;
-  ASSERT_EQ(first, call(vstring_search, {string(pattern), string(text)})) << where;
-  ASSERT_EQ(all, call(vstring_searchx, {string(pattern), string(text)})) << where;
-  ASSERT_EQ("[" + first + "]", call(vstring_search, {string(pattern), list_of(text)})) << where;
-  ASSERT_EQ("[" + printed(found) + "]", call(vstring_searchx, {string(pattern), list_of(text)}))
-      << where;
+  ASSERT_EQ(first, call(vstring_search, {pattern, text})) << where;
+  ASSERT_EQ(all, call(vstring_searchx, {pattern, text})) << where;
+  ASSERT_EQ("[" + first + "]", call(vstring_search, {pattern, list({text})})) << where;
+  ASSERT_EQ("[" + printed(found) + "]", call(vstring_searchx, {pattern, list({text})})) << where;
 }
 
 void check_mismatches(const std::string& pattern, const std::string& text, std::size_t k) {
@@ -96,8 +86,7 @@ void check_mismatches(const std::string& pattern, const std::string& text, std::
     found.push_back({i + 1, count});
   }
   const auto answer = [&](VelmorCommand command) {
-    return call(command, {string(pattern), string(text),
-                          velmor_integer(session().heap(), static_cast<std::int64_t>(k))});
+    return call(command, {pattern, text, static_cast<std::int64_t>(k)});
   };
   const std::string where = pattern + " in " + text;
   ASSERT_EQ(printed(found.empty() ? 0 : found[0][0]), answer(vstring_hsearch)) << where;

@@ -11,6 +11,7 @@
 #include "search/regex/program.h"
 #include "search/regex_comparison.h"
 #include "support/check.h"
+#include "support/cpu_bound.h"
 #include "support/direct.h"
 
 namespace vstring_test {
@@ -117,7 +118,6 @@ TEST(Regex, Sub) {
       {R"(regsub("b*", "abc", ""))", R"("")"},
       {"regsub(" + quoted("(a)|(b)") + ", \"b\", " + quoted("\\1-\\2-\\0") + ")", "\"-b-b\""},
       {"regsub(\"b\", \"b\", " + quoted("\\&\\\\&\\x\\") + ")", quoted("&\\b\\x\\")},
-      {R"(length(regsub(".*", repeat("b", 5000), "&&")))", "10000"},
   });
 }
 
@@ -133,7 +133,6 @@ TEST(Regex, Subs) {
       {"regsubs(1 = 2, 3)", "error: left hand side of first argument must be a string"},
       {"regsubs(a = 2, 3)", "error: right hand side of first argument must be a string"},
       {R"(length(regsubs("b" = "abcde", repeat("xb", 5000))))", "30000"},
-      {R"(length(regsubs("y" = "", repeat("x", 9000))))", "9000"},
       {"regsubs(\"^x\" = \"\", " + quoted(std::string(8189, 'x') + "y") + ")", "\"y\""},
   });
 }
@@ -166,6 +165,7 @@ TEST(Regex, EveryAllocationMayFail) {
 
 // What backtracking alone would not survive: exponential time, or quadratic time over all matches.
 TEST(Regex, NoPatternRunsAway) {
+  const CpuBound bound(100);
   const std::size_t n = 1000000;
   const std::string a(n, 'a');
   const std::string x(n, 'x');
@@ -180,11 +180,7 @@ TEST(Regex, NoPatternRunsAway) {
     EXPECT_EQ(std::vector<std::string>(n / 4),
               texts(vstring_regsplit, {pattern, a.substr(0, n / 4)}))
         << pattern;
-    VelmorHeap* const heap = session().heap();
-    const HostObject rule =
-        velmor_equation(heap, velmor_string(heap, pattern), velmor_string(heap, "x"));
-    EXPECT_EQ("\"" + x + "\"", call(vstring_regsubs, {rule, velmor_string(heap, a.c_str())}))
-        << pattern;
+    EXPECT_EQ(x, text(vstring_regsubs, {equation(pattern, "x"), a})) << pattern;
   }
 }
 

@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <string>
 
 #include "support/check.h"
+#include "support/cpu_bound.h"
 #include "support/direct.h"
 
 namespace vstring_test {
@@ -130,7 +130,7 @@ TEST(Wild, LongerPatterns) {
 
 // Nothing to backtrack into: all of these take the definition hours or more.
 TEST(Wild, LongTextsAnswerAtOnce) {
-  const auto start = std::chrono::steady_clock::now();
+  const CpuBound bound(20);
   const std::string run(1 << 20, 'a');
   std::string stars, sets;
   for (int i = 0; i < 50; ++i) {
@@ -146,7 +146,6 @@ TEST(Wild, LongTextsAnswerAtOnce) {
   EXPECT_FALSE(truth(vstring_wild, {"*[ab]" + half.substr(0, 4000) + "b*", run}));
   EXPECT_FALSE(truth(vstring_wild, {std::string(1 << 20, '['), run}));
   EXPECT_FALSE(truth(vstring_wild, {"*[" + half + "]*b", run}));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 // The script tests the matcher in a host, under the name that the host gives it.

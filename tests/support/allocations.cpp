@@ -8,6 +8,7 @@ namespace {
 
 std::size_t countdown = 0;
 bool has_failed = false;
+bool fails_for_good = false;
 std::size_t limit = SIZE_MAX;
 
 // Blocks that came through the wrappers. Others reach the wrapped free too (a text that libc
@@ -19,6 +20,7 @@ std::unordered_set<void*>& blocks() {
 
 bool refuse(std::size_t bytes) {
   if (bytes > limit) return true;
+  if (fails_for_good && has_failed) return true;
   if (countdown == 0 || --countdown != 0) return false;
   has_failed = true;
   return true;
@@ -71,8 +73,9 @@ namespace vstring_test {
 
 std::size_t live_blocks() { return blocks().size(); }
 
-void fail_allocation(std::size_t k) {
+void fail_allocation(std::size_t k, bool and_all_after) {
   countdown = k;
+  fails_for_good = and_all_after;
   has_failed = false;
 }
 

@@ -9,9 +9,9 @@ namespace vstring_test {
 // Blocks allocated by the library and not yet freed.
 std::size_t live_blocks();
 
-// Makes the k-th allocation from now (1-based) fail, once; 0 disarms. `allocation_failed` tells
-// whether it has.
-void fail_allocation(std::size_t k);
+// Makes the k-th allocation from now (1-based) fail, and all after it if that is wanted; 0 disarms.
+// `allocation_failed` tells whether one has.
+void fail_allocation(std::size_t k, bool and_all_after = false);
 bool allocation_failed();
 
 // Requests above this size fail at once, as they would on a small machine, so that random sizes

@@ -3,17 +3,17 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include "support/allocations.h"
 #include "support/fingerprint.h"
 
 namespace vstring_test {
 namespace {
-
-constexpr std::size_t kMaxFailures = 60;  // per row and kind; long rows repeat themselves
 
 VelmorCommand resolve(const std::string& entry_point) {
   return reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, entry_point.c_str()));
@@ -27,32 +27,55 @@ void check_arguments(const std::string& command, HostObject argseq) {
   EXPECT_EQ(arguments_before, fingerprint(argseq)) << command << " changed its arguments";
 }
 
-// An outermost call, after which the blocks of an abandoned one must be gone.
-std::size_t live_after_next_call() {
-  evaluate("length(\"\")");
-  velmor_collect(session().heap());
-  return live_blocks();
-}
+bool is_error(const std::string& answer) { return answer.starts_with("error: "); }
 
 void check_sound(const Row& row) { EXPECT_STREQ("", velmor_faults(session().heap())) << row.call; }
 
-// Runs the row with its k-th operation failing, for every k until none fails any more.
+std::string attempt(const Row& row) {
+  std::string answer = evaluate(row.call);
+  if (!row.undo.empty() && !is_error(answer)) evaluate(row.undo);
+  return answer;
+}
+
+// Live blocks and protections after an outermost call, which takes back what an abandoned one left
+// but for the names that fmtmsg holds while the host evaluates something.
+std::pair<std::size_t, std::size_t> holdings(const Row& row) {
+  evaluate("length(\"\")");
+  velmor_collect(session().heap());
+  const bool evaluates = row.call.find("fmtmsg") != row.call.npos;
+  return {live_blocks(), evaluates ? 0 : velmor_protected_count(session().heap())};
+}
+
+// What the whole run has made fail.
+struct Tally : testing::Environment {
+  std::size_t operations = 0, allocations = 0;
+  void TearDown() override {
+    if (operations == 0) return;
+    std::printf("Made to fail: %zu host operations, %zu allocations.\n", operations, allocations);
+  }
+};
+auto* const tally = static_cast<Tally*>(testing::AddGlobalTestEnvironment(new Tally));
+
+// Runs the row with its k-th operation failing, for every k until none fails any more; behind the
+// first 64, for every second, third ... of them.
 template <typename Arm, typename Failed, typename Acceptable>
-void fail_each(const Row& row, Arm arm, Failed failed, Acceptable acceptable) {
-  for (std::size_t k = 1; k <= kMaxFailures; ++k) {
-    std::size_t live[2] = {};
-    for (std::size_t& after : live) {
+void fail_each(const Row& row, std::size_t& count, Arm arm, Failed failed, Acceptable acceptable) {
+  for (std::size_t k = 1;; k += 1 + k / 64) {
+    std::pair<std::size_t, std::size_t> held[2];
+    for (auto& after : held) {
       arm(k);
       const std::string answer = evaluate(row.call);
       const bool has_failed = failed();
       arm(0);
+      if (!row.undo.empty() && !is_error(answer)) evaluate(row.undo);
       if (!has_failed) return;
+      ++count;
       EXPECT_TRUE(acceptable(answer)) << row.call << ", failure " << k << ": " << answer;
       check_sound(row);
-      after = live_after_next_call();
+      after = holdings(row);
     }
-    EXPECT_EQ(live[0], live[1]) << row.call << " leaks at failure " << k;
-    EXPECT_EQ(row.expected, evaluate(row.call)) << "after failure " << k;
+    EXPECT_EQ(held[0], held[1]) << row.call << " leaks at failure " << k;
+    ASSERT_EQ(row.expected, attempt(row)) << "after failure " << k;
   }
 }
 
@@ -64,7 +87,7 @@ void fail_operations(const Row& row) {
     velmor_fail_operation(heap, k);
   };
   const auto failed = [&] { return velmor_operation_count(heap) >= last; };
-  fail_each(row, arm, failed,
+  fail_each(row, tally->operations, arm, failed,
             [](const std::string& answer) { return answer == "error: injected failure"; });
 }
 
@@ -76,11 +99,27 @@ const std::set<std::string> kNoMemory = {
     "error: cannot execute compiled regular expression: out of space",
 };
 
+// One allocation, or this one and all after it.
 void fail_allocations(const Row& row) {
-  fail_each(row, fail_allocation, allocation_failed, [&](const std::string& answer) {
-    return kNoMemory.contains(answer) || answer == row.expected ||
-           (!row.without_memory.empty() && answer == row.without_memory);
-  });
+  for (const bool for_good : {false, true}) {
+    const auto arm = [&](std::size_t k) { fail_allocation(k, for_good); };
+    fail_each(row, tally->allocations, arm, allocation_failed, [&](const std::string& answer) {
+      return kNoMemory.contains(answer) || answer == row.expected ||
+             (!row.without_memory.empty() && answer == row.without_memory);
+    });
+  }
+}
+
+// The calls between "; ".
+std::vector<std::string> calls_of(const std::string& calls) {
+  const std::string separator = "; ";
+  std::vector<std::string> parts;
+  for (std::size_t at = 0, end = 0; end != calls.npos && !calls.empty();
+       at = end + separator.size()) {
+    end = calls.find(separator, at);
+    parts.push_back(calls.substr(at, end - at));
+  }
+  return parts;
 }
 
 }  // namespace
@@ -107,12 +146,8 @@ void Check(const std::vector<Row>& rows) {
 }
 
 void CheckRefusals(const std::vector<Refusal>& refusals) {
-  const std::string separator = "; ";
   for (const auto& [message, calls] : refusals) {
-    for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + separator.size()) {
-      end = calls.find(separator, at);
-      Check({{calls.substr(at, end - at), "error: " + message}});
-    }
+    for (const std::string& call : calls_of(calls)) Check({{call, "error: " + message}});
   }
 }
 
@@ -123,9 +158,29 @@ void CheckWords(const std::string& command, const std::string& pairs) {
   }
 }
 
+void CheckIdentity(const std::vector<Identity>& rows) {
+  VelmorHeap* const heap = session().heap();
+  const HostObject x = velmor_name(heap, "x");
+  for (const Identity& row : rows) {
+    for (const bool is_string : {true, false}) {
+      velmor_assign(heap, x, (is_string ? velmor_string : velmor_name)(heap, row.x.c_str()));
+      const auto check = [&](const std::string& calls, bool itself) {
+        for (const std::string& call : calls_of(calls)) {
+          EXPECT_EQ(itself, session().evaluate(call).value == velmor_value(heap, x))
+              << call << " of " << evaluate("x");
+        }
+      };
+      check(row.always, true);
+      check(row.strings, is_string);
+      check(row.never, false);
+    }
+  }
+  velmor_assign(heap, x, 0);
+}
+
 void CheckInOrder(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
-    EXPECT_EQ(row.expected, evaluate(row.call)) << row.call;
+    EXPECT_EQ(row.expected, attempt(row)) << row.call;
     check_sound(row);
   }
 }
@@ -136,11 +191,7 @@ bool long_tier() {
 }
 
 std::string quoted(const std::string& bytes) {
-  char* const printed =
-      velmor_print(session().heap(), velmor_string_n(session().heap(), bytes.data(), bytes.size()));
-  std::string text = printed;
-  std::free(printed);
-  return text;
+  return session().print(velmor_string_n(session().heap(), bytes.data(), bytes.size()));
 }
 
 }  // namespace vstring_test

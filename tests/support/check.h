@@ -2,10 +2,9 @@
 //
 // A row is a call, written as a user writes it, and what the host prints for it. Every row runs as
 // it stands, then again with each host operation and each allocation failing in turn; after each of
-// these runs the arguments must be unchanged, nothing may have leaked once the next call is over,
-// and the same call must answer right again. A row must therefore leave no state behind that
-// changes its own answer: nest the calls where one undoes another, as in
-// dictObjFree(dictCreate(w)).
+// these runs the arguments must be unchanged, nothing may have leaked and no object may stay
+// protected once the next call is over, and the same call must answer right again. A row whose call
+// leaves something behind names what takes it back.
 #pragma once
 #include <string>
 #include <vector>
@@ -18,6 +17,7 @@ struct Row {
   std::string call;
   std::string expected;             // the printed value, or "error: <message>"
   std::string without_memory = {};  // what else it may say when memory fails
+  std::string undo = {};            // called after each success
 };
 
 // The host session that the whole test program shares; commands come from the static library.
@@ -36,6 +36,13 @@ void CheckRefusals(const std::vector<Refusal>& refusals);
 
 // What a command makes of words, as "from/to from/to ...".
 void CheckWords(const std::string& command, const std::string& pairs);
+
+// Calls of x, with "; " between them, whose result is the argument x itself: whether that is a
+// string or a name, when it is a string only, never.
+struct Identity {
+  std::string x, always, strings, never;
+};
+void CheckIdentity(const std::vector<Identity>& rows);
 
 // For calls whose answer depends on what was called before: each row runs once, without failures.
 void CheckInOrder(const std::vector<Row>& rows);

@@ -2,27 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace vstring_test {
 namespace {
 
-void collect_now_and_then(VelmorHeap* heap) {
-  if (velmor_object_count(heap) > 100000) velmor_collect(heap);
+void collect_now_and_then() {
+  if (velmor_object_count(session().heap()) > 100000) velmor_collect(session().heap());
 }
 
-std::vector<HostObject> strings(const std::vector<std::string>& texts) {
-  VelmorHeap* const heap = session().heap();
-  collect_now_and_then(heap);
-  std::vector<HostObject> arguments;
-  for (const std::string& t : texts) {
-    arguments.push_back(velmor_string_n(heap, t.data(), t.size()));
-  }
-  return arguments;
-}
-
-HostObject result_from(VelmorCommand command, const std::vector<std::string>& texts) {
-  const HostObject result = result_of(command, strings(texts));
+HostObject good_result_of(VelmorCommand command, const Values& arguments) {
+  const HostObject result = result_of(command, arguments);
   if (result == 0) ADD_FAILURE() << velmor_error(session().heap());
   return result;
 }
@@ -31,59 +19,49 @@ std::string text_of(HostObject object) { return {velmor_text(object), velmor_tex
 
 }  // namespace
 
-HostObject result_of(VelmorCommand command, const std::vector<HostObject>& arguments) {
-  VelmorHeap* const heap = session().heap();
+HostObject name(const std::string& text) { return velmor_name(session().heap(), text.c_str()); }
+
+HostObject list(const Values& elements) {
+  const std::vector<HostObject> objects(elements.begin(), elements.end());
+  return velmor_list(session().heap(), objects.size(), objects.data());
+}
+
+HostObject equation(const Value& left, const Value& right) {
+  return velmor_equation(session().heap(), left, right);
+}
+
+HostObject result_of(VelmorCommand command, const Values& arguments) {
+  const std::vector<HostObject> objects(arguments.begin(), arguments.end());
   HostObject result = 0;
-  const HostObject argseq = velmor_sequence(heap, arguments.size(), arguments.data());
-  return velmor_call(heap, command, argseq, &result) != 0 ? result : 0;
+  const HostObject argseq = velmor_sequence(session().heap(), objects.size(), objects.data());
+  return velmor_call(session().heap(), command, argseq, &result) != 0 ? result : 0;
 }
 
-std::string call(VelmorCommand command, const std::vector<HostObject>& arguments) {
-  VelmorHeap* const heap = session().heap();
+std::string call(VelmorCommand command, const Values& arguments) {
   const HostObject result = result_of(command, arguments);
-  std::string text = "error: ";
-  if (result == 0) {
-    text += velmor_error(heap);
-  } else {
-    char* const printed = velmor_print(heap, result);
-    text = printed;
-    std::free(printed);
-  }
-  collect_now_and_then(heap);
-  return text;
+  std::string answer = result == 0 ? "error: " + std::string(velmor_error(session().heap()))
+                                   : session().print(result);
+  collect_now_and_then();
+  return answer;
 }
 
-std::string answer(VelmorCommand command, const std::vector<std::string>& texts) {
-  return call(command, strings(texts));
+std::string text(VelmorCommand command, const Values& arguments) {
+  std::string answer = text_of(good_result_of(command, arguments));
+  collect_now_and_then();
+  return answer;
 }
 
-std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts) {
-  return velmor_to_integer(result_from(command, texts));
+bool truth(VelmorCommand command, const Values& arguments) {
+  return text(command, arguments) == "true";
 }
 
-bool truth(VelmorCommand command, const std::vector<std::string>& texts) {
-  return text(command, texts) == "true";
-}
-
-std::string text(VelmorCommand command, const std::vector<std::string>& texts) {
-  return text_of(result_from(command, texts));
-}
-
-std::vector<std::string> texts(VelmorCommand command, const std::vector<std::string>& texts) {
-  const HostObject list = result_from(command, texts);
+std::vector<std::string> texts(VelmorCommand command, const Values& arguments) {
+  const HostObject list = good_result_of(command, arguments);
   std::vector<std::string> elements;
   for (std::size_t i = 1; i <= velmor_size(list); ++i) {
     elements.push_back(text_of(velmor_element(list, i)));
   }
-  return elements;
-}
-
-std::vector<std::int64_t> integers(VelmorCommand command, const std::vector<std::string>& texts) {
-  const HostObject list = result_from(command, texts);
-  std::vector<std::int64_t> elements;
-  for (std::size_t i = 1; i <= velmor_size(list); ++i) {
-    elements.push_back(velmor_to_integer(velmor_element(list, i)));
-  }
+  collect_now_and_then();
   return elements;
 }
 

@@ -13,20 +13,34 @@
 
 namespace vstring_test {
 
-// The printed result, or "error: ...", of a command called with these values, which may be
-// collected afterwards.
-std::string call(VelmorCommand command, const std::vector<HostObject>& arguments);
+// An argument: a text, an integer (signed), or an object of the session's heap (unsigned).
+class Value {
+ public:
+  Value(const std::string& text)
+      : object_(velmor_string_n(session().heap(), text.data(), text.size())) {}
+  Value(const char* text) : Value(std::string(text)) {}
+  Value(std::int64_t integer) : object_(velmor_integer(session().heap(), integer)) {}
+  Value(int integer) : Value(std::int64_t{integer}) {}
+  Value(HostObject object) : object_(object) {}
+  operator HostObject() const { return object_; }
 
+ private:
+  HostObject object_;
+};
+using Values = std::vector<Value>;
+
+HostObject name(const std::string& text);
+HostObject list(const Values& elements);
+HostObject equation(const Value& left, const Value& right);
+
+// What a command gives, printed, or "error: ..."; the values may be collected afterwards.
+std::string call(VelmorCommand command, const Values& arguments);
 // The object itself; 0 when the command raised.
-HostObject result_of(VelmorCommand command, const std::vector<HostObject>& arguments);
-
-// The same with texts; and read as what the command is known to give.
-std::string answer(VelmorCommand command, const std::vector<std::string>& texts);
-std::int64_t integer(VelmorCommand command, const std::vector<std::string>& texts);
-bool truth(VelmorCommand command, const std::vector<std::string>& texts);
-std::string text(VelmorCommand command, const std::vector<std::string>& texts);
-std::vector<std::string> texts(VelmorCommand command, const std::vector<std::string>& texts);
-std::vector<std::int64_t> integers(VelmorCommand command, const std::vector<std::string>& texts);
+HostObject result_of(VelmorCommand command, const Values& arguments);
+// Read as what the command is known to give: a text, true or false, a list of texts.
+std::string text(VelmorCommand command, const Values& arguments);
+bool truth(VelmorCommand command, const Values& arguments);
+std::vector<std::string> texts(VelmorCommand command, const Values& arguments);
 
 // Values as the host prints them.
 inline std::string printed(std::size_t value) { return std::to_string(value); }

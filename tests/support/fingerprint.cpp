@@ -8,6 +8,7 @@ namespace vstring_test {
 namespace {
 
 constexpr std::uint64_t kPrime = 0x100000001b3;  // of the 64-bit FNV-1a hash
+constexpr std::uint64_t kBasis = 0xcbf29ce484222325;
 
 constexpr std::uint64_t kHeaderMask = 0x3fffffffff;  // length and tag; other bits are the host's
 
@@ -37,8 +38,14 @@ void add(std::uint64_t& hash, HostObject object, int depth) {
 }  // namespace
 
 std::uint64_t fingerprint(HostObject sequence) {
-  std::uint64_t hash = 0xcbf29ce484222325;
+  std::uint64_t hash = kBasis;
   for (const HostObject element : vstring::Elements::of_sequence(sequence)) add(hash, element, 8);
+  return hash;
+}
+
+std::uint64_t fingerprint(std::string_view text) {
+  std::uint64_t hash = kBasis;
+  for (const char c : text) mix(hash, static_cast<unsigned char>(c));
   return hash;
 }
 

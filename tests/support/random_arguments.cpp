@@ -1,9 +1,7 @@
 #include "support/random_arguments.h"
 
-#include <dlfcn.h>
-
 #include <cstdint>
-#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -11,48 +9,92 @@ namespace vstring_test {
 namespace {
 
 // Words that commands know: options, classes, keywords, and texts that exercise several families.
-constexpr const char* kWords[] = {
-    "true",       "false",      "FAIL",           "builtin",    "last",         "binary",
-    "alpha",      "digit",      "space",          "method",     "md4",          "stemmer",
-    "lancaster",  "plural",     "prefix",         "timestamp",  "offset",       "words",
-    "characters", "paragraphs", "countbytes",     "obeylines",  "obeyspaces",   "expandtabs",
-    "porter",     "[a-c]",      "[^:alpha:]",     "a*b?[c-]",   "(a|b)+c?",     "^(a*)b$",
-    "\\1&\\\\",   "%1 %-2 %0",  "%Y-%m-%d %V %G", "relational", "hello, world",
-};
+constexpr const char* kWords[] = {"true",
+                                  "false",
+                                  "FAIL",
+                                  "builtin",
+                                  "last",
+                                  "binary",
+                                  "alpha",
+                                  "digit",
+                                  "space",
+                                  "method",
+                                  "md4",
+                                  "stemmer",
+                                  "lancaster",
+                                  "plural",
+                                  "prefix",
+                                  "timestamp",
+                                  "offset",
+                                  "words",
+                                  "characters",
+                                  "paragraphs",
+                                  "countbytes",
+                                  "obeylines",
+                                  "obeyspaces",
+                                  "expandtabs",
+                                  "porter",
+                                  "[a-c]",
+                                  "[^:alpha:]",
+                                  "a*b?[c-]",
+                                  "(a|b)+c?",
+                                  "^(a*)b$",
+                                  "\\1&\\\\",
+                                  "%1 %-2 %0",
+                                  "%Y-%m-%d %V %G",
+                                  "relational",
+                                  "hello, world",
+                                  "latin1",
+                                  "hex",
+                                  "base64",
+                                  "base64url",
+                                  "base32",
+                                  "rot13",
+                                  "percent",
+                                  "quoted",
+                                  "null",
+                                  "overlapping",
+                                  "left",
+                                  "right",
+                                  "both",
+                                  "SHA256",
+                                  "sha512",
+                                  "crc32",
+                                  "match",
+                                  "mismatch",
+                                  "gap",
+                                  "damerau",
+                                  "osa",
+                                  "jarowinkler",
+                                  "tokenset",
+                                  "grade",
+                                  "rna",
+                                  "=C3=A9",
+                                  "SGVsbG8=",
+                                  "%41%e9",
+                                  "\\x41\\102",
+                                  "caf\303\251",
+                                  "Dr. No. Yes! It's",
+                                  "ATGRAYtaa",
+                                  "((a)[b])",
+                                  "%d %b %Y %T %z",
+                                  "31 dec 1969 23:59:59 Z"};
 
 constexpr std::int64_t kIntegers[] = {
     0,  1,   2,   3,   4,   5,    8,    -1,        -2,        -3,         10,           64,
     80, 255, 256, 511, 512, 8190, 8191, INT32_MAX, INT32_MIN, 2147483648, 1099511627776};
 
-// Argument kinds that commands ask for: string, small integer, range, list of strings, equation,
-// weights, keyword, number of an algorithm.
-constexpr const char* kShapes[] = {"s",   "ss", "sss", "ssi", "ssia", "si", "sii", "sis",
-                                   "i",   "l",  "ls",  "sl",  "sr",   "e",  "es",  "se",
-                                   "sie", "k",  "ik",  "ssw", "r",    "w",  "sk",  "ske",
-                                   "a",   "aa", "as",  "saa", "ksr",  ""};
+// Argument kinds that commands ask for: s text, i integer, a 1 to 3, r range, l list of strings, n
+// list of codes, m list of equations, e equation, k word, p procedure, w weights, v anything.
+constexpr const char* kShapes[] = {
+    "",   "s",   "ss",  "sss",  "ssi",  "ssia", "si",   "sii",  "sis", "i",  "l",  "ls",  "sl",
+    "sr", "e",   "es",  "se",   "sie",  "k",    "ik",   "ssw",  "r",   "w",  "sk", "ske", "a",
+    "aa", "as",  "saa", "ksr",  "n",    "ps",   "pvs",  "pa",   "ssk", "sa", "sm", "sma", "aas",
+    "la", "sse", "sla", "ssee", "slak", "sak",  "saks", "sslk", "ssa", "kk"};
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
 }  // namespace
-
-std::vector<Command> all_commands() {
-  std::vector<Command> commands;
-  std::ifstream names(VSTRING_EXPORTS);
-  for (std::string name; std::getline(names, name);) {
-    if (!name.starts_with("vstring_") && name != "vstringVersion") continue;
-    commands.push_back({name, reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, name.c_str()))});
-  }
-  return commands;
-}
-
-VelmorHeap* quiet_heap() {
-  VelmorHeap* const heap = velmor_heap_new();
-  velmor_set_output(
-      heap, [](void*, const char*) {}, nullptr);
-  velmor_set_userinfo(
-      heap, [](void*, std::int64_t, const char*, const char*) {}, nullptr);
-  return heap;
-}
 
 HostObject RandomArguments::sequence() {
   std::vector<HostObject> items;
@@ -70,11 +112,15 @@ HostObject RandomArguments::sequence() {
 HostObject RandomArguments::of_kind(char kind) {
   if (kind == 's') return text();
   if (kind == 'i') return integer();
-  if (kind == 'a') return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
+  if (kind == 'a') return small_integer();
   if (kind == 'r') return range();
   if (kind == 'l') return list(0);
   if (kind == 'e') return equation(0);
   if (kind == 'k') return word();
+  if (kind == 'p') return procedure();
+  if (kind == 'v') return value(2);
+  if (kind == 'n') return list_of([&] { return below_(4) == 0 ? integer() : small_integer(); });
+  if (kind == 'm') return list_of([&] { return equation(0); });
   const HostObject weight = velmor_equation(heap_, velmor_string(heap_, "a"), integer());
   return velmor_list(heap_, 1, &weight);
 }
@@ -87,8 +133,7 @@ HostObject RandomArguments::value(int depth) {
   if (kind == 8) return list(depth - 1);
   if (kind == 9) return range();
   if (kind == 10) return equation(depth - 1);
-  if (kind < 4 || below_(4) != 0) return text();
-  return velmor_function(heap_, velmor_name(heap_, "f"), velmor_sequence(heap_, 0, nullptr));
+  return kind < 4 || below_(4) != 0 ? text() : procedure();
 }
 
 HostObject RandomArguments::text() {
@@ -109,17 +154,32 @@ HostObject RandomArguments::integer() {
   return velmor_integer(heap_, kIntegers[below_(std::size(kIntegers))]);
 }
 
+HostObject RandomArguments::small_integer() {
+  return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
+}
+
 HostObject RandomArguments::word() {
   const char* const chosen = kWords[below_(std::size(kWords))];
   return below_(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
 }
 
-HostObject RandomArguments::list(int depth) {
+// A name that the host can call, or a call that has not been evaluated.
+HostObject RandomArguments::procedure() {
+  const HostObject name = velmor_name(heap_, below_(2) == 0 ? "f" : "uppercase");
+  return below_(3) != 0 ? name : velmor_function(heap_, name, velmor_sequence(heap_, 0, nullptr));
+}
+
+template <typename Element>
+HostObject RandomArguments::list_of(Element element) {
   std::vector<HostObject> items(below_(5));
-  const bool texts_only = below_(3) != 0;
-  for (HostObject& item : items) item = texts_only ? text() : value(depth);
-  return below_(5) == 0 ? velmor_set(heap_, items.size(), items.data())
+  for (HostObject& item : items) item = element();
+  return below_(8) == 0 ? velmor_set(heap_, items.size(), items.data())
                         : velmor_list(heap_, items.size(), items.data());
+}
+
+HostObject RandomArguments::list(int depth) {
+  const bool texts_only = below_(3) != 0;
+  return list_of([&] { return texts_only ? text() : value(depth); });
 }
 
 HostObject RandomArguments::range() {

@@ -11,17 +11,6 @@
 
 namespace vstring_test {
 
-// Every exported command.
-struct Command {
-  std::string name;
-  VelmorCommand entry;
-  bool has_answered = false;
-};
-std::vector<Command> all_commands();
-
-// A heap whose host says nothing.
-VelmorHeap* quiet_heap();
-
 class RandomArguments {
  public:
   // choose(n) gives a number below n: from a random engine, or from a fuzzer's bytes.
@@ -29,13 +18,17 @@ class RandomArguments {
   RandomArguments(VelmorHeap* heap, Choose choose) : heap_(heap), below_(std::move(choose)) {}
 
   HostObject sequence();
+  HostObject value(int depth);
 
  private:
   HostObject of_kind(char kind);
-  HostObject value(int depth);
   HostObject text();
   HostObject integer();
+  HostObject small_integer();
   HostObject word();
+  HostObject procedure();
+  template <typename Element>
+  HostObject list_of(Element element);
   HostObject list(int depth);
   HostObject range();
   HostObject equation(int depth);

@@ -1,4 +1,4 @@
-// Words of 100 MB, within the memory that the algorithms state.
+// Long words within the memory that the algorithms state: no request is larger.
 #include <gtest/gtest.h>
 
 #include "support/allocations.h"
@@ -8,47 +8,39 @@
 namespace vstring_test {
 namespace {
 
-constexpr std::size_t kFibonacci = 102334155;           // the length of a Fibonacci word
-constexpr std::size_t kFibonacciBefore = 63245986;      // that of the one before: its least period
-constexpr std::size_t kLinear = 4 * (kFibonacci + 64);  // a border array
-constexpr std::size_t kResult = kFibonacci + 64;        // no more than the result itself
-
-class LargeWordsLongTier : public testing::Test {
- protected:
-  void TearDown() override { limit_allocation(before_); }
-
-  // What a call may ask for in one piece.
-  void allow(std::size_t bytes) { limit_allocation(bytes); }
-
- private:
-  std::size_t before_ = limit_allocation(SIZE_MAX);
-};
-
-TEST_F(LargeWordsLongTier, PeriodsAndConjugates) {
-  const std::string w = fibonacci_word(kFibonacci);
-  allow(kLinear);
-  EXPECT_EQ(printed(kFibonacciBefore), answer(vstring_period, {w}));
-  EXPECT_EQ(printed(kFibonacci - kFibonacciBefore), answer(vstring_borderlen, {w}));
-  allow(kResult);
-  const std::string least = answer(vstring_minconj, {w}).substr(1, w.size());
-  EXPECT_EQ("true", answer(vstring_conjp, {least, w}));
-  EXPECT_EQ(std::vector{least},
-            texts(vstring_lynfac, {least}));  // a Lyndon word, w being primitive
-  EXPECT_EQ("true", answer(vstring_isprim, {w}));
+std::string within(std::size_t bytes, VelmorCommand command, const Values& words) {
+  const std::size_t before = limit_allocation(bytes);
+  const std::string answer = call(command, words);
+  limit_allocation(before);
+  return answer;
 }
 
-TEST_F(LargeWordsLongTier, PowersAndDistances) {
-  const std::string u = random_word(12345, 3, 1);
-  const std::string w = periodic_word(u, 8000 * u.size());
-  allow(1 << 16);
-  EXPECT_EQ("12345", answer(vstring_period, {w}));
-  EXPECT_EQ(quoted(u), answer(vstring_primroot, {w}));
-  EXPECT_EQ("false", answer(vstring_isprim, {w}));
+TEST(LargeWords, PeriodsAndConjugates) {
+  constexpr std::size_t n = 121393;           // the length of a Fibonacci word
+  constexpr std::size_t kPeriod = 75025;      // that of the one before
+  constexpr std::size_t kArray = 4 * n + 64;  // a border array
+  constexpr std::size_t kResult = n + 64;     // no more than the result itself
+  const std::string w = fibonacci_word(n);
+  EXPECT_EQ(printed(kPeriod), within(kArray, vstring_period, {w}));
+  EXPECT_EQ(printed(n - kPeriod), within(kArray, vstring_borderlen, {w}));
+  const std::string least = within(kResult, vstring_minconj, {w}).substr(1, n);
+  EXPECT_EQ("true", within(kResult, vstring_conjp, {least, w}));
+  EXPECT_EQ("[" + quoted(least) + "]", within(kResult, vstring_lynfac, {least}));
+  EXPECT_EQ("true", within(kResult, vstring_isprim, {w}));
+}
+
+TEST(LargeWords, PowersAndDistances) {
+  const std::string u = random_word(1234, 3, 1);
+  const std::string w = periodic_word(u, 300 * u.size());
   std::string v = w;
   v.insert(w.size() / 3, "x");
   v.erase(w.size() / 3 + 3000, 1);
-  EXPECT_EQ("2", answer(vstring_levenshtein, {w, v}));
-  EXPECT_EQ("0", answer(vstring_hd, {w, w}));
+  constexpr std::size_t kLittle = 1 << 16;
+  EXPECT_EQ("1234", within(kLittle, vstring_period, {w}));
+  EXPECT_EQ(quoted(u), within(kLittle, vstring_primroot, {w}));
+  EXPECT_EQ("false", within(kLittle, vstring_isprim, {w}));
+  EXPECT_EQ("2", within(kLittle, vstring_levenshtein, {w, v}));
+  EXPECT_EQ("0", within(kLittle, vstring_hd, {w, w}));
 }
 
 }  // namespace

@@ -55,14 +55,14 @@ std::vector<std::string> factors(std::string w, std::string (*first)(const std::
 }
 
 void check_word(const std::string& w) {
-  ASSERT_EQ(printed(factors(w, lyndon_factor)), answer(vstring_lynfac, {w})) << w;
-  ASSERT_EQ(printed(factors(w, monotone_factor)), answer(vstring_monfac, {w})) << w;
+  ASSERT_EQ(printed(factors(w, lyndon_factor)), call(vstring_lynfac, {w})) << w;
+  ASSERT_EQ(printed(factors(w, monotone_factor)), call(vstring_monfac, {w})) << w;
   std::string least = w;
   for (std::size_t i = 1; i < w.size(); ++i) least = std::min(least, rotation(w, i), less);
-  ASSERT_EQ(printed(least), answer(vstring_minconj, {w})) << w;
-  ASSERT_EQ("true", answer(vstring_conjp, {w, least})) << w;
-  ASSERT_EQ(printed(root(w)), answer(vstring_primroot, {w})) << w;
-  ASSERT_EQ(printed(!w.empty() && root(w) == w), answer(vstring_isprim, {w})) << w;
+  ASSERT_EQ(printed(least), call(vstring_minconj, {w})) << w;
+  ASSERT_EQ("true", call(vstring_conjp, {w, least})) << w;
+  ASSERT_EQ(printed(root(w)), call(vstring_primroot, {w})) << w;
+  ASSERT_EQ(printed(!w.empty() && root(w) == w), call(vstring_isprim, {w})) << w;
 }
 
 TEST(Lyndon, AllShortWordsByDefinition) {
@@ -77,9 +77,9 @@ TEST(Lyndon, LongWords) {
     for (const std::string& w : sample_words(n)) {
       check_word(w);
       std::string other = rotation(w, n / 3);
-      EXPECT_EQ("true", answer(vstring_conjp, {w, other})) << w;
+      EXPECT_EQ("true", call(vstring_conjp, {w, other})) << w;
       other[n / 2] = 'x';
-      EXPECT_EQ("false", answer(vstring_conjp, {w, other})) << w;
+      EXPECT_EQ("false", call(vstring_conjp, {w, other})) << w;
     }
   }
 }
@@ -89,7 +89,7 @@ TEST(Lyndon, ConjugacyOfAllShortPairs) {
   for (const std::string& v : words) {
     for (const std::string& w : words) {
       const bool expected = v.size() == w.size() && (w + w).find(v) != std::string::npos;
-      ASSERT_EQ(printed(expected), answer(vstring_conjp, {v, w})) << v << ", " << w;
+      ASSERT_EQ(printed(expected), call(vstring_conjp, {v, w})) << v << ", " << w;
     }
   }
 }
@@ -104,23 +104,11 @@ TEST(Lyndon, ValuesAndRefusals) {
 }
 
 TEST(Lyndon, ReturnsTheArgumentItself) {
-  struct Case {
-    VelmorCommand command;
-    const char* word;
-    bool itself;
-  };
-  const Case cases[] = {
-      {vstring_minconj, "", true},    {vstring_minconj, "x", true},
-      {vstring_minconj, "ab", false}, {vstring_primroot, "", true},
-      {vstring_primroot, "x", false}, {vstring_primroot, "abcaba", true},
-      {vstring_primroot, "xy", true}, {vstring_primroot, "abab", false},
-  };
-  VelmorHeap* const heap = session().heap();
-  for (const auto& [command, word, itself] : cases) {
-    for (const HostObject argument : {velmor_string(heap, word), velmor_name(heap, word)}) {
-      EXPECT_EQ(itself, result_of(command, {argument}) == argument) << word;
-    }
-  }
+  CheckIdentity({{"", "minconj(x); primroot(x)", "", ""},
+                 {"x", "minconj(x)", "", "primroot(x)"},
+                 {"xy", "primroot(x)", "", "minconj(x)"},
+                 {"abab", "", "", "primroot(x)"},
+                 {"abcaba", "primroot(x)", "", ""}});
 }
 
 }  // namespace

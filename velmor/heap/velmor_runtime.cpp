@@ -162,13 +162,13 @@ void velmor_fail(VelmorHeap* heap, const char* message) { heap->error = message;
 const char* velmor_error(VelmorHeap* heap) { return heap->error.c_str(); }
 
 void velmor_set_output(VelmorHeap* heap, void (*print)(void*, const char*), void* context) {
-  heap->print = print;
+  heap->print = print != nullptr ? print : velmor::print_to_stdout;
   heap->print_context = context;
 }
 
 void velmor_set_userinfo(VelmorHeap* heap, void (*info)(void*, int64_t, const char*, const char*),
                          void* context) {
-  heap->inform = info;
+  heap->inform = info != nullptr ? info : velmor::inform_stderr;
   heap->inform_context = context;
 }
 

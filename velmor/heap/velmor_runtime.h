@@ -91,7 +91,8 @@ void velmor_fail(VelmorHeap* heap, const char* message);
 int velmor_call(VelmorHeap* heap, VelmorCommand command, HostObject argseq, HostObject* result);
 const char* velmor_error(VelmorHeap* heap);
 
-/* ---- Output: HostPrintf (by default to stdout) and HostUserInfo (by default to stderr) ---- */
+/* ---- Output: HostPrintf (by default to stdout) and HostUserInfo (by default to stderr). Null puts
+ * the default back. ---- */
 void velmor_set_output(VelmorHeap* heap, void (*print)(void* context, const char* text),
                        void* context);
 void velmor_set_userinfo(VelmorHeap* heap,
