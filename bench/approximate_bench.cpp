@@ -90,7 +90,7 @@ bool tre(const Workload& w) {
 #endif
 
 template <bool (*find)(const Workload&)>
-void BM_approximate(benchmark::State& state) {
+void approximate(benchmark::State& state) {
   const Workload& w = workloads()[static_cast<std::size_t>(state.range(0))];
   for (auto _ : state) {
     if (!find(w)) state.SkipWithError("failed");
@@ -99,15 +99,15 @@ void BM_approximate(benchmark::State& state) {
   state.SetLabel(w.name);
 }
 
-BENCHMARK(BM_approximate<ours<EditModel::bit_parallel>>)
+BENCHMARK(approximate<ours<EditModel::bit_parallel>>)
     ->Name("approximate/bit_parallel")
     ->DenseRange(0, 7);
-BENCHMARK(BM_approximate<ours<EditModel::table>>)->Name("approximate/table")->DenseRange(0, 7);
+BENCHMARK(approximate<ours<EditModel::table>>)->Name("approximate/table")->DenseRange(0, 7);
 #ifdef VSTRING_PEER_EDLIB
-BENCHMARK(BM_approximate<edlib>)->Name("approximate/edlib")->DenseRange(0, 7);
+BENCHMARK(approximate<edlib>)->Name("approximate/edlib")->DenseRange(0, 7);
 #endif
 #ifdef VSTRING_PEER_TRE
-BENCHMARK(BM_approximate<tre>)->Name("approximate/tre")->DenseRange(0, 7);
+BENCHMARK(approximate<tre>)->Name("approximate/tre")->DenseRange(0, 7);
 #endif
 
 }  // namespace

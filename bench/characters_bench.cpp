@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t kSize = 1 << 20;
 
-// Words of prose, in mixed case.
-const std::string& prose() {
+// A million bytes of words in mixed case.
+const std::string& mixed_case() {
   static const std::string text = [] {
     const char* const kWords[] = {"the ",    "Quick ", "brown ", "fox ",
                                   "jumps\n", "over ",  "a ",     "LAZY "};
@@ -30,7 +30,7 @@ const std::string& prose() {
   return text;
 }
 
-// Calls the command with the arguments once per iteration; bytes are those of the prose.
+// Calls the command with the arguments once per iteration; bytes are those of the text.
 class Call {
  public:
   VelmorHeap* heap = velmor_heap_new();
@@ -67,7 +67,7 @@ void peer_text(benchmark::State& state, Make make) {
   Call call;
   std::size_t calls = 0;
   for (auto _ : state) {
-    const std::string result = make(prose());
+    const std::string result = make(mixed_case());
     benchmark::DoNotOptimize(velmor_string(call.heap, result.c_str()));
     if (++calls % 8 == 0) {
       state.PauseTiming();
@@ -80,16 +80,16 @@ void peer_text(benchmark::State& state, Make make) {
 
 template <typename Ask>
 void peer_question(benchmark::State& state, Ask ask) {
-  for (auto _ : state) benchmark::DoNotOptimize(ask(prose()));
+  for (auto _ : state) benchmark::DoNotOptimize(ask(mixed_case()));
   state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
 }
 
-void on_prose(benchmark::State& state, VelmorCommand command) {
+void on_text(benchmark::State& state, VelmorCommand command) {
   Call call;
-  call.run(state, command, {call.text(prose())});
+  call.run(state, command, {call.text(mixed_case())});
 }
 
-void lowercase(benchmark::State& state) { on_prose(state, vstring_lowercase); }
+void lowercase(benchmark::State& state) { on_text(state, vstring_lowercase); }
 void lowercase_tolower(benchmark::State& state) {
   peer_text(state, [](std::string text) {
     for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -97,7 +97,7 @@ void lowercase_tolower(benchmark::State& state) {
   });
 }
 
-void capitalise(benchmark::State& state) { on_prose(state, vstring_capitalise); }
+void capitalise(benchmark::State& state) { on_text(state, vstring_capitalise); }
 void capitalise_textbook(benchmark::State& state) {
   peer_text(state, [](std::string text) {
     bool inside = false;
@@ -112,7 +112,7 @@ void capitalise_textbook(benchmark::State& state) {
 
 void tr(benchmark::State& state) {
   Call call;
-  call.run(state, vstring_tr, {call.text("aeiou"), call.text("AEIOU"), call.text(prose())});
+  call.run(state, vstring_tr, {call.text("aeiou"), call.text("AEIOU"), call.text(mixed_case())});
 }
 void tr_strchr(benchmark::State& state) {
   peer_text(state, [](std::string text) {
@@ -124,7 +124,7 @@ void tr_strchr(benchmark::State& state) {
   });
 }
 
-void sort(benchmark::State& state) { on_prose(state, vstring_sort); }
+void sort(benchmark::State& state) { on_text(state, vstring_sort); }
 void sort_std(benchmark::State& state) {
   peer_text(state, [](std::string text) {
     std::sort(text.begin(), text.end());
@@ -132,12 +132,12 @@ void sort_std(benchmark::State& state) {
   });
 }
 
-void split(benchmark::State& state) { on_prose(state, vstring_split); }
+void split(benchmark::State& state) { on_text(state, vstring_split); }
 void split_strtok(benchmark::State& state) {
   Call call;
   std::size_t calls = 0;
   for (auto _ : state) {
-    std::string copy = prose();
+    std::string copy = mixed_case();
     std::vector<HostObject> fields;
     char* rest = nullptr;
     for (char* field = strtok_r(copy.data(), " \t\n\f\r", &rest); field != nullptr;
@@ -156,7 +156,7 @@ void split_strtok(benchmark::State& state) {
 
 std::vector<std::string> words() {
   std::vector<std::string> found;
-  std::string copy = prose();
+  std::string copy = mixed_case();
   char* rest = nullptr;
   for (char* word = strtok_r(copy.data(), " \n", &rest); word != nullptr;
        word = strtok_r(nullptr, " \n", &rest)) {
@@ -182,7 +182,7 @@ void join_append(benchmark::State& state) {
 
 void isprint(benchmark::State& state) {
   Call call;
-  std::string text = prose();
+  std::string text = mixed_case();
   std::replace(text.begin(), text.end(), '\n', ' ');
   call.run(state, vstring_isprint, {call.text(text)});
 }
@@ -194,7 +194,7 @@ void isprint_libc(benchmark::State& state) {
   });
 }
 
-void hasdigit(benchmark::State& state) { on_prose(state, vstring_hasdigit); }
+void hasdigit(benchmark::State& state) { on_text(state, vstring_hasdigit); }
 void hasdigit_strpbrk(benchmark::State& state) {
   peer_question(state, [](const std::string& text) {
     return std::strpbrk(text.c_str(), "0123456789") != nullptr;
@@ -203,12 +203,12 @@ void hasdigit_strpbrk(benchmark::State& state) {
 
 void issorted(benchmark::State& state) {
   Call call;
-  std::string text = prose();
+  std::string text = mixed_case();
   std::sort(text.begin(), text.end());
   call.run(state, vstring_issorted, {call.text(text)});
 }
 void issorted_std(benchmark::State& state) {
-  std::string text = prose();
+  std::string text = mixed_case();
   std::sort(text.begin(), text.end());
   peer_question(state,
                 [&](const std::string&) { return std::is_sorted(text.begin(), text.end()); });
@@ -220,7 +220,7 @@ const char* const kPatterns[] = {"*absent words*", "*fox*LAZY*fox*", "*[xyz]o[^a
 
 void wild(benchmark::State& state) {
   Call call;
-  call.run(state, vstring_wild, {call.text(kPatterns[state.range(0)]), call.text(prose())});
+  call.run(state, vstring_wild, {call.text(kPatterns[state.range(0)]), call.text(mixed_case())});
   state.SetLabel(kPatterns[state.range(0)]);
 }
 void wild_fnmatch(benchmark::State& state) {
@@ -230,25 +230,25 @@ void wild_fnmatch(benchmark::State& state) {
   state.SetLabel(kPatterns[state.range(0)]);
 }
 
-BENCHMARK(lowercase);
-BENCHMARK(lowercase_tolower);
-BENCHMARK(capitalise);
-BENCHMARK(capitalise_textbook);
-BENCHMARK(tr);
-BENCHMARK(tr_strchr);
-BENCHMARK(sort);
-BENCHMARK(sort_std);
-BENCHMARK(split);
-BENCHMARK(split_strtok);
-BENCHMARK(join);
-BENCHMARK(join_append);
-BENCHMARK(isprint);
-BENCHMARK(isprint_libc);
-BENCHMARK(hasdigit);
-BENCHMARK(hasdigit_strpbrk);
-BENCHMARK(issorted);
-BENCHMARK(issorted_std);
-BENCHMARK(wild)->DenseRange(0, 3);
-BENCHMARK(wild_fnmatch)->DenseRange(0, 3);
+BENCHMARK(lowercase)->Name("lowercase/ours");
+BENCHMARK(lowercase_tolower)->Name("lowercase/tolower");
+BENCHMARK(capitalise)->Name("capitalise/ours");
+BENCHMARK(capitalise_textbook)->Name("capitalise/textbook");
+BENCHMARK(tr)->Name("tr/ours");
+BENCHMARK(tr_strchr)->Name("tr/strchr");
+BENCHMARK(sort)->Name("sort/ours");
+BENCHMARK(sort_std)->Name("sort/std");
+BENCHMARK(split)->Name("split/ours");
+BENCHMARK(split_strtok)->Name("split/strtok");
+BENCHMARK(join)->Name("join/ours");
+BENCHMARK(join_append)->Name("join/append");
+BENCHMARK(isprint)->Name("isprint/ours");
+BENCHMARK(isprint_libc)->Name("isprint/libc");
+BENCHMARK(hasdigit)->Name("hasdigit/ours");
+BENCHMARK(hasdigit_strpbrk)->Name("hasdigit/strpbrk");
+BENCHMARK(issorted)->Name("issorted/ours");
+BENCHMARK(issorted_std)->Name("issorted/std");
+BENCHMARK(wild)->Name("wild/ours")->DenseRange(0, 3);
+BENCHMARK(wild_fnmatch)->Name("wild/fnmatch")->DenseRange(0, 3);
 
 }  // namespace

@@ -36,11 +36,11 @@ vstring::random::Digest openssl_md4(Bytes message) {
 }
 #endif
 
-BENCHMARK_CAPTURE(digest, md5 / ours, vstring::random::md5)->Arg(16)->Arg(1 << 20);
-BENCHMARK_CAPTURE(digest, md4 / ours, vstring::random::md4)->Arg(16)->Arg(1 << 20);
+BENCHMARK_CAPTURE(digest, ours, vstring::random::md5)->Name("md5/ours")->Arg(16)->Arg(1 << 20);
+BENCHMARK_CAPTURE(digest, ours, vstring::random::md4)->Name("md4/ours")->Arg(16)->Arg(1 << 20);
 #ifdef VSTRING_PEER_OPENSSL
-BENCHMARK_CAPTURE(digest, md5 / openssl, openssl_md5)->Arg(16)->Arg(1 << 20);
-BENCHMARK_CAPTURE(digest, md4 / openssl, openssl_md4)->Arg(16)->Arg(1 << 20);
+BENCHMARK_CAPTURE(digest, openssl, openssl_md5)->Name("md5/openssl")->Arg(16)->Arg(1 << 20);
+BENCHMARK_CAPTURE(digest, openssl, openssl_md4)->Name("md4/openssl")->Arg(16)->Arg(1 << 20);
 #endif
 
 template <typename Draw>
@@ -56,8 +56,8 @@ void draw_lower(vstring::random::Generator& generator, vstring::MutableBytes out
   vstring::random::draw_members(generator, lower, out);
 }
 
-BENCHMARK_CAPTURE(draw, random / any, vstring::random::draw_bytes);
-BENCHMARK_CAPTURE(draw, random / binary, vstring::random::draw_bits);
-BENCHMARK_CAPTURE(draw, random / lower, draw_lower);
+BENCHMARK_CAPTURE(draw, any, vstring::random::draw_bytes)->Name("random/any/ours");
+BENCHMARK_CAPTURE(draw, binary, vstring::random::draw_bits)->Name("random/binary/ours");
+BENCHMARK_CAPTURE(draw, lower, draw_lower)->Name("random/lower/ours");
 
 }  // namespace

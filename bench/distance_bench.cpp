@@ -68,11 +68,11 @@ void measure(benchmark::State& state, Distance distance, bool alike) {
 }
 
 #define VSTRING_LENGTHS Arg(8)->Arg(64)->Arg(1000)->Arg(10000)->Arg(100000)
-BENCHMARK_CAPTURE(measure, levenshtein / unlike / ours, ours, false)->VSTRING_LENGTHS;
-BENCHMARK_CAPTURE(measure, levenshtein / alike / ours, ours, true)->VSTRING_LENGTHS;
+BENCHMARK_CAPTURE(measure, ours, ours, false)->Name("levenshtein/unlike/ours")->VSTRING_LENGTHS;
+BENCHMARK_CAPTURE(measure, ours, ours, true)->Name("levenshtein/alike/ours")->VSTRING_LENGTHS;
 #ifdef VSTRING_PEER_EDLIB
-BENCHMARK_CAPTURE(measure, levenshtein / unlike / edlib, edlib, false)->VSTRING_LENGTHS;
-BENCHMARK_CAPTURE(measure, levenshtein / alike / edlib, edlib, true)->VSTRING_LENGTHS;
+BENCHMARK_CAPTURE(measure, edlib, edlib, false)->Name("levenshtein/unlike/edlib")->VSTRING_LENGTHS;
+BENCHMARK_CAPTURE(measure, edlib, edlib, true)->Name("levenshtein/alike/edlib")->VSTRING_LENGTHS;
 #endif
 
 void linear(benchmark::State& state, std::size_t (*distance)(Bytes, Bytes)) {
@@ -82,9 +82,9 @@ void linear(benchmark::State& state, std::size_t (*distance)(Bytes, Bytes)) {
   for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(distance(bytes(s), bytes(t)));
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(s.size()));
 }
-BENCHMARK_CAPTURE(linear, hd, vstring::words::hamming_distance);
-BENCHMARK_CAPTURE(linear, leedist, vstring::words::lee_distance);
-BENCHMARK_CAPTURE(linear, prefixdist, vstring::words::prefix_distance);
-BENCHMARK_CAPTURE(linear, suffixdist, vstring::words::suffix_distance);
+BENCHMARK_CAPTURE(linear, hd, vstring::words::hamming_distance)->Name("hd/ours");
+BENCHMARK_CAPTURE(linear, leedist, vstring::words::lee_distance)->Name("leedist/ours");
+BENCHMARK_CAPTURE(linear, prefixdist, vstring::words::prefix_distance)->Name("prefixdist/ours");
+BENCHMARK_CAPTURE(linear, suffixdist, vstring::words::suffix_distance)->Name("suffixdist/ours");
 
 }  // namespace

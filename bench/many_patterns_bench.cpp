@@ -66,14 +66,14 @@ std::size_t total_length(const Words& words) {
   return n;
 }
 
-void BM_many_build(benchmark::State& state) {
+void many_build(benchmark::State& state) {
   const Words& patterns = workload(state.range(0)).patterns;
   for (auto _ : state) release(automaton_of(patterns));
   report(state, total_length(patterns), -1);
 }
-BENCHMARK(BM_many_build)->DenseRange(0, 4)->Unit(benchmark::kMicrosecond);
+BENCHMARK(many_build)->Name("many_build/ours")->DenseRange(0, 4)->Unit(benchmark::kMicrosecond);
 
-void BM_many_scan(benchmark::State& state) {
+void many_scan(benchmark::State& state) {
   const auto& [patterns, text] = workload(state.range(0));
   VstringAutomaton* const automaton = automaton_of(patterns);
   std::int64_t matches = 0;
@@ -88,7 +88,7 @@ void BM_many_scan(benchmark::State& state) {
   release(automaton);
   report(state, text.size(), matches);
 }
-BENCHMARK(BM_many_scan)->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
+BENCHMARK(many_scan)->Name("many_scan/ours")->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
 
 #ifdef VSTRING_PEER_HYPERSCAN
 
@@ -112,14 +112,17 @@ hs_database_t* hyperscan_of(const Words& patterns) {
   return database;
 }
 
-void BM_many_build_hyperscan(benchmark::State& state) {
+void many_build_hyperscan(benchmark::State& state) {
   const Words& patterns = workload(state.range(0)).patterns;
   for (auto _ : state) hs_free_database(hyperscan_of(patterns));
   report(state, total_length(patterns), -1);
 }
-BENCHMARK(BM_many_build_hyperscan)->DenseRange(0, 4)->Unit(benchmark::kMicrosecond);
+BENCHMARK(many_build_hyperscan)
+    ->Name("many_build/hyperscan")
+    ->DenseRange(0, 4)
+    ->Unit(benchmark::kMicrosecond);
 
-void BM_many_scan_hyperscan(benchmark::State& state) {
+void many_scan_hyperscan(benchmark::State& state) {
   const auto& [patterns, text] = workload(state.range(0));
   hs_database_t* const database = hyperscan_of(patterns);
   hs_scratch_t* scratch = nullptr;
@@ -140,7 +143,10 @@ void BM_many_scan_hyperscan(benchmark::State& state) {
   hs_free_database(database);
   report(state, text.size(), matches);
 }
-BENCHMARK(BM_many_scan_hyperscan)->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
+BENCHMARK(many_scan_hyperscan)
+    ->Name("many_scan/hyperscan")
+    ->DenseRange(0, 6)
+    ->Unit(benchmark::kMillisecond);
 
 #endif
 

@@ -4,8 +4,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "search/regex/matcher.h"
@@ -25,32 +23,21 @@ using namespace vstring::regex;
 using vstring::Byte;
 using vstring::Bytes;
 using vstring_bench::bytes;
+using vstring_bench::repeated_files;
 
 constexpr std::size_t kTextSize = 1 << 20;
 
-std::string files(std::initializer_list<const char*> paths) {
-  std::string all;
-  for (const char* const path : paths) {
-    std::ifstream in(path);
-    all.append(std::istreambuf_iterator<char>(in), {});
-  }
-  if (all.empty()) all = "the quick brown fox jumps over the lazy dog; int x1 = f(y);\n";
-  std::string text;
-  while (text.size() < kTextSize) text += all;
-  text.resize(kTextSize);
-  return text;
-}
-
-const std::string& prose() {
-  static const std::string text =
-      files({"/usr/share/common-licenses/GPL-3", "/usr/share/common-licenses/Artistic"});
+const std::string& licences() {
+  static const std::string text = repeated_files(
+      {"/usr/share/common-licenses/GPL-3", "/usr/share/common-licenses/Artistic"}, kTextSize);
   return text;
 }
 
 const std::string& source() {
   static const std::string text =
-      files({"/usr/include/stdio.h", "/usr/include/stdlib.h", "/usr/include/elf.h",
-             "/usr/include/pthread.h", "/usr/include/unistd.h", "/usr/include/math.h"});
+      repeated_files({"/usr/include/stdio.h", "/usr/include/stdlib.h", "/usr/include/elf.h",
+                      "/usr/include/pthread.h", "/usr/include/unistd.h", "/usr/include/math.h"},
+                     kTextSize);
   return text;
 }
 
@@ -61,12 +48,12 @@ struct Pattern {
 };
 
 constexpr Pattern kPatterns[] = {
-    {"literal", "warranty", prose},
-    {"vowel", "[aeiou]", prose},
-    {"capitalised", "[A-Z][a-z]+", prose},
-    {"alternatives", "license|software|patent", prose},
-    {"ending", "[a-z]+ing", prose},
-    {"between", "the ([a-z]+) of", prose},
+    {"literal", "warranty", licences},
+    {"vowel", "[aeiou]", licences},
+    {"capitalised", "[A-Z][a-z]+", licences},
+    {"alternatives", "license|software|patent", licences},
+    {"ending", "[a-z]+ing", licences},
+    {"between", "the ([a-z]+) of", licences},
     {"number", "[0-9]+", source},
     {"call", "([A-Za-z_]+) *\\(", source},
     {"comment", "/\\*[^*]*\\*/", source},
@@ -189,7 +176,7 @@ class Re2 {
 template <typename Engine>
 void add(const std::string& engine) {
   const auto name = [&](const char* job, const char* pattern) {
-    return "regex." + std::string(job) + "/" + pattern + "/" + engine;
+    return "regex_" + std::string(job) + "/" + pattern + "/" + engine;
   };
   const auto run = [](benchmark::State& state, const std::string& text, const auto& work) {
     for (auto _ : state) benchmark::DoNotOptimize(work(text));
@@ -222,7 +209,7 @@ void add(const std::string& engine) {
 }
 
 [[maybe_unused]] const bool added = [] {
-  add<Ours>("vstring");
+  add<Ours>("ours");
 #ifdef VSTRING_PEER_PCRE2
   add<Pcre2>("pcre2");
 #endif

@@ -92,7 +92,7 @@ std::size_t mismatched_ours(const Workload& w) {
 }
 
 template <std::size_t (*find)(const Workload&)>
-void BM_search(benchmark::State& state) {
+void search(benchmark::State& state) {
   const Workload& w = workloads()[static_cast<std::size_t>(state.range(0))];
   for (auto _ : state) benchmark::DoNotOptimize(find(w));
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(w.text.size()));
@@ -100,11 +100,11 @@ void BM_search(benchmark::State& state) {
 }
 
 // The first two workloads occur at once; the last two everywhere.
-BENCHMARK(BM_search<first_ours>)->Name("search_first/ours")->DenseRange(2, 11);
-BENCHMARK(BM_search<first_memmem>)->Name("search_first/memmem")->DenseRange(2, 11);
-BENCHMARK(BM_search<all_ours>)->Name("search_all/ours")->DenseRange(0, 13);
-BENCHMARK(BM_search<all_memmem>)->Name("search_all/memmem")->DenseRange(0, 13);
-BENCHMARK(BM_search<mismatched_ours>)->Name("search_3_mismatches/ours")->DenseRange(2, 13);
+BENCHMARK(search<first_ours>)->Name("search_first/ours")->DenseRange(2, 11);
+BENCHMARK(search<first_memmem>)->Name("search_first/memmem")->DenseRange(2, 11);
+BENCHMARK(search<all_ours>)->Name("search_all/ours")->DenseRange(0, 13);
+BENCHMARK(search<all_memmem>)->Name("search_all/memmem")->DenseRange(0, 13);
+BENCHMARK(search<mismatched_ours>)->Name("search_3_mismatches/ours")->DenseRange(2, 13);
 
 }  // namespace
 }  // namespace vstring_bench

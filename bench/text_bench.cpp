@@ -3,7 +3,6 @@
 
 #include <ctime>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -25,21 +24,12 @@ using vstring::Byte;
 using vstring::Bytes;
 using vstring_bench::bytes;
 
-std::string file(const char* path) {
-  std::ifstream in(path);
-  return {std::istreambuf_iterator<char>(in), {}};
+// English prose.
+std::string licence(std::size_t length) {
+  return vstring_bench::repeated_files({"/usr/share/common-licenses/GPL-3"}, length);
 }
 
-// `size` bytes of English prose.
-std::string prose(std::size_t size) {
-  const std::string piece = file("/usr/share/common-licenses/GPL-3");
-  std::string text;
-  while (!piece.empty() && text.size() < size) text += piece;
-  text.resize(size, 'x');
-  return text;
-}
-
-// The words of the dictionary, a line each; those of the prose where there is none.
+// The words of the dictionary, a line each; those of a licence where there is none.
 const std::vector<std::string>& words() {
   static const std::vector<std::string> all = [] {
     std::ifstream in("/usr/share/dict/american-english");
@@ -68,7 +58,7 @@ void wrap(benchmark::State& state, const std::string& text, vstring::text::WrapS
 // The whole command, with the host's string.
 void wrap_command(benchmark::State& state) {
   VelmorHeap* const heap = velmor_heap_new();
-  const std::string text = prose(static_cast<std::size_t>(state.range(0)));
+  const std::string text = licence(static_cast<std::size_t>(state.range(0)));
   const HostObject items[] = {velmor_string(heap, text.c_str()), velmor_integer(heap, 72)};
   const HostObject argseq = velmor_sequence(heap, 2, items);
   velmor_root(heap, argseq);
@@ -82,7 +72,7 @@ void wrap_command(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
   velmor_heap_free(heap);
 }
-BENCHMARK(wrap_command)->Arg(1000)->Arg(10'000'000);
+BENCHMARK(wrap_command)->Name("wrap_command/ours")->Arg(1000)->Arg(10'000'000);
 
 // One round of `code` over all words is an iteration; items are words.
 template <typename Code>
@@ -99,7 +89,7 @@ void porter(benchmark::State& state) {
     benchmark::DoNotOptimize(vstring::text::porter(bytes(word), stem));
   });
 }
-BENCHMARK(porter);
+BENCHMARK(porter)->Name("porter/ours");
 
 #ifdef VSTRING_PEER_STEMMER
 void porter_libstemmer(benchmark::State& state) {
@@ -110,7 +100,7 @@ void porter_libstemmer(benchmark::State& state) {
   });
   sb_stemmer_delete(stemmer);
 }
-BENCHMARK(porter_libstemmer);
+BENCHMARK(porter_libstemmer)->Name("porter/libstemmer");
 #endif
 
 void soundex(benchmark::State& state) {
@@ -118,7 +108,7 @@ void soundex(benchmark::State& state) {
     benchmark::DoNotOptimize(vstring::text::soundex(bytes(word)));
   });
 }
-BENCHMARK(soundex);
+BENCHMARK(soundex)->Name("soundex/ours");
 
 void metaphone(benchmark::State& state) {
   Byte key[vstring::text::kLongestMetaphoneKey];
@@ -126,7 +116,7 @@ void metaphone(benchmark::State& state) {
     benchmark::DoNotOptimize(vstring::text::metaphone(bytes(word), key));
   });
 }
-BENCHMARK(metaphone);
+BENCHMARK(metaphone)->Name("metaphone/ours");
 
 void format_time(benchmark::State& state, decltype(my_strftime)* formatter) {
   const std::time_t when = 1'000'000'000;
@@ -136,20 +126,20 @@ void format_time(benchmark::State& state, decltype(my_strftime)* formatter) {
     benchmark::DoNotOptimize(formatter(text, sizeof text, "%Y-%m-%d %H:%M:%S", &record));
   }
 }
-BENCHMARK_CAPTURE(format_time, ours, my_strftime);
-BENCHMARK_CAPTURE(format_time, libc, std::strftime);
+BENCHMARK_CAPTURE(format_time, ours, my_strftime)->Name("format_time/ours");
+BENCHMARK_CAPTURE(format_time, libc, std::strftime)->Name("format_time/libc");
 
 const bool registered = [] {
   using vstring::text::WrapSettings;
-  static const std::string text = prose(10'000'000);
+  static const std::string text = licence(10'000'000);
   static const std::string blanks(10'000'000, ' ');
   static const std::string word(10'000'000, 'x');
   const WrapSettings narrow = {.width = 72};
   const WrapSettings obeying = {.width = 72, .obey_lines = true, .obey_spaces = true};
-  benchmark::RegisterBenchmark("wrap/prose", wrap, text, narrow);
-  benchmark::RegisterBenchmark("wrap/prose_obeyed", wrap, text, obeying);
-  benchmark::RegisterBenchmark("wrap/blanks", wrap, blanks, narrow);
-  benchmark::RegisterBenchmark("wrap/one_word", wrap, word, narrow);
+  benchmark::RegisterBenchmark("wrap/prose/ours", wrap, text, narrow);
+  benchmark::RegisterBenchmark("wrap/prose_obeyed/ours", wrap, text, obeying);
+  benchmark::RegisterBenchmark("wrap/blanks/ours", wrap, blanks, narrow);
+  benchmark::RegisterBenchmark("wrap/one_word/ours", wrap, word, narrow);
   return true;
 }();
 

@@ -1,6 +1,9 @@
 // Texts for benchmarks, the same in every run.
 #pragma once
 #include <cstddef>
+#include <fstream>
+#include <initializer_list>
+#include <iterator>
 #include <random>
 #include <string>
 #include <utility>
@@ -36,6 +39,20 @@ inline std::string prose(std::size_t length) {
     const std::string w = random_word();
     text += (v.size() < w.size() ? v : w) + (engine() % 12 == 0 ? ".\n" : " ");
   }
+  text.resize(length);
+  return text;
+}
+
+// The files one behind the other, over and over up to `length` bytes; a line where there are none.
+inline std::string repeated_files(std::initializer_list<const char*> paths, std::size_t length) {
+  std::string all;
+  for (const char* const path : paths) {
+    std::ifstream in(path);
+    all.append(std::istreambuf_iterator<char>(in), {});
+  }
+  if (all.empty()) all = "the quick brown fox jumps over the lazy dog; int x1 = f(y);\n";
+  std::string text;
+  while (text.size() < length) text += all;
   text.resize(length);
   return text;
 }
