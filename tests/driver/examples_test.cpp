@@ -21,6 +21,18 @@ TEST(BindingTable, ExamplesGiveWhatTheySay) {
   }
 }
 
+// Help tells of every argument that a signature names, and what comes back.
+TEST(BindingTable, HelpIsComplete) {
+  for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
+    for (const velmor::lexiva::Command& command : family.commands) {
+      SCOPED_TRACE(command.name);
+      EXPECT_STRNE(command.returns, "");
+      EXPECT_EQ(std::string(command.signature).ends_with("()"),
+                velmor::lexiva::arguments_of(command).empty());
+    }
+  }
+}
+
 TEST(BindingTable, HasARowForEveryCommand) {
   std::set<std::string> bound;
   for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {

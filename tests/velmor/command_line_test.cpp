@@ -263,11 +263,18 @@ TEST_F(CommandLine, ReversingTwiceGivesTheTextBack) {
 TEST_F(CommandLine, Help) {
   expect("$V help take", 0,
          "take(s, n) or take(s, chars)\n"
-         "  The first n bytes of s, or the bytes before the first that occurs in chars.\n\n"
+         "  The first n bytes of s, or the bytes before the first that occurs in chars.\n"
+         "    s            a string\n"
+         "    n            an integer\n"
+         "    chars        a string, whose bytes count\n"
+         "  Returns a string; s itself when n exceeds its length or no byte of chars occurs.\n\n"
          "  > take(\"hello world\", \" \");\n  \"hello\"\n",
          "");
   EXPECT_EQ(shell("$V help"), 0);
   EXPECT_NE(contents("out").find("Substrings and editing\n  length  "), std::string::npos);
+  EXPECT_EQ(contents("out").find("wildTester"), std::string::npos);
+  EXPECT_EQ(shell("$V help map"), 0);
+  EXPECT_NE(contents("out").find("--max-errors N"), std::string::npos);
   expect("$V help nothing", 1, "", "Error, no such command: nothing; velmor help lists them\n");
 }
 

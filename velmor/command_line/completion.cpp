@@ -17,7 +17,8 @@ std::string help_words(const Outline& program) {
   std::string words;
   for (const Outline& subcommand : program.subcommands) words += subcommand.name + " ";
   for (const lexiva::Family& family : lexiva::families())
-    for (const lexiva::Command& command : family.commands) words += command.name + std::string(" ");
+    for (const lexiva::Command& command : family.commands)
+      if (family.listed) words += command.name + std::string(" ");
   words.pop_back();
   return words;
 }

@@ -60,7 +60,7 @@ void write_commands(std::ostream& out) {
       << bold("velmor help") << " " << italic("COMMAND")
       << " shows each of them with an example.\n";
   for (const lexiva::Family& family : lexiva::families()) {
-    if (family.commands.empty()) continue;
+    if (family.commands.empty() || !family.listed) continue;
     out << ".SS " << roff(family.title) << '\n';
     for (const lexiva::Command& command : family.commands)
       out << ".TP\n" << bold(command.signature) << '\n' << roff(command.help) << '\n';

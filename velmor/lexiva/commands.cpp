@@ -32,6 +32,9 @@ constexpr Rows kRandom = {
 constexpr Rows kLanguage = {
 #include "lexiva/rows/language.inc"
 };
+constexpr Rows kInternal = {
+#include "lexiva/rows/internal.inc"
+};
 
 constexpr std::span<const Command> span_of(Rows rows) { return {rows.begin(), rows.size()}; }
 
@@ -44,6 +47,7 @@ constexpr Family kFamilies[] = {
     {"Combinatorics on words, distances", span_of(kWords)},
     {"Randomness and digests", span_of(kRandom)},
     {"Layout, language, time", span_of(kLanguage)},
+    {"Checks of the library itself", span_of(kInternal), false},
 };
 
 constexpr Alias kAliases[] = {
