@@ -120,10 +120,16 @@ void print_hints(const Plan& plan) {
   if (hints.has_first) say("begins with one of", shown(hints.first.set()));
   if (hints.prefix_length > 0)
     say("is looked for by", std::to_string(hints.prefix_length) + " bytes at a time");
-  if (!hints.required.empty()) say("contains", shown(hints.required));
-  if (hints.has_required_set) say("contains one of", shown(hints.required_set.set()));
-  if (hints.has_lead) say("has ahead of that", shown(hints.lead.set()));
-  if (!hints.must.empty()) say("contains", shown(hints.must));
+  for (int i = 0; i < hints.required_count; ++i) {
+    const Required& required = hints.required[i];
+    if (required.set != nullptr) {
+      say("contains one of", shown(required.set->set()));
+    } else {
+      say("contains", shown(required.literal));
+    }
+    if (i == 0 && hints.has_follow) say("has behind that", shown(hints.follow.set()));
+    if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead.set()));
+  }
 }
 
 // Goes over all matches, as replacing and splitting do, or to the first one only.

@@ -9,9 +9,6 @@
 namespace vstring::regex {
 namespace {
 
-// The plan serves one search only: shorter texts are not worth all hints.
-constexpr std::size_t kWorthHints = 512;
-
 Outcome find_first(const VstringRegex& regex, Bytes text, Match& match) {
   Plan* const plan = make_plan(regex, text.size() >= kWorthHints);
   if (plan == nullptr) return Outcome::out_of_space;

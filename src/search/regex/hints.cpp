@@ -12,10 +12,11 @@ using States = Buffer<StateNumber>;
 
 class Analysis {
  public:
-  explicit Analysis(Plan& plan) : plan_(plan), hints_(plan.hints) {}
+  Analysis(Plan& plan, Bytes must) : plan_(plan), hints_(plan.hints), must_(must) {}
 
   // False when memory fails.
   bool run(bool all);
+  void add_must();
 
  private:
   // What a match can come to before it takes its next byte, besides the states that take one.
@@ -34,10 +35,12 @@ class Analysis {
   void walk(StateNumber from, Enter enter);
   Ahead look_ahead(StateNumber from, States& takers, std::size_t limit = SIZE_MAX);
 
-  void find_first();
   bool find_path();
   void find_prefixes();
   void find_required();
+  Required required(StateNumber s) const;
+  void find_follow();
+  ByteScan bytes_of(const States& takers) const;
   int weight(const State& state) const;
   void consider(StateNumber s);
   void find_lead();
@@ -55,8 +58,9 @@ class Analysis {
   States takers_;  // the states that take the first byte of a match
   States now_;
   States later_;
-  StateNumber required_ = kFailState;
-  bool must_is_known_ = false;  // to stand in every match, without looking for it
+  StateNumber found_[kMaxRequired];  // the required states, hints_.required_count of them
+  Bytes must_;
+  bool must_is_known_ = false;  // to stand in every match
 };
 
 // Enters the states that can be reached from one and that this round has not seen, depth first;
@@ -100,20 +104,24 @@ bool Analysis::run(bool all) {
   if (!seen_.resize_zeroed(n) || !parent_.resize(n)) return false;
   const Ahead ahead = look_ahead(plan_.start, takers_);
   hints_.has_first = !ahead.accepts && !ahead.is_at_end && !ahead.reports;
-  if (hints_.has_first) find_first();
+  if (hints_.has_first) hints_.first = bytes_of(takers_);
   if (!all || !find_path()) return has_memory_;
   find_whole_runs();
+  find_required();
   if (plan_.anchored) return has_memory_;
   if (hints_.has_first) find_prefixes();
-  find_required();
+  if (hints_.required_count > 0) {
+    find_lead();
+    find_follow();
+  }
   return has_memory_;
 }
 
-// The bytes that a match can begin with.
-void Analysis::find_first() {
+// The bytes that some states take first.
+ByteScan Analysis::bytes_of(const States& takers) const {
   ByteSet first;
-  for (const StateNumber s : takers_) first.unite(plan_.first_bytes(state(s)));
-  hints_.first = ByteScan(first);
+  for (const StateNumber s : takers) first.unite(plan_.first_bytes(state(s)));
+  return ByteScan(first);
 }
 
 // Finds the path. False when nothing can match, or when a state reports something: to be reported
@@ -198,18 +206,25 @@ void Analysis::find_required() {
       return false;
     });
   }
-  if (required_ == kFailState) return;
-  if (must_is_known_) hints_.must = {};
-  const State& required = state(required_);
-  if (required.op == Op::literal) {
-    hints_.required = plan_.literal(required);
-  } else if (required.test == Test::byte) {
-    hints_.required = Bytes(&required.byte, 1);
-  } else {
-    hints_.required_set = plan_.sets[required.other];
-    hints_.has_required_set = true;
-  }
-  find_lead();
+  for (int i = 0; i < hints_.required_count; ++i) hints_.required[i] = required(found_[i]);
+}
+
+// What the state takes, as something required.
+Required Analysis::required(StateNumber s) const {
+  const State& state = this->state(s);
+  if (state.op == Op::literal) return {plan_.literal(state), nullptr};
+  if (state.test == Test::byte) return {Bytes(&state.byte, 1), nullptr};
+  return {{}, &plan_.sets[state.other]};
+}
+
+// The bytes of which one stands behind what is required first.
+void Analysis::find_follow() {
+  const State& state = this->state(found_[0]);
+  ++round_;
+  now_.clear();
+  const Ahead ahead = look_ahead(state.next, now_);
+  hints_.has_follow = state.op != Op::plus && !ahead.accepts && !ahead.is_at_end;
+  hints_.follow = bytes_of(now_);
 }
 
 // How much it narrows a search to look for what a state takes: about eight times the binary
@@ -230,15 +245,21 @@ int Analysis::weight(const State& state) const {
   return weight;
 }
 
-// Takes a state that every match passes through as the required one if it tells more than the one
-// before. What a match begins with is known already.
+// Takes a state that every match passes through as a required one if it tells more than one of
+// those before, or if there is room. What a match begins with is known already.
 void Analysis::consider(StateNumber s) {
   const State& state = this->state(s);
   if (!consumes(state.op) || state.op == Op::star) return;
-  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == hints_.must.data();
+  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == must_.data();
   if (takers_.size() == 1 && takers_[0] == s) return;
   if (state.op != Op::literal && state.test == Test::any) return;
-  if (required_ == kFailState || weight(state) > weight(this->state(required_))) required_ = s;
+  int& count = hints_.required_count;
+  int place = count;
+  while (place > 0 && weight(state) > weight(this->state(found_[place - 1]))) --place;
+  if (place == kMaxRequired) return;
+  if (count < kMaxRequired) ++count;
+  for (int i = count - 1; i > place; --i) found_[i] = found_[i - 1];
+  found_[place] = s;
 }
 
 // The bytes that a match can take before it first comes to what is required.
@@ -246,7 +267,7 @@ void Analysis::find_lead() {
   ByteSet lead;
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
-    if (s == required_) return false;
+    if (s == found_[0]) return false;
     const State& state = this->state(s);
     if (state.op == Op::literal) {
       lead.unite(ByteSet(plan_.literal(state)));
@@ -259,8 +280,20 @@ void Analysis::find_lead() {
   hints_.has_lead = lead.count() < 256;
 }
 
+// The literal that the record names is required too, wherever that comes from.
+void Analysis::add_must() {
+  if (must_.empty() || must_is_known_) return;
+  hints_.required_count = std::min(hints_.required_count + 1, kMaxRequired);
+  hints_.required[hints_.required_count - 1] = {must_, nullptr};
+}
+
 }  // namespace
 
-bool find_hints(Plan& plan, bool all) { return Analysis(plan).run(all); }
+bool find_hints(Plan& plan, Bytes must, bool all) {
+  Analysis analysis(plan, must);
+  const bool has_memory = analysis.run(all);
+  analysis.add_must();
+  return has_memory;
+}
 
 }  // namespace vstring::regex

@@ -35,10 +35,7 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
                   : static_cast<std::int64_t>(first_credit(text.size()))),
       starts_(plan, text),
       stream_(plan.hints.first, text),
-      backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames),
-      gate_(plan, text),
-      simulation_(plan, text, starts_),
-      two_pass_(plan, text) {}
+      backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames) {}
 
 void Matcher::earn(std::size_t bytes) {
   if (method_ == Method::backtracking) return;
@@ -47,20 +44,41 @@ void Matcher::earn(std::size_t bytes) {
                      static_cast<std::int64_t>(kMaxCredit));
 }
 
+Matcher::Linear& Matcher::linear() {
+  if (!linear_) linear_.emplace(plan_, text_, starts_);
+  return *linear_;
+}
+
 Outcome Matcher::find(std::size_t begin, Match& match) {
-  if (plan_.single != kFailState && method_ == Method::automatic) return find_single(begin, match);
-  if (!starts_.has_must(begin)) return Outcome::no_match;
-  const bool looks_ahead = simulation_.work() / kMaxRounds > text_.size() + kFreeWork;
-  if (!two_pass_ready_ &&
+  const bool is_automatic = method_ == Method::automatic;
+  if (plan_.single != kFailState && is_automatic) return find_single(begin, match);
+  if (!starts_.may_match(begin)) return Outcome::no_match;
+  if ((is_automatic && !linear_) || method_ == Method::backtracking) return backtrack(begin, match);
+  return find_linearly(begin, match);
+}
+
+Outcome Matcher::find_linearly(std::size_t begin, Match& match) {
+  Linear& by = linear();
+  const bool looks_ahead = by.simulation.work() / kMaxRounds > text_.size() + kFreeWork;
+  if (!by.two_pass_ready &&
       (method_ == Method::two_pass || (method_ == Method::automatic && looks_ahead))) {
-    if (!two_pass_.prepare(begin)) return Outcome::out_of_space;
-    two_pass_ready_ = !two_pass_.has_circle();
-    if (!two_pass_ready_) method_ = Method::simulation;
+    if (!by.two_pass.prepare(begin)) return Outcome::out_of_space;
+    by.two_pass_ready = !by.two_pass.has_circle();
+    if (!by.two_pass_ready) method_ = Method::simulation;
   }
-  if (two_pass_ready_) return two_pass_.run(begin, match) ? Outcome::match : Outcome::no_match;
-  if (method_ == Method::simulation || method_ == Method::gated)
-    return simulate(begin, begin, match);
-  return backtrack(begin, match);
+  if (by.two_pass_ready) return by.two_pass.run(begin, match) ? Outcome::match : Outcome::no_match;
+  return method_ == Method::automatic ? backtrack(begin, match) : simulate(begin, begin, match);
+}
+
+Work Matcher::work() const {
+  Work work = {attempts_, spent_, 0, 0, 0, false};
+  if (linear_) {
+    work.gated = linear_->gate.work();
+    work.sets = linear_->gate.sets();
+    work.simulated = linear_->simulation.work();
+    work.two_pass = linear_->two_pass_ready;
+  }
+  return work;
 }
 
 Outcome Matcher::test() {
@@ -115,13 +133,14 @@ Outcome Matcher::backtrack(std::size_t begin, Match& match) {
 }
 
 Outcome Matcher::simulate(std::size_t begin, std::size_t from, Match& match) {
+  Linear& by = linear();
   if (method_ != Method::simulation) {
-    const Gate::Answer answer = gate_.run(begin, from);
+    const Gate::Answer answer = by.gate.run(begin, from);
     if (answer == Gate::Answer::no) return Outcome::no_match;
     if (answer == Gate::Answer::yes && only_tests_) return Outcome::match;
   }
-  if (!simulation_.prepare()) return Outcome::out_of_space;
-  if (!simulation_.run(begin, from, match)) return Outcome::no_match;
+  if (!by.simulation.prepare()) return Outcome::out_of_space;
+  if (!by.simulation.run(begin, from, match)) return Outcome::no_match;
   earn(match.end() - from + 1);
   return Outcome::match;
 }

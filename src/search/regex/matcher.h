@@ -7,6 +7,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "bytes/bytes.h"
 #include "bytes/scan_stream.h"
@@ -46,13 +47,24 @@ class Matcher {
   // Whether there is a match at all: match or no_match, unless memory fails.
   Outcome test();
 
-  Work work() const {
-    return {attempts_, spent_, gate_.work(), gate_.sets(), simulation_.work(), two_pass_ready_};
-  }
+  Work work() const;
 
  private:
+  // What most searches do without.
+  struct Linear {
+    Linear(const Plan& plan, Bytes text, Starts& starts)
+        : gate(plan, text), simulation(plan, text, starts), two_pass(plan, text) {}
+
+    Gate gate;
+    Simulation simulation;
+    TwoPass two_pass;
+    bool two_pass_ready = false;
+  };
+
   Outcome find_single(std::size_t begin, Match& match);
+  Outcome find_linearly(std::size_t begin, Match& match);
   Outcome backtrack(std::size_t begin, Match& match);
+  Linear& linear();
   Outcome simulate(std::size_t begin, std::size_t from, Match& match);
   void earn(std::size_t bytes);
 
@@ -66,10 +78,7 @@ class Matcher {
   Starts starts_;
   ScanStream stream_;  // of what a match begins with
   Backtracker backtracker_;
-  Gate gate_;
-  Simulation simulation_;
-  TwoPass two_pass_;
-  bool two_pass_ready_ = false;
+  std::optional<Linear> linear_;
 };
 
 }  // namespace vstring::regex

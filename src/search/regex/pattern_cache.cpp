@@ -16,6 +16,8 @@ struct Entry {
   std::size_t length;
   VstringRegex* regex;
   Plan* plan;
+  std::size_t searched;  // bytes so far
+  bool has_hints;        // all of them
 
   Bytes text() const { return {reinterpret_cast<const Byte*>(pattern), length}; }
 };
@@ -37,17 +39,24 @@ char* copy_of(Bytes text) {
   return copy;
 }
 
+// Finds all hints once the texts are long enough, together, to be worth it.
+bool prepare(std::size_t length) {
+  kept.searched += length;
+  if (kept.has_hints || kept.searched < kWorthHints) return true;
+  return kept.has_hints = add_hints(*kept.plan, *kept.regex);
+}
+
 }  // namespace
 
-const Plan* plan_of(Bytes pattern) {
-  if (kept.pattern != nullptr && equal(kept.text(), pattern)) return kept.plan;
+const Plan* plan_of(Bytes pattern, std::size_t length) {
+  if (kept.pattern != nullptr && equal(kept.text(), pattern) && prepare(length)) return kept.plan;
   forget();
   kept.pattern = copy_of(pattern);
   kept.length = pattern.size();
   if (kept.pattern != nullptr) {
     kept.regex = vrx_regcomp(kept.pattern);
-    if (kept.regex != nullptr) kept.plan = make_plan(*kept.regex);
-    if (kept.plan != nullptr) return kept.plan;
+    if (kept.regex != nullptr) kept.plan = make_plan(*kept.regex, false);
+    if (kept.plan != nullptr && prepare(length)) return kept.plan;
   }
   if (kept.pattern == nullptr || kept.regex != nullptr) vrx_regerror(errors::kOutOfSpace);
   forget();

@@ -5,8 +5,8 @@
 
 namespace vstring::regex {
 
-// The plan of a pattern, good until a call with another one. Null, with the reason recorded and
-// nothing kept, when the pattern cannot be compiled.
-const Plan* plan_of(Bytes pattern);
+// The plan of a pattern, to search a text of `length` bytes; good until the next call. Null, with
+// the reason recorded and nothing kept, when the pattern cannot be compiled.
+const Plan* plan_of(Bytes pattern, std::size_t length);
 
 }  // namespace vstring::regex

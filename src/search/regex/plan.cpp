@@ -237,10 +237,6 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   for (int i = 0; i < kGroups && states_[first].op == Op::save; ++i) first = states_[first].next;
   const Op op = states_[first].op;
   plan->first_run = op == Op::star || op == Op::plus ? first : kFailState;
-  if (regex.must != nullptr && regex.must_length > 0) {
-    const auto length = static_cast<std::size_t>(regex.must_length);
-    plan->hints.must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
-  }
   return plan;
 }
 
@@ -268,7 +264,7 @@ void find_single(Plan& plan) {
   const State& state = plan.states[s];
   const bool is_single =
       state.op == Op::literal || state.op == Op::one || (state.op == Op::plus && state.takes_all);
-  if (!is_single || plan.anchored || !hints.must.empty()) return;
+  if (!is_single || plan.anchored || hints.required_count > 0) return;
   std::uint32_t end_slots = 0;
   const StateNumber last = pass_saves(plan, state.next, end_slots);
   if (plan.states[last].op != Op::accept) return;
@@ -280,20 +276,30 @@ void find_single(Plan& plan) {
   plan.start_slots &= ~end_slots;
 }
 
+bool learn(Plan& plan, const VstringRegex& regex, bool all_hints) {
+  Bytes must;
+  if (regex.must != nullptr && regex.must_length > 0) {
+    const auto length = static_cast<std::size_t>(regex.must_length);
+    must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
+  }
+  plan.hints = {};
+  if (!find_hints(plan, must, all_hints)) return false;
+  believe_first_byte(plan.hints, regex.first_byte);
+  find_single(plan);
+  return true;
+}
+
 }  // namespace
 
 Plan* make_plan(const VstringRegex& regex, bool all_hints) {
   Decoder decoder(regex);
   Plan* const plan = decoder.run() ? decoder.finish(regex) : nullptr;
-  if (plan == nullptr) return nullptr;
-  if (!find_hints(*plan, all_hints)) {
-    std::free(plan);
-    return nullptr;
-  }
-  believe_first_byte(plan->hints, regex.first_byte);
-  find_single(*plan);
-  return plan;
+  if (plan == nullptr || learn(*plan, regex, all_hints)) return plan;
+  std::free(plan);
+  return nullptr;
 }
+
+bool add_hints(Plan& plan, const VstringRegex& regex) { return learn(plan, regex, true); }
 
 void report(const State& state) { vrx_regerror(kReports[state.other]); }
 

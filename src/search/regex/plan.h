@@ -65,6 +65,13 @@ inline Successors successors(const State& state) {
   return {{state.next, state.other}, is_last ? 0 : state.op == Op::branch ? 2 : 1};
 }
 
+// Something that stands in every match: a byte of a set or, when that is null, a literal.
+struct Required {
+  Bytes literal;
+  const ByteScan* set;
+};
+inline constexpr int kMaxRequired = 4;
+
 // What is known beforehand of every match, so that most of a text need not be tried (hints.cpp).
 struct Hints {
   bool has_first = false;  // whether a match begins with a byte of `first`
@@ -72,14 +79,12 @@ struct Hints {
   Bytes prefix;                   // what a match begins with; empty: nothing is known
   std::size_t prefix_length = 0;  // a match begins as `prefixes` has it, with 2 or 3 bytes; 0: no
   PrefixFilter prefixes;
-  Bytes required;                 // stands in every match; empty: nothing is known
-  bool has_required_set = false;  // whether a byte of `required_set` stands in every match
-  ByteScan required_set;
-  bool has_lead = false;  // whether the bytes of a match ahead of what is required are of `lead`
+  int required_count = 0;
+  Required required[kMaxRequired];  // what tells most comes first
+  bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
   ByteScan lead;
-  Bytes must;  // stands in every text that matches, as the record has it; empty: known otherwise
-
-  bool has_required() const { return !required.empty() || has_required_set; }
+  bool has_follow = false;  // whether the byte behind it is of `follow`
+  ByteScan follow;
 };
 
 struct Plan {
@@ -145,9 +150,14 @@ struct Plan {
   }
 };
 
-// One block from malloc, for free(); null when memory fails. O(program). To find all
-// hints takes longer than the rest, and than a search in a short text.
+// To find all hints takes longer than the rest of a plan, and than to search so many bytes.
+inline constexpr std::size_t kWorthHints = 512;
+
+// One block from malloc, for free(); null when memory fails. O(program).
 Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
+
+// Finds all hints of a plan that was made without. False when memory fails.
+bool add_hints(Plan& plan, const VstringRegex& regex);
 
 // Records the message of a report state.
 void report(const State& state);

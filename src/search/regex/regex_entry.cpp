@@ -34,8 +34,8 @@ constexpr const char* kCannotExecute = "cannot execute compiled regular expressi
   raise_recorded(args, kCannotExecute);
 }
 
-const Plan& compiled(const Args& args, Bytes pattern) {
-  const Plan* const plan = regex::plan_of(pattern);
+const Plan& compiled(const Args& args, Bytes pattern, Bytes text) {
+  const Plan* const plan = regex::plan_of(pattern, text.size());
   if (plan == nullptr) raise_recorded(args, kCannotCompile);
   return *plan;
 }
@@ -47,7 +47,7 @@ Outcome find_first(const Plan& plan, Bytes text, Match* match) {
 
 // Whether the pattern matches; the groups are in `match` then, if that is not null.
 bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
-  const Outcome outcome = find_first(compiled(args, pattern), text, match);
+  const Outcome outcome = find_first(compiled(args, pattern, text), text, match);
   if (outcome == Outcome::out_of_space) raise_out_of_space(args);
   return outcome == Outcome::match;
 }
@@ -140,7 +140,7 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
     args.raise("right hand side of first argument must be a string");
   }
   const Bytes text = args.text(2);
-  const Plan& plan = compiled(args, text_of(left_side(rule)));
+  const Plan& plan = compiled(args, text_of(left_side(rule)), text);
   // Built in a block, since what the scratch buffer holds stays when there is an error.
   HeldArray<Byte> changed;
   const Outcome outcome = regex::replace_all(plan, text, text_of(right_side(rule)), changed);
@@ -162,7 +162,7 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kRegsplit);
   const Bytes pattern = args.text(1);
   const Bytes text = args.text(2);
-  const Plan& plan = compiled(args, pattern);
+  const Plan& plan = compiled(args, pattern, text);
   if (text.empty()) return host->HostNull();
   HeldArray<regex::Cut> cuts;
   std::size_t rest = 0;

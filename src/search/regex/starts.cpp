@@ -7,60 +7,76 @@ namespace {
 
 // Looking for what is required costs as much as this many bytes of scanning. Where it stands too
 // thick to save that much it is not looked for any longer.
-constexpr std::ptrdiff_t kSearchCost = 16;
+constexpr std::size_t kSearchCost = 16;
+
+std::size_t find(const ByteScan& set, Bytes text, std::size_t at) {
+  const std::size_t found = set.find(text, at);
+  return found == text.size() ? npos : found;
+}
 
 }  // namespace
 
-Starts::Starts(const Plan& plan, Bytes text)
-    : plan_(plan),
-      text_(text),
-      must_(plan.hints.must, text),
-      prefix_(plan.hints.prefix, text),
-      required_(plan.hints.required, text) {
-  if (!plan.hints.must.empty()) must_at_ = must_.next();
-  if (!plan.hints.prefix.empty()) prefix_at_ = prefix_.next();
-  if (plan.hints.has_required()) look_up_required(0);
-}
-
-bool Starts::has_must(std::size_t begin) {
-  if (plan_.hints.must.empty()) return true;
-  if (must_at_ < begin) must_at_ = must_.next_from(begin);
-  return must_at_ != npos;
+bool Starts::may_match(std::size_t begin) {
+  const Hints& hints = plan_.hints;
+  if (has_asked_ || hints.required_count == 0) return true;
+  has_asked_ = true;
+  // One that starts with the text is soon tried.
+  if (plan_.anchored && hints.has_first &&
+      (begin == text_.size() || !hints.first.has(text_[begin]))) {
+    return false;
+  }
+  const Bytes rest = text_.subspan(begin);
+  const auto stands = [&](const Required& required) {
+    return (required.set != nullptr ? find(*required.set, rest, 0)
+                                    : search::find(required.literal, rest)) != npos;
+  };
+  // The first one is looked for all along if it tells where a match may start.
+  return std::all_of(hints.required + (hints.has_lead ? 1 : 0),
+                     hints.required + hints.required_count, stands);
 }
 
 std::size_t Starts::by_first_bytes(std::size_t at) {
   const Hints& hints = plan_.hints;
   if (!hints.prefix.empty()) {
-    if (prefix_at_ < at) prefix_at_ = prefix_.next_from(at);
+    if (!has_prefix_) prefix_.start(hints.prefix, text_);
+    if (!has_prefix_ || prefix_at_ < at) prefix_at_ = prefix_.next_from(at);
+    has_prefix_ = true;
     return prefix_at_;
   }
   if (hints.prefix_length > 0) return hints.prefixes.find(hints.prefix_length, text_, at);
-  if (!hints.has_first) return at;
-  const std::size_t found = hints.first.find(text_, at);
-  return found == text_.size() ? npos : found;
+  return hints.has_first ? find(hints.first, text_, at) : at;
 }
 
 // Finds the first place from `at` on of what is required, and where its lead begins.
 void Starts::look_up_required(std::size_t at) {
   const Hints& hints = plan_.hints;
-  if (hints.has_required_set) {
-    required_at_ = hints.required_set.find(text_, at);
-    if (required_at_ == text_.size()) required_at_ = npos;
+  const Required& required = hints.required[0];
+  if (required.set != nullptr) {
+    required_at_ = find(*required.set, text_, at);
   } else {
+    if (!has_required_) required_.start(required.literal, text_);
     required_at_ = required_.next_from(at);
+    const auto is_followed = [&](std::size_t place) {
+      const std::size_t end = place + required.literal.size();
+      return end < text_.size() && hints.follow.has(text_[end]);
+    };
+    while (hints.has_follow && required_at_ != npos && !is_followed(required_at_)) {
+      required_at_ = required_.next();
+    }
   }
-  lead_at_ = at;
-  if (required_at_ == npos || !hints.has_lead) return;
+  has_required_ = true;
+  if (required_at_ == npos) return;
   lead_at_ = required_at_;
   while (lead_at_ > at && hints.lead.has(text_[lead_at_ - 1])) --lead_at_;
-  credit_ += static_cast<std::ptrdiff_t>(lead_at_ - at) - kSearchCost;
+  budget_.earn(lead_at_ - at);
+  budget_.spend(kSearchCost);
 }
 
 std::size_t Starts::next(std::size_t at) {
-  const bool uses_required = plan_.hints.has_required() && credit_ >= 0;
+  const bool uses_required = plan_.hints.has_lead && !budget_.is_used_up();
   for (;;) {
     if (uses_required) {
-      if (required_at_ < at) look_up_required(at);
+      if (!has_required_ || required_at_ < at) look_up_required(at);
       if (required_at_ == npos) return npos;
       at = std::max(at, lead_at_);
     }

@@ -6,6 +6,7 @@
 #pragma once
 #include <cstddef>
 
+#include "bytes/budget.h"
 #include "bytes/bytes.h"
 #include "search/exact/exact.h"
 #include "search/regex/plan.h"
@@ -13,12 +14,14 @@
 namespace vstring::regex {
 
 class Starts {
- public:
-  Starts(const Plan& plan, Bytes text);
+  static constexpr std::size_t kFreeBudget = 1024;  // bytes of scanning
 
-  // Whether the literal that the record names stands at `begin` or later. From one call to the
-  // next, `begin` never decreases.
-  bool has_must(std::size_t begin);
+ public:
+  Starts(const Plan& plan, Bytes text) : plan_(plan), text_(text) {}
+
+  // Whether all that every match contains stands at `begin` or later, as far as it is worth asking:
+  // each thing is asked for once.
+  bool may_match(std::size_t begin);
 
   // The first place from `at` on, the end of the text included, where a match may start; npos
   // when there is none. From one call to the next, `at` never decreases.
@@ -30,12 +33,13 @@ class Starts {
 
   const Plan& plan_;
   Bytes text_;
-  std::size_t must_at_ = 0;       // that literal's first occurrence at the place asked for last
-  std::size_t prefix_at_ = 0;     // the prefix's first occurrence at the place asked for last
-  std::size_t required_at_ = 0;   // the same for what every match contains, and
-  std::size_t lead_at_ = 0;       // where the run of bytes begins that may come ahead of it
-  std::ptrdiff_t credit_ = 1024;  // what looking for it has saved, in bytes of scanning
-  search::Finder must_;
+  bool has_asked_ = false;
+  bool has_prefix_ = false;      // whether prefix_ has been started
+  bool has_required_ = false;    // the same for required_
+  std::size_t prefix_at_ = 0;    // the prefix's first occurrence at the place asked for last
+  std::size_t required_at_ = 0;  // the same for what every match contains, and
+  std::size_t lead_at_ = 0;      // where the run of bytes begins that may come ahead of it
+  Budget budget_{kFreeBudget};   // for looking for it, which saves scanning
   search::Finder prefix_;
   search::Finder required_;
 };
