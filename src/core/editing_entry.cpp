@@ -73,10 +73,8 @@ HostObject vstring_insert(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kRepeat = {2, {{}, {nullptr, "second argument must be non-negative"}}};
-
 HostObject vstring_repeat(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kRepeat);
+  const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   const auto n = static_cast<std::size_t>(args.non_negative(2));
   if (n == 1) return args.object(1);

@@ -11,8 +11,6 @@ namespace {
 
 HostObject order_result(const Args& args, int order) { return args.host()->HostNewInteger(order); }
 
-HostObject one_letter(const Args& args, Byte c) { return new_string(args, {&c, 1}); }
-
 // The orders that take a support string as an optional third argument.
 using SupportedOrder = Result<int> (*)(Bytes s, Bytes t, const core::Support& support);
 
@@ -25,7 +23,7 @@ HostObject supported(const HostTable* host, HostObject argseq, SupportedOrder or
     support = args.text(3);
     const Byte repeated = core::first_repeated(*support);
     if (repeated != 0) {
-      args.raise("repeated character `%1' detected in support", one_letter(args, repeated));
+      args.raise("repeated character `%1' detected in support", new_letter(args, repeated));
     }
   }
   const Result<int> result = order(s, t, support);
@@ -71,7 +69,7 @@ core::Weights read_weights(const Args& args, Elements equations) {
           right, new_integer(args, i + 1));
     }
     if (given.has(letter[0])) {
-      args.raise("repeated character `%1' found", one_letter(args, letter[0]));
+      args.raise(messages::kRepeatedCharacter, new_letter(args, letter[0]));
     }
     given.add(letter[0]);
     weights[letter[0]] = weight;

@@ -1,5 +1,6 @@
 #include "host/args.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "runtime/memory.h"
@@ -24,13 +25,13 @@ Args::Args(const HostTable* host, HostObject argseq, const Signature& signature)
 
 std::int32_t Args::non_negative(int position) const {
   const std::int32_t value = integer32(position);
-  if (value < 0) refuse(position);
+  if (value < 0) refuse_value_as(position, messages::kNonNegativeExpected);
   return value;
 }
 
 std::int32_t Args::positive(int position) const {
   const std::int32_t value = integer32(position);
-  if (value < 1) refuse(position);
+  if (value < 1) refuse_value_as(position, messages::kPositiveExpected);
   return value;
 }
 
@@ -59,8 +60,22 @@ Elements Args::strings(int position, bool sets_too) const {
   return elements;
 }
 
+std::size_t Args::choice(int position, std::span<const char* const> words) const {
+  const Bytes wanted = text(position);
+  const auto* const found = std::find_if(words.data(), words.data() + words.size(),
+                                         [=](const char* word) { return equal(wanted, word); });
+  const auto i = static_cast<std::size_t>(found - words.data());
+  if (i == words.size()) refuse(position, object(position));
+  return i;
+}
+
 void Args::refuse_as(int position, const char* const* ordinary) const {
   const char* const own = words(position).wrong_kind;
+  raise(own != nullptr ? own : ordinary[position - 1]);
+}
+
+void Args::refuse_value_as(int position, const char* const* ordinary) const {
+  const char* const own = words(position).bad_value;
   raise(own != nullptr ? own : ordinary[position - 1]);
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "bytes/bytes.h"
 #include "host/messages.h"
@@ -41,6 +42,9 @@ struct Stretch {
   std::size_t first;
   std::size_t count;
 };
+
+// The longest text that a command makes where little can make much.
+inline constexpr std::size_t kLongestMade = std::size_t{1} << 30;
 
 // Whether a range one step backwards (a = b + 1) is empty wherever it lies, or must lie in the
 // text.
@@ -80,6 +84,8 @@ class Args {
   Elements list(int position, bool sets_too = false) const;
   // The same, of strings and names only.
   Elements strings(int position, bool sets_too = false) const;
+  // A word to choose from these, by its place among them. The refusal of another one shows it.
+  std::size_t choice(int position, std::span<const char* const> words) const;
 
   bool is_integer32(HostObject object) const { return host_->HostIsInteger32(object) != 0; }
   bool is_integer(HostObject object) const { return host_->HostIsInteger(object) != 0; }
@@ -98,6 +104,10 @@ class Args {
   [[noreturn]] void raise(const char* message, Objects... objects) const {
     vstring::raise(host_, message, objects...);
   }
+  // For texts that can be much longer than what they are made from.
+  void limit_length(std::uint64_t length) const {
+    if (length > kLongestMade) raise(messages::kResultTooLong);
+  }
   // Of what an algorithm says, every command words only the want of memory alike: one that can say
   // more is asked before.
   [[noreturn]] void raise(Status status) const;
@@ -109,6 +119,7 @@ class Args {
   const ArgumentText& words(int position) const { return signature_.arguments[position - 1]; }
   // In the ordinary words for the position, unless the signature has its own.
   [[noreturn]] void refuse_as(int position, const char* const* ordinary) const;
+  [[noreturn]] void refuse_value_as(int position, const char* const* ordinary) const;
 
   const HostTable* host_;
   HostObject argseq_;

@@ -35,11 +35,27 @@ inline constexpr const char* kStringsExpected[kPositions] = {
     "fourth argument must be a list of strings",
 };
 
+inline constexpr const char* kNonNegativeExpected[kPositions] = {
+    "first argument must be non-negative",
+    "second argument must be non-negative",
+    "third argument must be non-negative",
+    "fourth argument must be non-negative",
+};
+
+inline constexpr const char* kPositiveExpected[kPositions] = {
+    "first argument must be positive",
+    "second argument must be positive",
+    "third argument must be positive",
+    "fourth argument must be positive",
+};
+
 // Of commands whose only argument needs no number.
 inline constexpr const char* kArgumentString = "argument must be a string";
 inline constexpr const char* kArgumentInteger32 = "argument must be a 32-bit integer";
 
 inline constexpr const char* kInvalidRange = "invalid range";
+inline constexpr const char* kResultTooLong = "result would be too long";
+inline constexpr const char* kRepeatedCharacter = "repeated character `%1' found";
 inline constexpr const char* kOutOfMemory = "out of memory";
 inline constexpr const char* kWordTooLong = "word is too long";
 inline constexpr const char* kWordNotAlphabetic =

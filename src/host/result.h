@@ -6,6 +6,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <type_traits>
 
 #include "bytes/bytes.h"
@@ -34,6 +35,7 @@ static_assert(std::is_trivially_destructible_v<TextResult>);
 
 // A new host string with these bytes.
 HostObject new_string(const Args& args, Bytes bytes);
+inline HostObject new_letter(const Args& args, Byte c) { return new_string(args, {&c, 1}); }
 inline HostObject empty_string(const Args& args) { return args.host()->HostNewString(""); }
 
 inline HostObject new_integer(const Args& args, std::size_t value) {
@@ -60,6 +62,16 @@ HostObject new_list(const HostTable* host, std::size_t n, Make make) {
 template <typename Make>
 HostObject new_list(const Args& args, std::size_t n, Make make) {
   return new_list(args.host(), n, make);
+}
+
+// A new list of these objects.
+inline HostObject new_list_of(const Args& args, std::initializer_list<HostObject> objects) {
+  return new_list(args, objects.size(), [&](std::size_t i) { return objects.begin()[i]; });
+}
+
+// A new equation.
+inline HostObject new_equation(const Args& args, HostObject left, HostObject right) {
+  return args.host()->HostNewExpr("=", left, right);
 }
 
 // A new expression sequence whose element i (0-based) is make(i).

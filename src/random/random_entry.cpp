@@ -65,10 +65,8 @@ HostObject vstring_random(const HostTable* host, HostObject argseq) {
   return result.object();
 }
 
-constexpr Signature kRandperm = {1, {{nullptr, "first argument must be non-negative"}}};
-
 HostObject vstring_randperm(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kRandperm);
+  const Args args(host, argseq, kOne);
   const auto n = static_cast<std::size_t>(args.non_negative(1));
   SmallArray<std::uint32_t, 512> permutation;
   if (!permutation.allocate(n)) return host->HostNull();

@@ -30,10 +30,8 @@ HostObject vstring_border(const HostTable* host, HostObject argseq) {
   return new_string(args, word.last(*border));
 }
 
-constexpr Signature kIsperiod = {2, {{}, {nullptr, "second argument must be positive"}}};
-
 HostObject vstring_isperiod(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kIsperiod);
+  const Args args(host, argseq, kTwo);
   const Bytes word = args.text(1);
   const auto p = static_cast<std::size_t>(args.positive(2));
   return new_boolean(args, words::has_period(word, p));

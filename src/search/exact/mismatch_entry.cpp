@@ -6,10 +6,8 @@
 
 using namespace vstring;
 
-constexpr Signature kMismatch = {3, {{}, {}, {nullptr, "third argument must be non-negative"}}};
-
 HostObject vstring_hsearch(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kMismatch);
+  const Args args(host, argseq, kThree);
   const Bytes pattern = args.text(1);
   const Bytes text = args.text(2);
   const auto k = static_cast<std::size_t>(args.non_negative(3));
@@ -18,7 +16,7 @@ HostObject vstring_hsearch(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_hsearchx(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kMismatch);
+  const Args args(host, argseq, kThree);
   const Bytes pattern = args.text(1);
   const Bytes text = args.text(2);
   const auto k = static_cast<std::size_t>(args.non_negative(3));
