@@ -546,7 +546,7 @@ VSTRING_COMMAND(vstring_wildTester);    /* (): prints that table as a script */
 VSTRING_COMMAND(vstring_subst);         /* (text, pattern, replacement): the first occurrence */
 VSTRING_COMMAND(vstring_substx);        /* (text, pattern, replacement): every occurrence */
 
-/* Combinatorics on words, distances. */
+/* Combinatorics on words. */
 VSTRING_COMMAND(vstring_period);      /* (w): least period */
 VSTRING_COMMAND(vstring_isperiod);    /* (w, p): p is a period */
 VSTRING_COMMAND(vstring_border);      /* (w): longest proper border */
@@ -559,6 +559,28 @@ VSTRING_COMMAND(vstring_conjp);       /* (v, w): they are conjugate */
 VSTRING_COMMAND(vstring_isprim);      /* (w): primitive */
 VSTRING_COMMAND(vstring_primroot);    /* (w): primitive root */
 VSTRING_COMMAND(vstring_monfac);      /* (w): monotone factors */
+VSTRING_COMMAND(vstring_suffixarray); /* (s): positions of the suffixes in increasing order */
+VSTRING_COMMAND(vstring_factorcount); /* (s [, n]): number of distinct factors [of length n] */
+VSTRING_COMMAND(vstring_repetitions); /* (s): maximal ones as [position, length, period] */
+VSTRING_COMMAND(vstring_lcsubstring); /* (s, t): longest common factor */
+VSTRING_COMMAND(vstring_bwt);         /* (s): [last letters of the sorted rotations, row of s] */
+VSTRING_COMMAND(vstring_unbwt);       /* (t, k): the word whose transform is t with row k */
+VSTRING_COMMAND(vstring_isanagram);   /* (s, t): same letters equally often */
+VSTRING_COMMAND(vstring_nextperm);  /* (s): next arrangement of its letters; FAIL behind the last */
+VSTRING_COMMAND(vstring_rle);       /* (s): runs as [letter, length] */
+VSTRING_COMMAND(vstring_morphism);  /* (s, [letter = image, ...] [, n]): image under its power */
+VSTRING_COMMAND(vstring_fibword);   /* (n [, alphabet]): prefix of the Fibonacci word */
+VSTRING_COMMAND(vstring_thuemorse); /* (n [, alphabet]): prefix of the Thue-Morse word */
+VSTRING_COMMAND(vstring_christoffel); /* (p, q [, alphabet]): lower Christoffel word */
+VSTRING_COMMAND(vstring_debruijn);    /* (alphabet, n): least de Bruijn word */
+VSTRING_COMMAND(vstring_lyndonwords); /* (alphabet, n): Lyndon words of length n */
+
+/* Sequences, alignment, statistics. */
+VSTRING_COMMAND(vstring_tally);   /* (s | [s, ...] [, n]): [thing = number, ...] */
+VSTRING_COMMAND(vstring_entropy); /* (s): bits a letter, as a float */
+VSTRING_COMMAND(vstring_wc);      /* (s): [newlines, tokens, bytes] */
+
+/* Distances and likeness. */
 VSTRING_COMMAND(vstring_hd);          /* (s, t): Hamming distance */
 VSTRING_COMMAND(vstring_leedist);     /* (s, t): Lee distance modulo 256 */
 VSTRING_COMMAND(vstring_leewt);       /* (s): Lee weight modulo 256 */

@@ -45,6 +45,9 @@ constexpr Argument kKinds[] = {
     {"letter", "a string of one byte"},
     {"low", "an integer from 1 to 255, or a string of one byte"},
     {"high", "an integer from 1 to 255, or a string of one byte"},
+    {"alphabet", "a string, the letters in their order"},
+    {"image", "a string"},
+    {"x", "a string, or a list of strings"},
     {"name0", "a quoted name"},
 };
 

@@ -26,6 +26,12 @@ constexpr Rows kRegex = {
 constexpr Rows kWords = {
 #include "lexiva/rows/words.inc"
 };
+constexpr Rows kSequences = {
+#include "lexiva/rows/sequences.inc"
+};
+constexpr Rows kDistances = {
+#include "lexiva/rows/distances.inc"
+};
 constexpr Rows kRandom = {
 #include "lexiva/rows/random.inc"
 };
@@ -44,7 +50,9 @@ constexpr Family kFamilies[] = {
     {"Joining, splitting, orders", span_of(kJoining)},
     {"Searching and replacing", span_of(kFinding)},
     {"Regular expressions and wildcards", span_of(kRegex)},
-    {"Combinatorics on words, distances", span_of(kWords)},
+    {"Combinatorics on words", span_of(kWords)},
+    {"Sequences, alignment, statistics", span_of(kSequences)},
+    {"Distances and likeness", span_of(kDistances)},
     {"Randomness and digests", span_of(kRandom)},
     {"Layout, language, time", span_of(kLanguage)},
     {"Checks of the library itself", span_of(kInternal), false},
