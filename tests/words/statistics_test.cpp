@@ -10,22 +10,21 @@ namespace {
 
 // Short lists are sorted, longer ones looked up in a table that grows.
 TEST(Statistics, TalliesOfLists) {
-  VelmorHeap* const heap = session().heap();
   for (const std::size_t n : {5U, 16U, 17U, 700U, 4000U}) {
-    std::vector<HostObject> items;
+    Values items;
     std::vector<std::string> order;
     std::map<std::string, std::size_t> counts;
     for (std::size_t i = 0; i < n; ++i) {
       const std::string text(1 + i % 11, static_cast<char>('a' + i * i % (n / 4 + 1) % 26));
       const std::string item = text + (i % 3 == 0 ? std::to_string(i * 7 % n) : "");
-      items.push_back(velmor_string(heap, item.c_str()));
+      items.emplace_back(item);
       if (++counts[item] == 1) order.push_back(item);
     }
     std::string expected;
     for (const std::string& item : order) {
       expected += (expected.empty() ? "" : ", ") + printed(item) + " = " + printed(counts[item]);
     }
-    EXPECT_EQ("[" + expected + "]", call(vstring_tally, {velmor_list(heap, n, items.data())}));
+    EXPECT_EQ("[" + expected + "]", call(vstring_tally, {list(items)}));
   }
 }
 
