@@ -7,16 +7,19 @@
 #include <sstream>
 
 #include "command_line/completion.h"
-#include "command_line/help.h"
 #include "command_line/library.h"
 #include "command_line/manual.h"
 #include "command_line/options.h"
-#include "command_line/prompt.h"
 #include "command_line/read_file.h"
+#include "help/answer.h"
+#include "help/pager.h"
 #include "language/checker.h"
 #include "language/session.h"
 #include "output/form.h"
 #include "output/standard_output.h"
+#include "prompt/checkpoint.h"
+#include "prompt/prompt.h"
+#include "prompt/terminal.h"
 #include "records/run.h"
 
 namespace {
@@ -88,14 +91,13 @@ Verdict talk(velmor::Session& session) {
 }
 
 bool help(const velmor::CommandLine& line, const Options& options) {
-  if (options.words.empty()) {
-    velmor::list_commands(std::cout);
-    return true;
-  }
-  bool found = options.words.size() == 1 && line.help(std::cout, options.words[0]);
-  found = velmor::describe_command(std::cout, options.words[0]) || found;
-  if (!found)
-    throw std::runtime_error("no such command: " + options.words[0] + "; velmor help lists them");
+  std::string request;
+  for (const std::string& word : options.words) request += (request.empty() ? "" : " ") + word;
+  std::ostringstream subcommand;
+  const bool is_subcommand = line.help(subcommand, request);
+  const auto text = velmor::help_text(request, is_subcommand);
+  if (!text && !is_subcommand) throw std::runtime_error(velmor::no_help(request));
+  velmor::show_help(subcommand.str() + (is_subcommand && text ? "\n" : "") + text.value_or(""));
   return true;
 }
 
@@ -110,6 +112,7 @@ Verdict run_session(const Options& options) {
   const velmor::Library library(options.library);
   velmor::Session session([&](const std::string& name) { return library.resolve(name); });
   session.symbolic = options.symbolic;
+  velmor::display_for_terminal(session);
   // What commands print is to stand among what velmor prints.
   velmor_set_output(
       session.heap(), [](void*, const char* text) { std::cout << text; }, nullptr);
@@ -165,6 +168,7 @@ int told(const std::exception& error) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto code = velmor::placeholder(argc, argv)) return *code;
   // Who reads no further has what he wants.
   std::signal(SIGPIPE, [](int) { _exit(0); });
   velmor::StandardOutput output;

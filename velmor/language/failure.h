@@ -59,4 +59,10 @@ class UnknownCommand : public Failure {
   Verdict verdict() const override { return Verdict::kUnknownCommand; }
 };
 
+// A statement that the user has stopped; what came with it is not to run either.
+class Interrupted : public Failure {
+ public:
+  Interrupted() : Failure("interrupted; all names are as they were before") {}
+};
+
 }  // namespace velmor

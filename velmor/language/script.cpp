@@ -25,9 +25,12 @@ Verdict Script::finish() {
 }
 
 void Script::run(const Statement& statement) {
-  if (before_statement) before_statement();
   try {
+    if (before_statement) before_statement();
     session_.execute(statement.text, statement.prints, out_);
+  } catch (const Interrupted& failure) {
+    err_ << failure.report() << std::endl;
+    statements_.drop();
   } catch (const Failure& failure) {
     out_.flush();
     report(err_, failure, statement, name_);

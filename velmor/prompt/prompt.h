@@ -1,6 +1,5 @@
 // Statements typed or piped in.
 #pragma once
-#include <iosfwd>
 
 #include "language/session.h"
 
@@ -10,7 +9,7 @@ namespace velmor {
 // the user's to see, not the run's.
 void prompt(Session& session);
 
-// Runs standard input line by line, each answered as it comes.
+// Runs standard input line by line, each answered as it comes, to its end or a line that says quit.
 Verdict run_standard_input(Session& session);
 
 }  // namespace velmor
