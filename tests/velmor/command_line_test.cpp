@@ -1,6 +1,5 @@
 // The program velmor, run as a user runs it.
 #include <gtest/gtest.h>
-#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -271,11 +270,31 @@ TEST_F(CommandLine, Help) {
          "  > take(\"hello world\", \" \");\n  \"hello\"\n",
          "");
   EXPECT_EQ(shell("$V help"), 0);
-  EXPECT_NE(contents("out").find("Substrings and editing\n  length  "), std::string::npos);
+  EXPECT_NE(contents("out").find("Substrings and editing\n  length "), std::string::npos);
   EXPECT_EQ(contents("out").find("wildTester"), std::string::npos);
   EXPECT_EQ(shell("$V help map"), 0);
   EXPECT_NE(contents("out").find("--max-errors N"), std::string::npos);
-  expect("$V help nothing", 1, "", "Error, no such command: nothing; velmor help lists them\n");
+  expect("$V help tkae", 1, "", "Error, no help on tkae; did you mean take?\n");
+  expect(
+      "$V help '?complement'", 0,
+      "  tr               s with every byte found in from replaced by the one at the same position "
+      "of to.\n                     tr(\"ACGT\", \"TGCA\", \"GATTACA\") gives \"CTAATGT\"\n",
+      "");
+  const std::pair<const char*, const char*> searches[] = {{"fuzzy", "\n  asearch "},
+                                                          {"mismatch", "  hsearch "},
+                                                          {"regex", "  regmatch "},
+                                                          {"rotation", "  rotate "},
+                                                          {"edit distance", "  levenshtein "},
+                                                          {"'?regulra'", "  regsub "},
+                                                          {"apply", "apply(f, L)\n"},
+                                                          {"classes", "isdigit(\"2026\")"},
+                                                          {"syntax", "x -> length(x) > 3"},
+                                                          {"options", "  obeyspaces "},
+                                                          {"randomness", "  randperm "}};
+  for (const auto& [words, found] : searches) {
+    EXPECT_EQ(shell(std::string("$V help ") + words), 0) << words;
+    EXPECT_NE(contents("out").find(found), std::string::npos) << words << contents("out");
+  }
 }
 
 TEST_F(CommandLine, LibraryAndUsage) {
@@ -325,31 +344,6 @@ TEST_F(CommandLine, CompletionAndManual) {
   for (const char* word :
        {".TH VELMOR 1", "\\fB\\-\\-max\\-errors\\fR \\fIN\\fR", "\\fBtake(s, n)"})
     EXPECT_NE(contents("out").find(word), std::string::npos) << word;
-}
-
-TEST(Prompt, TalksAtATerminal) {
-  int terminal = -1;
-  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-  ASSERT_GE(child, 0);
-  if (child == 0) {
-    setenv("TERM", "dumb", 1);
-    execl(VELMOR_EXECUTABLE, "velmor", nullptr);
-    _exit(127);
-  }
-  const std::string typed = "reverse(\n\"olleh\");\ntake(1);\nlength(\"\xc3\xa9\") + 40;\nquit;\n";
-  ASSERT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
-  std::string shown;
-  std::array<char, 4096> buffer;
-  for (ssize_t n; (n = read(terminal, buffer.data(), buffer.size())) > 0;)
-    shown.append(buffer.data(), static_cast<std::size_t>(n));
-  int status = -1;
-  waitpid(child, &status, 0);
-  close(terminal);
-  EXPECT_EQ(status, 0);
-  EXPECT_NE(shown.find("\"hello\""), std::string::npos) << shown;
-  EXPECT_NE(shown.find("\n42\r"), std::string::npos) << shown;
-  EXPECT_NE(shown.find("Error, (in take) expecting 2 arguments, but got 1"), std::string::npos)
-      << shown;
 }
 
 }  // namespace

@@ -73,9 +73,9 @@ std::string topic(const std::string& word) {
 }
 
 // With few hits, each with its example: often that is all one wanted to know.
-std::string searched(std::string_view words) {
+std::string searched(std::string_view words, bool slips) {
   constexpr std::size_t kFew = 8;
-  const auto found = search_commands(words);
+  const auto found = search_commands(words, slips);
   std::string text;
   for (const lexiva::Command* command : found) {
     text += line_of(*command);
@@ -92,11 +92,11 @@ std::optional<std::string> help_text(std::string_view request, bool exact) {
   if (words.empty()) return families();
   std::string text;
   if (words[0] == '?') {
-    text = searched(words.substr(1));
+    text = searched(words.substr(1), true);
   } else {
     text = topic(std::string(words));
     if (text.empty() && !exact) text = families_called(words);
-    if (text.empty() && !exact) text = searched(words);
+    if (text.empty() && !exact) text = searched(words, false);
   }
   if (text.empty()) return std::nullopt;
   return text;

@@ -8,7 +8,7 @@
 namespace velmor {
 namespace {
 
-constexpr int kArgumentWidth = 12;
+constexpr int kArgumentWidth = 11;
 
 }  // namespace
 

@@ -29,29 +29,29 @@ void for_each_word(std::string_view text, Action action) {
 }
 
 // How well a word fits one of a text: 4 it is one, 3 one begins with it, 2 one differs by a slip.
-int fit(const std::string& wanted, std::string_view text) {
+int fit(const std::string& wanted, std::string_view text, bool slips) {
   int best = 0;
   for_each_word(text, [&](const std::string& word) {
     if (word == wanted)
       best = std::max(best, 4);
     else if (wanted.size() >= 3 && word.starts_with(wanted))
       best = std::max(best, 3);
-    else if (wanted.size() >= 5 && typing_distance(wanted, word) == 1)
+    else if (slips && wanted.size() >= 5 && typing_distance(wanted, word) == 1)
       best = std::max(best, 2);
   });
   return best;
 }
 
-int fit(const std::string& wanted, const lexiva::Command& command) {
-  const int name = fit(wanted, command.name);
-  const int keyword = fit(wanted, lexiva::keywords(command.name));
-  const int help = std::max(fit(wanted, command.help), fit(wanted, command.notes));
+int fit(const std::string& wanted, const lexiva::Command& command, bool slips) {
+  const int name = fit(wanted, command.name, slips);
+  const int keyword = fit(wanted, lexiva::keywords(command.name), slips);
+  const int help = std::max(fit(wanted, command.help, slips), fit(wanted, command.notes, slips));
   return std::max({3 * name, 2 * keyword, help});
 }
 
 }  // namespace
 
-std::vector<const lexiva::Command*> search_commands(std::string_view words) {
+std::vector<const lexiva::Command*> search_commands(std::string_view words, bool slips) {
   std::vector<std::pair<int, const lexiva::Command*>> found;
   for (const lexiva::Family& family : lexiva::families()) {
     if (!family.listed) continue;
@@ -59,7 +59,7 @@ std::vector<const lexiva::Command*> search_commands(std::string_view words) {
       int total = 0;
       bool all = true;
       for_each_word(words, [&](const std::string& word) {
-        const int one = fit(word, command);
+        const int one = fit(word, command, slips);
         all = all && one > 0;
         total += one;
       });

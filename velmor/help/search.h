@@ -7,9 +7,9 @@
 
 namespace velmor {
 
-// The commands that match each of the words in their name, keywords or help, best first: a name or
-// keyword itself before one that begins so, before one that differs by a slip, before a word of the
-// help. Empty when there is none.
-std::vector<const lexiva::Command*> search_commands(std::string_view words);
+// The commands that match each of the words in their name, keywords or help, best first: a name
+// counts more than a keyword, a word itself more than one that begins so or, with `slips`, differs
+// by a slip of the finger. Empty when there is none.
+std::vector<const lexiva::Command*> search_commands(std::string_view words, bool slips);
 
 }  // namespace velmor
