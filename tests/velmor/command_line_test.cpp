@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 namespace {
@@ -207,6 +208,49 @@ TEST_F(CommandLine, FilesThatCannotBeReadDoNotStopTheOthers) {
     expect("$V map _ " + files + workers, 1, "x\ny\nx\ny\n", errors);
     expect("$V filter true " + files + workers, 1, "x\ny\nx\ny\n", errors);
     expect("$V count _ " + files + workers, 1, "2\tx\n2\ty\n", errors);
+  }
+}
+
+// Ten thousand lines that nobody would write, and expressions that nearly are some: an answer or an
+// error, never a crash, and the same with workers.
+TEST_F(CommandLine, RandomLinesAndExpressions) {
+  std::mt19937 random(2026);
+  const auto below = [&](std::size_t n) { return random() % n; };
+  const std::vector<std::string> pieces = {
+      "reverse(_)", "_1",  "(",        ")",       "[",      "]",    "\"",    "'",     ",",
+      "..",         ":=",  "searchx(", "_n",      "{",      "}",    ";",     ":",     "\\",
+      "`",          "#",   "=",        "<>",      "x -> ",  "for",  "in",    "do",    "end",
+      "-",          "123", "not ",     "take(",   "\xff",   "\t",   " and ", "1.5",   ">",
+      "size",       "\n",  "?",        "regsub(", "\"a+\"", "_, 2", "true",  "1 .. 2"};
+  std::string text;
+  for (int i = 0; i < 10'000; ++i) {
+    for (std::size_t n = below(12); n > 0; --n)
+      text += below(3) > 0 ? pieces[below(pieces.size())]
+                           : std::string(1, static_cast<char>(below(256)));
+    text += '\n';
+  }
+  file("text", text);
+  for (const std::string job :
+       {"map 'regsub(_1, _2, _3)'", "map --json 'searchx(_2, _)'", "filter 'wild(_1, _2)'",
+        "map --paragraphs 'split(_, \"(\"), readfile(_1)'",
+        "map --fasta --tsv '_id, levenshtein(_id, _)'", "map -0 'stem(_)'",
+        "count -F '\"' 'snarf(_3, \"a-z\"), _1[1]'",
+        "map 'fmttime(_, timestamp = 0), substr(_, _n .. -1)'"}) {
+    const int status = shell("$V " + job + " " + path("text"));
+    EXPECT_LE(status, 1) << job;
+    const std::string out = contents("out"), err = contents("err");
+    expect("$V " + job + " -j 2 " + path("text"), status, out, err);
+  }
+  input_ = "a b c\n1 2 3\n";
+  for (int i = 0; i < 150; ++i) {
+    std::string expression;
+    for (std::size_t n = 1 + below(5); n > 0; --n) expression += pieces[below(pieces.size())];
+    file("expression", expression);
+    const std::string quoted = " -- \"$(cat " + path("expression") + ")\"";
+    const std::string line =
+        "$V " + std::array{"map" + quoted, "filter" + quoted, "count" + quoted,
+                           "map _ --init-file " + path("expression")}[below(4)];
+    EXPECT_LE(shell(line), 2) << line << ' ' << expression;
   }
 }
 
