@@ -175,6 +175,11 @@ TEST(Table, ReplacesAndIteratesBucketByBucket) {
               return 1;
             }));
   EXPECT_EQ(keys.size(), visited.size());
+  EXPECT_EQ(0, table_iter(table, [](const char* key, std::uintptr_t) {
+              visited.push_back(key);
+              return visited.size() < 7 ? 1 : 0;
+            }));
+  EXPECT_EQ(7U, visited.size()) << "it stops when told to";
   table_free(table);
   EXPECT_EQ(live, live_blocks());
 }

@@ -110,18 +110,6 @@ void fail_allocations(const Row& row) {
   }
 }
 
-// The calls between "; ".
-std::vector<std::string> calls_of(const std::string& calls) {
-  const std::string separator = "; ";
-  std::vector<std::string> parts;
-  for (std::size_t at = 0, end = 0; end != calls.npos && !calls.empty();
-       at = end + separator.size()) {
-    end = calls.find(separator, at);
-    parts.push_back(calls.substr(at, end - at));
-  }
-  return parts;
-}
-
 }  // namespace
 
 velmor::Session& session() {
@@ -145,9 +133,20 @@ void Check(const std::vector<Row>& rows) {
   }
 }
 
+std::vector<std::string> separate(const std::string& calls) {
+  const std::string separator = "; ";
+  std::vector<std::string> parts;
+  for (std::size_t at = 0, end = 0; end != calls.npos && !calls.empty();
+       at = end + separator.size()) {
+    end = calls.find(separator, at);
+    parts.push_back(calls.substr(at, end - at));
+  }
+  return parts;
+}
+
 void CheckRefusals(const std::vector<Refusal>& refusals) {
   for (const auto& [message, calls] : refusals) {
-    for (const std::string& call : calls_of(calls)) Check({{call, "error: " + message}});
+    for (const std::string& call : separate(calls)) Check({{call, "error: " + message}});
   }
 }
 
@@ -165,7 +164,7 @@ void CheckIdentity(const std::vector<Identity>& rows) {
     for (const bool is_string : {true, false}) {
       velmor_assign(heap, x, (is_string ? velmor_string : velmor_name)(heap, row.x.c_str()));
       const auto check = [&](const std::string& calls, bool itself) {
-        for (const std::string& call : calls_of(calls)) {
+        for (const std::string& call : separate(calls)) {
           EXPECT_EQ(itself, session().evaluate(call).value == velmor_value(heap, x))
               << call << " of " << evaluate("x");
         }

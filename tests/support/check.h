@@ -34,6 +34,9 @@ struct Refusal {
 };
 void CheckRefusals(const std::vector<Refusal>& refusals);
 
+// The calls of a text, which has "; " between them.
+std::vector<std::string> separate(const std::string& calls);
+
 // What a command makes of words, as "from/to from/to ...".
 void CheckWords(const std::string& command, const std::string& pairs);
 

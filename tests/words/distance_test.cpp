@@ -103,12 +103,15 @@ TEST(Distances, LeeOverAllResidues) {
 TEST(Distances, ValuesAndRefusals) {
   const std::string s = random_word(1100, 4, 5);
   const std::string t = random_word(1100, 4, 6);
+  std::string close = s;
+  for (std::size_t i = 0; i < s.size(); i += 10) close[i] = 'x';
   Check({
       {R"(hd(`abc`, "a"), leedist("\377", "\001"), leewt("\310"), leewt(""))", "2, 2, 56, 0"},
       {R"(leedist("ab", "a"))", "error: strings must be of equal length"},
       {R"(levenshtein("flaw", "lawn"), levenshtein(`abc`, "abc"))", "2, 0"},
       {R"(editdist("a", "bcd"))", "error: out of memory"},
       {"levenshtein(" + quoted(s) + ", " + quoted(t) + ")", printed(edits(s, t))},
+      {"editdist(" + quoted(s) + ", " + printed(close) + ")", printed(2200 - 2 * edits(s, close))},
   });
 }
 
