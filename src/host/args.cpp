@@ -3,22 +3,16 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "runtime/memory.h"
-
 namespace vstring {
 
-Args::Args(const HostTable* host, HostObject argseq, const Signature& signature)
-    : host_(host), argseq_(argseq), signature_(signature), count_(0) {
-  memory::begin_call();
-  count_ = host->HostNumArgs(argseq);
-  if (count_ >= signature.required) return;
-  if (signature.too_few != nullptr) raise(signature.too_few);
+void Args::refuse_count() const {
+  if (signature_.too_few != nullptr) raise(signature_.too_few);
   char message[80];
   const long count = count_;
-  if (signature.required == 1) {
+  if (signature_.required == 1) {
     std::snprintf(message, sizeof message, messages::kOneArgument, count);
   } else {
-    std::snprintf(message, sizeof message, messages::kSeveralArguments, signature.required, count);
+    std::snprintf(message, sizeof message, messages::kSeveralArguments, signature_.required, count);
   }
   raise(message);
 }

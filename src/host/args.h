@@ -13,6 +13,7 @@
 #include "host/object.h"
 #include "host/raise.h"
 #include "host/vstring.h"
+#include "runtime/memory.h"
 #include "runtime/status.h"
 
 namespace vstring {
@@ -52,8 +53,17 @@ enum class EmptyRange { in_text, anywhere };
 
 class Args {
  public:
-  // Raises when there are fewer arguments than the signature asks for.
-  Args(const HostTable* host, HostObject argseq, const Signature& signature);
+  // Raises when there are fewer arguments than the signature asks for. Inline, so that the frame is
+  // the entry point's own.
+  [[gnu::always_inline]] Args(const HostTable* host, HostObject argseq, const Signature& signature)
+      : host_(host), argseq_(argseq), signature_(signature), count_(0) {
+    if (memory::state.newest != nullptr || memory::state.scratch_holder != nullptr) [[unlikely]] {
+      memory::let_go_of_abandoned(host, __builtin_dwarf_cfa());
+    }
+    count_ = host->HostNumArgs(argseq);
+    if (count_ < signature.required) [[unlikely]]
+      refuse_count();
+  }
 
   const HostTable* host() const { return host_; }
   HostObject sequence() const { return argseq_; }
@@ -117,6 +127,7 @@ class Args {
 
  private:
   const ArgumentText& words(int position) const { return signature_.arguments[position - 1]; }
+  [[noreturn]] void refuse_count() const;
   // In the ordinary words for the position, unless the signature has its own.
   [[noreturn]] void refuse_as(int position, const char* const* ordinary) const;
   [[noreturn]] void refuse_value_as(int position, const char* const* ordinary) const;

@@ -47,7 +47,7 @@ inline bool is_text(HostObject object) { return is_string(object) || is_name(obj
 inline Bytes text_of(HostObject object) {
   const std::uint64_t* const words = words_of(object);
   const std::size_t n = word_count(object);
-  if (n <= kTextWord) return {};
+  if (n <= kTextWord) return bytes_of("");
   const auto padding = static_cast<std::size_t>(std::countl_zero(words[n - 1])) / 8;
   return {reinterpret_cast<const Byte*>(words + kTextWord), 8 * (n - kTextWord) - padding};
 }

@@ -11,14 +11,17 @@
 
 #include "bytes/bytes.h"
 #include "host/args.h"
+#include "runtime/growing_text.h"
 #include "runtime/memory.h"
+#include "runtime/scratch.h"
 
 namespace vstring {
 
 class TextResult {
  public:
-  // Room for `length` bytes and a terminator; raises "out of memory".
-  TextResult(const Args& args, std::size_t length);
+  // Room for `length` bytes and a terminator: in the scratch buffer when they are no more than
+  // `scratch_limit`. Raises "out of memory".
+  TextResult(const Args& args, std::size_t length, std::size_t scratch_limit = kScratchLimit);
 
   MutableBytes bytes() const { return {text_, length_}; }
   // The host string of what bytes() holds, or of its first `length` bytes. Ends the result.
@@ -33,9 +36,18 @@ class TextResult {
 };
 static_assert(std::is_trivially_destructible_v<TextResult>);
 
+// An empty text that grows out of the scratch buffer.
+inline GrowingText scratch_text() {
+  return scratch_is_free() ? GrowingText(scratch, kScratchLimit) : GrowingText();
+}
+
 // A new host string with these bytes.
 HostObject new_string(const Args& args, Bytes bytes);
 inline HostObject new_letter(const Args& args, Byte c) { return new_string(args, {&c, 1}); }
+// The same, leaving alone what the scratch buffer holds: a short one is built on the stack.
+HostObject new_string_aside(const Args& args, Bytes bytes);
+// Of a text that began in `scratch_text`, or anywhere else. Ends it.
+HostObject new_string(const Args& args, GrowingText& text);
 inline HostObject empty_string(const Args& args) { return args.host()->HostNewString(""); }
 
 inline HostObject new_integer(const Args& args, std::size_t value) {

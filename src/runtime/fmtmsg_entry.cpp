@@ -5,6 +5,7 @@
 #include "host/args.h"
 #include "host/raise.h"
 #include "host/result.h"
+#include "runtime/growing_text.h"
 #include "runtime/memory.h"
 #include "runtime/message_format.h"
 
@@ -12,14 +13,66 @@ using namespace vstring;
 
 namespace {
 
+// The names of the host's procedures that convert arguments. They are protected while the message
+// is made; the call after an abandoned one lets them go.
+struct Names : memory::Held {
+  HostObject convert;
+  HostObject sprintf;
+  HostObject string;  // quoted
+  int protected_count;
+
+  void make(const HostTable* host) {
+    convert = host->HostNewName("convert", 1);
+    sprintf = host->HostNewName("sprintf", 1);
+    string = host->HostQuote(host->HostNewName("string", 1));
+    protected_count = 0;
+  }
+
+  void protect(const HostTable* host) {
+    for (; protected_count < 3; ++protected_count) host->HostGcProtect(name(protected_count));
+  }
+
+  void allow(const HostTable* host) {
+    while (protected_count > 0) host->HostGcAllow(name(--protected_count));
+  }
+
+ private:
+  HostObject name(int i) const { return i == 0 ? convert : i == 1 ? sprintf : string; }
+};
+
+// What the outermost message stands on: most need no memory. One that is made while the host
+// evaluates something for another takes blocks.
+struct Outermost {
+  bool is_in_use;
+  Names names;
+  Byte text[SMALL_BUFFER_BASE_SIZE];
+};
+constinit Outermost outermost = {};
+
+void allow_names(memory::Held* held, const void* host) {
+  Names names = *static_cast<Names*>(held);  // the next message may stand there from now on
+  if (held == &outermost.names) outermost.is_in_use = false;
+  names.allow(static_cast<const HostTable*>(host));
+}
+
 // The message under construction, and what converts its arguments.
 class Message {
  public:
-  explicit Message(const Args& args)
-      : args_(args),
-        convert_(args.host()->HostNewName("convert", 1)),
-        sprintf_(args.host()->HostNewName("sprintf", 1)),
-        string_(args.host()->HostQuote(args.host()->HostNewName("string", 1))) {}
+  explicit Message(const Args& args) : args_(args) {
+    Names names;
+    names.make(args.host());
+    if (!outermost.is_in_use) {
+      outermost.is_in_use = true;
+      text_ = {outermost.text, sizeof outermost.text};
+    } else if (block_.resize(1)) {
+      names_ = block_.data();
+    } else {
+      args.raise(Status::out_of_memory);
+    }
+    *names_ = names;
+    memory::hold(names_, this, allow_names);
+    names_->protect(args.host());
+  }
 
   void append(const FormatPiece& piece) {
     switch (piece.kind) {
@@ -35,16 +88,23 @@ class Message {
   }
 
   HostObject finish() {
-    if (!text_.push_back('\0')) fail(messages::kOutOfMemory);
-    const HostObject string = args_.host()->HostNewString(chars(text_.data()));
-    text_.free();
+    const HostObject string = new_string(args_, text_);
+    end();
     return string;
   }
 
  private:
-  [[noreturn]] void fail(const char* message) {
+  void end() {
     text_.free();
-    args_.raise(message);
+    memory::put_down(names_);
+    allow_names(names_, args_.host());
+    block_.free();
+  }
+
+  template <typename... Objects>
+  [[noreturn]] void fail(const char* message, Objects... objects) {
+    end();
+    args_.raise(message, objects...);
   }
 
   void require(bool has_memory) {
@@ -87,48 +147,37 @@ class Message {
   void append_converted(HostObject value) {
     const HostTable* const host = args_.host();
     if (is_name(value) && has_own_spelling(value)) {
-      value = evaluate(sprintf_, host->HostNewString("%a"), value);
+      value = evaluate(names_->sprintf, host->HostNewString("%a"), value);
       if (!is_text(value)) fail_assertion(__LINE__, "IsString(sprintf(\"%a\", name))");
     } else if (!is_text(value)) {
-      value = evaluate(convert_, host->HostQuote(value), string_);
+      value = evaluate(names_->convert, host->HostQuote(value), names_->string);
       if (!is_text(value)) fail_assertion(__LINE__, "IsString(convert(argument, string))");
     }
     append(text_of(value));
   }
 
-  // Whether the host prints the name in a way of its own: it then keeps something in the word
+  // Whether the host prints the name in a way of its own: it then keeps an object in the word
   // before the text, other than the empty attribute.
   static bool has_own_spelling(HostObject name) {
     constexpr int kAttributeTag = 0x1e;
     const HostObject attribute = word_of(name, 2);
-    if (attribute == 0) return false;
-    if (is_immediate(attribute)) return true;
+    if (attribute == 0 || is_immediate(attribute)) return false;
     return tag_of(attribute) != kAttributeTag || word_count(attribute) != 1;
   }
 
-  // The host may call the library again meanwhile, and may collect what it does not see held: hence
-  // the bracket around the blocks of this call, and the protection.
   HostObject evaluate(HostObject procedure, HostObject a, HostObject b) const {
-    const HostTable* const host = args_.host();
-    const HostObject names[] = {convert_, sprintf_, string_};
-    for (const HostObject name : names) host->HostGcProtect(name);
-    const memory::Evaluation outer = memory::begin_evaluation(__builtin_frame_address(0));
-    const HostObject value = host->HostEvalProc(procedure, 2, a, b);
-    memory::end_evaluation(outer);
-    for (const HostObject name : names) host->HostGcAllow(name);
-    return value;
+    return args_.host()->HostEvalProc(procedure, 2, a, b);
   }
 
   [[noreturn]] void fail_assertion(int line, const char* condition) {
-    text_.free();
+    end();
     raise_assertion(args_.host(), line, condition);
   }
 
   const Args& args_;
-  HostObject convert_;
-  HostObject sprintf_;
-  HostObject string_;
-  HeldArray<Byte> text_;
+  GrowingText text_;
+  Names* names_ = &outermost.names;
+  HeldArray<Names> block_;
 };
 static_assert(std::is_trivially_destructible_v<Message>);
 

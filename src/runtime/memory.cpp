@@ -5,82 +5,87 @@
 namespace vstring::memory {
 namespace {
 
-struct alignas(16) Header {
-  Header* older;
-  Header* newer;
-};
-
-Header* newest = nullptr;
-Evaluation current = {nullptr, nullptr};
-
 // The analyser takes the list for the block that was just unlinked from it and freed.
 // NOLINTNEXTLINE(clang-analyzer-unix.Malloc)
-Header* header_of(void* block) { return static_cast<Header*>(block) - 1; }
+Held* header_of(void* block) { return static_cast<Held*>(block) - 1; }
+static_assert(sizeof(Held) % 16 == 0, "blocks are aligned to 16 bytes");
 
-void link_newest(Header* header) {
-  header->older = newest;
-  header->newer = nullptr;
-  if (newest != nullptr) newest->newer = header;
-  newest = header;
+// Whether the call that holds it has been left, seen from one whose frame ends at `frame_end`.
+bool is_abandoned(const void* holder, const void* frame_end) {
+  return reinterpret_cast<std::uintptr_t>(holder) < reinterpret_cast<std::uintptr_t>(frame_end);
 }
 
-void unlink(Header* header) {
-  if (header->older != nullptr) header->older->newer = header->newer;
-  if (header->newer != nullptr) {
-    header->newer->older = header->older;
-  } else {
-    newest = header->older;
-  }
+Held* newest_abandoned(const void* frame_end) {
+  Held* held = state.newest;
+  while (held != nullptr && !is_abandoned(held->holder, frame_end)) held = held->older;
+  return held;
 }
 
 }  // namespace
 
-void* reallocate(void* block, std::size_t bytes) {
-  if (bytes > PTRDIFF_MAX - sizeof(Header)) return nullptr;
+constinit State state = {};
+
+void hold(Held* held, const void* holder, void (*let_go)(Held* held, const void* host)) {
+  *held = {state.newest, nullptr, holder, let_go};
+  if (state.newest != nullptr) state.newest->newer = held;
+  state.newest = held;
+}
+
+void put_down(Held* held) {
+  if (held->older != nullptr) held->older->newer = held->newer;
+  if (held->newer != nullptr) {
+    held->newer->older = held->older;
+  } else {
+    state.newest = held->older;
+  }
+}
+
+void* reallocate(void* block, std::size_t bytes, const void* holder) {
+  if (bytes > PTRDIFF_MAX - sizeof(Held)) return nullptr;
   if (block == nullptr) {
-    auto* const fresh = static_cast<Header*>(std::malloc(sizeof(Header) + bytes));
+    auto* const fresh = static_cast<Held*>(std::malloc(sizeof(Held) + bytes));
     if (fresh == nullptr) return nullptr;
-    link_newest(fresh);
+    hold(fresh, holder, nullptr);
     return fresh + 1;
   }
-  Header* const old = header_of(block);
-  const bool is_boundary = current.boundary == old;
-  auto* const moved = static_cast<Header*>(std::realloc(old, sizeof(Header) + bytes));
+  auto* const moved = static_cast<Held*>(std::realloc(header_of(block), sizeof(Held) + bytes));
   if (moved == nullptr) return nullptr;
   // Its place in the order of age stays, only its address may be new.
+  moved->holder = holder;
   if (moved->older != nullptr) moved->older->newer = moved;
   if (moved->newer != nullptr) {
     moved->newer->older = moved;
   } else {
-    newest = moved;
+    state.newest = moved;
   }
-  if (is_boundary) current.boundary = moved;
   return moved + 1;
 }
 
 void release(void* block) {
   if (block == nullptr) return;
-  Header* const header = header_of(block);
-  unlink(header);
+  Held* const header = header_of(block);
+  put_down(header);
   std::free(header);
 }
 
-void begin_call() {
-  if (newest == nullptr) return;
-  // Stacks grow downwards: a frame above the waiting one proves that the host has left the latter.
-  if (current.frame != nullptr && __builtin_frame_address(0) >= current.frame) {
-    current = {nullptr, nullptr};
+void let_go_of_abandoned(const void* host, const void* frame_end) {
+  if (is_abandoned(state.scratch_holder, frame_end)) state.scratch_holder = nullptr;
+  // From the start each time: what is let go of may call the host, and the host commands.
+  while (Held* const held = newest_abandoned(frame_end)) {
+    put_down(held);
+    if (held->let_go != nullptr) {
+      held->let_go(held, host);
+    } else {
+      std::free(held);
+    }
   }
-  const void* const boundary = current.frame != nullptr ? current.boundary : nullptr;
-  while (newest != nullptr && newest != boundary) release(newest + 1);
 }
 
-Evaluation begin_evaluation(const void* frame) {
-  const Evaluation outer = current;
-  current = {newest, frame};
-  return outer;
+void free_blocks() {
+  while (Held* const held = state.newest) {
+    put_down(held);
+    if (held->let_go == nullptr) std::free(held);
+  }
 }
-
-void end_evaluation(Evaluation outer) { current = outer; }
 
 }  // namespace vstring::memory

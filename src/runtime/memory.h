@@ -1,12 +1,15 @@
-// Working memory of one call.
+// Working memory of one call, and whatever else a call holds.
 //
 // The host may leave an entry point at any host call (longjmp, a C++ exception), so no destructor
 // can be relied on there. Every working block is therefore linked into one list, and the next
 // outermost call releases what an abandoned one left behind: nothing leaks whatever the host does.
+// The host may also call commands while it carries out an operation for one that waits (from a
+// finaliser, or a procedure that it evaluates). The two are told apart by the stack, which grows
+// downwards: what a waiting call holds, it holds above the frame of the call that begins.
 //
 // HeldArray owns nothing and may stay alive across host calls; Buffer is the same with a
-// destructor, for the inside of algorithms. What outlives a call (dictionaries, compiled patterns,
-// pools) does not belong here and comes from malloc directly.
+// destructor, for the inside of algorithms. Both live on the stack. What outlives a call
+// (dictionaries, compiled patterns, pools) does not belong here and comes from malloc directly.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -20,22 +23,40 @@ namespace vstring {
 
 namespace memory {
 
-// Resizes a block to `bytes` bytes, aligned to 16, the new ones uninitialised; null, and the block
-// untouched, on failure. A null block is allocated.
-void* reallocate(void* block, std::size_t bytes);
+// What a call holds. Blocks have one of these in front.
+struct Held {
+  Held* older;
+  Held* newer;
+  const void* holder;  // an address in the frame that holds it
+  // What is to be done with it when the call has been abandoned, for the host table of another one.
+  // Null: it is a block to free.
+  void (*let_go)(Held* held, const void* host);
+};
+
+// All that is held, and an address in the frame of the call whose result the host is copying out of
+// the scratch buffer. Both are null nearly always: a call that begins asks for no more than that.
+struct State {
+  Held* newest;
+  const void* scratch_holder;
+};
+extern State state;
+
+// Resizes a block; null, and the block untouched, on failure. A null block is allocated. Blocks
+// are uninitialised and aligned to 16.
+void* reallocate(void* block, std::size_t bytes, const void* holder);
 void release(void* block);
 
-// Called first by every entry point: releases the blocks of abandoned calls. A call made while the
-// host evaluates something for another one (see Evaluation) leaves that one's blocks alone.
-void begin_call();
+// Something other than a block, in storage of the caller's. A call that is not abandoned puts it
+// down itself.
+void hold(Held* held, const void* holder, void (*let_go)(Held* held, const void* host));
+void put_down(Held* held);
 
-// Brackets a HostEvalProc: blocks held before `begin` belong to the caller, who is still alive.
-struct Evaluation {
-  const void* boundary;  // newest block held by the call that waits
-  const void* frame;     // an address in its stack frame; null when no evaluation is going on
-};
-Evaluation begin_evaluation(const void* frame);
-void end_evaluation(Evaluation outer);
+// Lets go of what abandoned calls held. `frame_end` is where the frame of the call that begins ends
+// towards its caller.
+void let_go_of_abandoned(const void* host, const void* frame_end);
+
+// Frees every block, and nothing else: for when the library is unloaded.
+void free_blocks();
 
 }  // namespace memory
 
@@ -63,7 +84,7 @@ class HeldArray {
   [[nodiscard]] bool reserve(std::size_t n) {
     if (n <= capacity_ && data_ != nullptr) return true;
     if (n > SIZE_MAX / sizeof(T)) return false;
-    void* const grown = memory::reallocate(data_, n * sizeof(T));
+    void* const grown = memory::reallocate(data_, n * sizeof(T), this);
     if (grown == nullptr) return false;
     data_ = static_cast<T*>(grown);
     capacity_ = n;

@@ -33,14 +33,14 @@ FormatPiece next_piece(Bytes format, std::size_t& at) {
   return {length == 2 ? FormatPiece::argument : FormatPiece::ordinal, number, {}};
 }
 
-bool append_integer(HeldArray<Byte>& out, std::int32_t value) {
+bool append_integer(GrowingText& out, std::int32_t value) {
   char digits[16];
   const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
   return out.append(
       {reinterpret_cast<const Byte*>(digits), static_cast<std::size_t>(end - digits)});
 }
 
-bool append_ordinal(HeldArray<Byte>& out, std::int32_t value) {
+bool append_ordinal(GrowingText& out, std::int32_t value) {
   static constexpr const char* kEndings[] = {"th", "st", "nd", "rd"};
   const int last_digit = value < 0 ? -(value % 10) : value % 10;
   return append_integer(out, value) &&

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "bytes/bytes.h"
-#include "runtime/memory.h"
+#include "runtime/growing_text.h"
 
 namespace vstring {
 
@@ -23,8 +23,8 @@ FormatPiece next_piece(Bytes format, std::size_t& at);
 
 // Appends "1st", "2nd", "3rd", "4th", ...: the last decimal digit alone chooses the ending, so that
 // messages read as they do in the host (11st). False when memory fails.
-[[nodiscard]] bool append_ordinal(HeldArray<Byte>& out, std::int32_t value);
+[[nodiscard]] bool append_ordinal(GrowingText& out, std::int32_t value);
 
-[[nodiscard]] bool append_integer(HeldArray<Byte>& out, std::int32_t value);
+[[nodiscard]] bool append_integer(GrowingText& out, std::int32_t value);
 
 }  // namespace vstring

@@ -1,11 +1,10 @@
 #include "runtime/scratch.h"
 
-#include "host/vstring.h"
+namespace vstring {
 
-namespace {
-char scratch[SMALL_BUFFER_BASE_SIZE];
-}  // namespace
+Byte scratch[SMALL_BUFFER_BASE_SIZE];
+static_assert(kScratchLimit <= sizeof scratch);
 
-static_assert(vstring::kScratchLimit <= sizeof scratch);
+}  // namespace vstring
 
-char* smbuf = scratch;
+char* smbuf = reinterpret_cast<char*>(vstring::scratch);

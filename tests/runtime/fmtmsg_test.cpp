@@ -113,10 +113,13 @@ TEST_F(OwnEvaluation, NamesWithASpellingOfTheirOwn) {
   auto* const attribute = reinterpret_cast<HostObject*>(name) + 2;
   ASSERT_EQ(0U, *attribute);
   const std::uint64_t empty = (std::uint64_t{0x1e} << 32) | 1;
-  *attribute = velmor_integer(heap(), 1);
+  *attribute = velmor_float(heap(), 1.5);
   EXPECT_EQ("\"local fmtmsg_name, fmtmsg_name\"", fmtmsg(spelling, {"%1, %0", name}));
-  *attribute = reinterpret_cast<HostObject>(&empty);
-  EXPECT_EQ("\"fmtmsg_name\"", fmtmsg(spelling, {"%1", name}));
+  // Neither the empty attribute nor what is no object tells of one.
+  for (const HostObject other : {reinterpret_cast<HostObject>(&empty), HostObject{0x5bd1e995}}) {
+    *attribute = other;
+    EXPECT_EQ("\"fmtmsg_name\"", fmtmsg(spelling, {"%1", name}));
+  }
   *attribute = 0;
 }
 

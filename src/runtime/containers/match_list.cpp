@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "host/vstring.h"
+#include "runtime/scratch.h"
 
 VstringMatchList* MatchListCreate() {
   return MatchListInit(static_cast<VstringMatchList*>(std::malloc(sizeof(VstringMatchList))));
@@ -28,7 +29,7 @@ void FreeMatchList(VstringMatchList* list) {
   while (VstringMatch* const match = list->head) {
     list->head = match->next;
     // A caller may have put its first match into the scratch buffer, which is not ours to free.
-    if (static_cast<void*>(match) != smbuf) std::free(match);
+    if (static_cast<void*>(match) != vstring::scratch) std::free(match);
   }
   MatchListInit(list);
 }
