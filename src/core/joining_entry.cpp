@@ -108,10 +108,10 @@ HostObject vstring_casesplit(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOneText);
   Bytes rest = args.text(1);
   const std::size_t pieces = core::count_case_pieces(rest);
-  if (pieces == 1) return new_string(args, rest);
+  if (pieces == 1) return host->HostNewString(chars(rest));
   return new_sequence(args, pieces, [&](std::size_t) {
     const Bytes piece = rest.first(core::first_case_piece(rest));
     rest = rest.subspan(piece.size());
-    return new_string(args, piece);
+    return new_string_aside(args, piece);
   });
 }

@@ -1,4 +1,6 @@
 // Host booleans and options: `name = value`, or a bare name.
+#include <algorithm>
+
 #include "host/object.h"
 #include "host/raise.h"
 
@@ -24,6 +26,9 @@ int truth_value(HostObject object) {
   if (equal(text, "false")) return 0;
   return equal(text, "FAIL") ? -1 : 2;
 }
+
+// The position behind `start`; no argument lies before the first one, or behind all of them.
+int64_t first_after(int64_t start) { return std::clamp<int64_t>(start, 0, INT64_MAX - 1) + 1; }
 
 // The first record with this name; with `bare_only`, among those that may be given bare.
 VstringOption* find_option(VstringOption* options, HostObject name, bool bare_only) {
@@ -56,7 +61,7 @@ int IsVelmorBoolean(const HostTable*, HostObject object) {
 HostObject GetOption(const HostTable* host, int64_t start, HostObject argseq, const char* name,
                      int allow_bare) {
   const int64_t count = host->HostNumArgs(argseq);
-  for (int64_t i = start + 1; i <= count; ++i) {
+  for (int64_t i = first_after(start); i <= count; ++i) {
     const HostObject argument = vstring::word_of(argseq, static_cast<std::size_t>(i));
     if (is_option(argument, name)) return vstring::right_side(argument);
     if (allow_bare != 0 && has_text(argument, name)) return host->HostToBoolean(1);
@@ -73,7 +78,7 @@ int64_t GetOptions(const HostTable* host, VstringOption* options, int64_t start,
     any_bare = any_bare || (option->bare & 1) != 0;
   }
   const int64_t count = host->HostNumArgs(argseq);
-  for (int64_t i = start + 1; i <= count; ++i) {
+  for (int64_t i = first_after(start); i <= count; ++i) {
     const HostObject argument = vstring::word_of(argseq, static_cast<std::size_t>(i));
     VstringOption* option = nullptr;
     HostObject value = 0;

@@ -51,9 +51,9 @@ HostObject vstring_fmttime(const HostTable* host, HostObject argseq) {
   if (args.has(1)) args.text(1);
   const char* const format = args.has(1) ? c_text_of(args.object(1)) : "%Y-%m-%d";
   const std::int64_t when = time_asked_for(args);
+  char frame[SMALL_BUFFER_BASE_SIZE];
   HeldArray<char> block;
-  const Result<const char*> text =
-      time::format_local(when, format, smbuf, SMALL_BUFFER_BASE_SIZE, block);
+  const Result<const char*> text = time::format_local(when, format, frame, sizeof frame, block);
   args.require(text.status());
   const HostObject result = host->HostNewString(*text);
   block.free();

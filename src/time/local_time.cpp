@@ -5,6 +5,7 @@
 
 #include "bytes/bytes.h"
 #include "host/vstring.h"
+#include "runtime/growing_text.h"
 
 namespace vstring::time {
 namespace {
@@ -13,32 +14,36 @@ namespace {
 // setlocale ends the life of the one that libc gives out.
 class PlainTimeLocale {
  public:
-  PlainTimeLocale() {
+  PlainTimeLocale() : saved_(short_name_, sizeof short_name_) {
     const char* const name = std::setlocale(LC_TIME, nullptr);
-    if (saved_.append({name, std::strlen(name) + 1})) std::setlocale(LC_TIME, "C");
+    is_set_ = saved_.append(bytes_of(name));
+    if (is_set_) std::setlocale(LC_TIME, "C");
   }
   ~PlainTimeLocale() {
-    if (is_set()) std::setlocale(LC_TIME, saved_.data());
+    if (is_set_) std::setlocale(LC_TIME, saved_.terminated());
+    saved_.free();
   }
   PlainTimeLocale(const PlainTimeLocale&) = delete;
   PlainTimeLocale& operator=(const PlainTimeLocale&) = delete;
 
-  bool is_set() const { return !saved_.empty(); }
+  bool is_set() const { return is_set_; }
 
  private:
-  Buffer<char> saved_;
+  Byte short_name_[128];
+  GrowingText saved_;
+  bool is_set_ = false;
 };
 
 }  // namespace
 
-Result<const char*> format_local(std::int64_t when, const char* format, char* scratch,
+Result<const char*> format_local(std::int64_t when, const char* format, char* buffer,
                                  std::size_t size, HeldArray<char>& block) {
   const PlainTimeLocale locale;
   if (!locale.is_set()) return Status::out_of_memory;
   const std::time_t seconds = when;
   const std::tm* const broken_down = std::localtime(&seconds);
   if (broken_down == nullptr) return Status::refused;  // a year beyond int
-  if (my_strftime(scratch, size, format, broken_down) != 0) return scratch;
+  if (my_strftime(buffer, size, format, broken_down) != 0) return buffer;
   do {
     size *= 2;
     if (!block.resize(size)) {

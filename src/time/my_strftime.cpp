@@ -68,10 +68,8 @@ int64_t iso_weekday(const Record& t) { return weekday(t) == 0 ? 7 : weekday(t); 
 bool is_leap(int64_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
 
 // Weeks of the year so far, counted from its first Sunday or Monday.
-int64_t sunday_week(const Record& t) { return (t.day_of_year + 7 - t.weekday) / 7; }
-int64_t monday_week(const Record& t) {
-  return (t.day_of_year + 7 - (t.weekday == 0 ? 6 : t.weekday - 1)) / 7;
-}
+int64_t sunday_week(const Record& t) { return (t.day_of_year + 7 - weekday(t)) / 7; }
+int64_t monday_week(const Record& t) { return (t.day_of_year + 8 - iso_weekday(t)) / 7; }
 
 // ISO 8601: week 1 is the one with the year's first Thursday.
 int64_t iso_week(const Record& t) {

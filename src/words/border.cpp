@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/memory.h"
+#include "runtime/small_array.h"
 
 namespace vstring::words {
 namespace {
@@ -11,25 +11,29 @@ bool fits_short_cells(Bytes word) { return word.size() <= UINT32_MAX; }
 
 template <typename Cell>
 Result<std::size_t> last_border(Bytes word) {
-  Buffer<Cell> border;
-  if (!border.resize(word.size() + 1)) return Status::out_of_memory;
-  border_array<Cell>(word, {border.data(), border.size()});
-  return static_cast<std::size_t>(border.back());
+  SmallArray<Cell, kShortTable> border;
+  if (!border.allocate(word.size() + 1)) return Status::out_of_memory;
+  border_array<Cell>(word, border.view());
+  const Cell longest = border.view().back();
+  border.free();
+  return static_cast<std::size_t>(longest);
 }
 
 // Longest prefix of `t` matched where the scan of `s` ends. `links` is the word whose borders the
 // scan falls back along; its first |s| letters suffice, since no more are ever matched.
 template <typename Cell>
 Result<std::size_t> matched_at_end(Bytes s, Bytes t, Bytes links) {
-  Buffer<Cell> border;
-  if (!border.resize(links.size() + 1)) return Status::out_of_memory;
-  border_array<Cell>(links, {border.data(), border.size()});
+  SmallArray<Cell, kShortTable> table;
+  if (!table.allocate(links.size() + 1)) return Status::out_of_memory;
+  const std::span<Cell> border = table.view();
+  border_array<Cell>(links, border);
   std::size_t j = 0;
   for (const Byte c : s) {
     if (j == t.size()) break;
     while (j > 0 && c != t[j]) j = border[j];
     if (c == t[j]) ++j;
   }
+  table.free();
   return j;
 }
 

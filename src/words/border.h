@@ -14,6 +14,9 @@
 
 namespace vstring::words {
 
+// Tables of at most so many cells take no allocation.
+inline constexpr std::size_t kShortTable = 512;
+
 // Fills `border`, of |word| + 1 cells. Cell is std::uint32_t, or std::uint64_t for words that long.
 // O(n) time.
 template <typename Cell>

@@ -42,7 +42,7 @@ HostObject vstring_borderarray(const HostTable* host, HostObject argseq) {
   const Bytes word = args.text(1);
   // No list holds 2^32 elements: its length in words is a 32-bit number.
   if (word.size() >= UINT32_MAX) args.raise(Status::out_of_memory);
-  SmallArray<std::uint32_t, 512> border;
+  SmallArray<std::uint32_t, words::kShortTable> border;
   if (!border.allocate(word.size() + 1)) args.raise(Status::out_of_memory);
   words::border_array(word, border.view());
   const HostObject list = new_list(

@@ -96,6 +96,19 @@ TEST(Decoders, ManyOptions) {
   EXPECT_EQ(0U, options[0].value) << "cleared";
 }
 
+// Nothing is read before the first argument, nor behind a start that is the greatest.
+TEST(Decoders, OptionsStartAnywhere) {
+  static VstringOption options[] = {{"a", 1, 1, 0}, {nullptr, 0, 0, 0}};
+  const VelmorCommand decode = [](const HostTable* host, HostObject argseq) {
+    const std::int64_t start = velmor_size(argseq) == 1 ? INT64_MIN : INT64_MAX;
+    const HostObject value = GetOption(host, start, argseq, "a", 0);
+    const std::int64_t found = GetOptions(host, options, start, argseq);
+    return host->HostNewInteger(found + (value != 0 ? 10 : 0));
+  };
+  EXPECT_EQ("11", call(decode, {equation("a", 1)}));
+  EXPECT_EQ("0", call(decode, {equation("a", 1), equation("a", 1)}));
+}
+
 TEST(Decoders, StringOption) {
   const auto get = [](HostObject object) {
     const char* const text = GetStringOption(velmor_table(session().heap()), object, "stemmer");

@@ -279,6 +279,21 @@ TEST(RegexEngine, RecordHoldsProgramAndHints) {
   EXPECT_EQ(kMaxProgram, Compiled(std::string(kMaxProgram - 11, 'a')).regex->size);
 }
 
+// Where a look at the text is enough to see that nothing matches, no try clears the groups.
+TEST(RegexEngine, GroupsOfAnEarlierMatchStayWhenNothingIsTried) {
+  const auto has_group = [](const char* pattern, const char* matching, const char* text) {
+    const Compiled compiled(pattern);
+    EXPECT_EQ(1, vrx_regexec(compiled.regex, matching));
+    EXPECT_EQ(0, vrx_regexec(compiled.regex, text));
+    return compiled.regex->end[0] != nullptr;
+  };
+  EXPECT_TRUE(has_group("x(a)", "xa", "bcd"));    // first byte
+  EXPECT_TRUE(has_group(".*x(a)", "xa", "bba"));  // literal
+  EXPECT_FALSE(has_group("x(a)", "xa", "bxd"));
+  EXPECT_FALSE(has_group("^(a)", "a", "bcd"));
+  EXPECT_FALSE(has_group("(a|b)$", "a", "bcd"));
+}
+
 TEST(RegexEngine, DamagedProgramsAreReported) {
   const auto run = [](const Compiled& compiled, const char* text) {
     vrx_regerror("");

@@ -65,6 +65,10 @@ TEST(Strftime, TextModifiersAndRecordsOutOfRange) {
       {"[%z]%n%t", "[]\n\t"},
   };
   for (const auto& [format, expected] : rows) EXPECT_EQ(expected, formatted(format, odd)) << format;
+  odd.tm_yday = 6;  // weeks are those of a Saturday, of a Sunday
+  EXPECT_EQ("01 01", formatted("%U %W", odd));
+  odd.tm_wday = -9;
+  EXPECT_EQ("01 01", formatted("%U %W", odd));
   odd.tm_wday = 6;  // with a day before the first of January, which then is no day of the week
   odd.tm_yday = -1;
   EXPECT_EQ("00 1899", formatted("%V %G", odd));

@@ -1,5 +1,6 @@
 // vrx_regexec: one search with a compiled expression that its caller owns.
 #include <cstdlib>
+#include <cstring>
 
 #include "host/vstring.h"
 #include "search/regex/error.h"
@@ -17,6 +18,17 @@ Outcome find_first(const VstringRegex& regex, Bytes text, Match& match) {
   return outcome;
 }
 
+// Whether one look at the text shows that nothing matches: the literal or the byte that every match
+// needs does not stand in it.
+bool refused_at_sight(const VstringRegex& regex, Bytes text) {
+  if (regex.must != nullptr && regex.must_length > 0) {
+    const std::size_t length = strnlen(regex.must, static_cast<std::size_t>(regex.must_length));
+    if (memmem(text.data(), text.size(), regex.must, length) == nullptr) return true;
+  }
+  return regex.anchored == 0 && regex.first_byte != 0 &&
+         std::memchr(text.data(), regex.first_byte, text.size()) == nullptr;
+}
+
 }  // namespace
 }  // namespace vstring::regex
 
@@ -31,9 +43,12 @@ int vrx_regexec(VstringRegex* regex, const char* text) {
     return 0;
   }
   Match match;
-  const Outcome outcome = find_first(*regex, vstring::bytes_of(text), match);
-  if (outcome == Outcome::out_of_space) vrx_regerror(errors::kOutOfSpace);
+  const vstring::Bytes bytes = vstring::bytes_of(text);
+  const Outcome outcome = find_first(*regex, bytes, match);
   const bool matched = outcome == Outcome::match;
+  // No try is made then, so the groups stay as they are.
+  if (!matched && refused_at_sight(*regex, bytes)) return 0;
+  if (outcome == Outcome::out_of_space) vrx_regerror(errors::kOutOfSpace);
   for (int i = 0; i < kGroups; ++i) {
     regex->start[i] = matched && match.start(i) != vstring::npos ? text + match.start(i) : nullptr;
     regex->end[i] = matched && match.end(i) != vstring::npos ? text + match.end(i) : nullptr;

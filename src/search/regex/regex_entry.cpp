@@ -52,20 +52,27 @@ bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
   return outcome == Outcome::match;
 }
 
-// A host string of its own, built beside the scratch buffer.
-HostObject group_string(const Args& args, Bytes group) {
-  char frame[8192];
-  HeldArray<char> block;
-  char* copy = frame;
-  if (group.size() >= sizeof frame) {
-    if (!block.resize(group.size() + 1)) args.raise(Status::out_of_memory);
-    copy = block.data();
+// What is in the place of a piece when the scan has built none in the scratch buffer yet: the text
+// that was there before.
+constexpr regex::Cut kEarlierText = {npos, npos};
+
+bool fits_scratch(regex::Cut cut) { return cut.end - cut.start < kScratchLimit; }
+
+// Leaves the scratch buffer as pieces that are built there one after another do, and makes those
+// that are too long for it show what was built there last: scripts were written against that.
+void pass_through_scratch(Bytes text, std::span<regex::Cut> cuts) {
+  regex::Cut built = kEarlierText;
+  for (regex::Cut& cut : cuts) {
+    if (fits_scratch(cut)) {
+      built = cut;
+    } else {
+      cut = built;
+    }
   }
-  if (!group.empty()) std::memcpy(copy, group.data(), group.size());
-  copy[group.size()] = '\0';
-  const HostObject string = args.host()->HostNewString(copy);
-  block.free();
-  return string;
+  if (built.start == npos || !scratch_is_free()) return;
+  const std::size_t length = built.end - built.start;
+  copy_into(scratch, text.subspan(built.start, length));
+  scratch[length] = '\0';
 }
 
 }  // namespace
@@ -90,7 +97,7 @@ HostObject vstring_regmatch(const HostTable* host, HostObject argseq) {
     const int group = i - kFirstName;
     if (!match.has(group)) continue;
     if (!is_name(args.object(i))) args.raise("optional arguments must be symbols");
-    host->HostAssign(args.object(i), group_string(args, match.group(text, group)));
+    host->HostAssign(args.object(i), new_string_aside(args, match.group(text, group)));
   }
   return new_boolean(args, matched);
 }
@@ -167,9 +174,16 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
   HeldArray<regex::Cut> cuts;
   std::size_t rest = 0;
   const Outcome outcome = regex::find_cuts(plan, text, cuts, rest);
-  if (outcome != Outcome::no_match) cuts.free();
+  HeldArray<Byte> earlier;
+  const bool has_earlier =
+      cuts.empty() || fits_scratch(cuts[0]) || earlier.append(bytes_of(chars(scratch)));
+  pass_through_scratch(text, {cuts.data(), cuts.size()});
+  if (outcome != Outcome::no_match || !has_earlier) {
+    cuts.free();
+    earlier.free();
+  }
   if (outcome == Outcome::out_of_space) raise_out_of_space(args);
-  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
+  if (outcome == Outcome::out_of_memory || !has_earlier) args.raise(Status::out_of_memory);
   if (outcome == Outcome::empty_match) args.raise("cannot split");
   if (cuts.empty()) return args.object(2);
   const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
@@ -177,14 +191,10 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
     // What is left after the last match ends with the text, terminator included.
     if (i == cuts.size()) return host->HostNewString(chars(text.subspan(rest)));
     const regex::Cut cut = cuts[i];
-    const std::size_t length = cut.end - cut.start;
-    // A piece too long for the scratch buffer gives the text that was last built there: scripts
-    // were written against that.
-    if (length >= kScratchLimit) return host->HostNewString(smbuf);
-    if (length > 0) std::memcpy(smbuf, text.data() + cut.start, length);
-    smbuf[length] = '\0';
-    return host->HostNewString(smbuf);
+    return new_string_aside(args, cut.start == npos ? Bytes(earlier.view())
+                                                    : text.subspan(cut.start, cut.end - cut.start));
   });
+  earlier.free();
   cuts.free();
   return pieces;
 }

@@ -1,6 +1,4 @@
 // Entry points: soundex, metaphone, syllen.
-#include <algorithm>
-
 #include "host/args.h"
 #include "host/result.h"
 #include "text/language/metaphone.h"
@@ -17,7 +15,8 @@ HostObject vstring_soundex(const HostTable* host, HostObject argseq) {
 HostObject vstring_metaphone(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
-  TextResult key(args, std::min(2 * text.size(), text::kLongestMetaphoneKey));
+  // Every key fits into the scratch buffer.
+  TextResult key(args, text::kLongestMetaphoneKey, SMALL_BUFFER_BASE_SIZE);
   return key.object(text::metaphone(text, key.bytes()));
 }
 

@@ -1,7 +1,6 @@
 #include "text/layout/wrap.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cstddef>
 
 #include "charclass/class_table.h"
 
@@ -12,100 +11,78 @@ constexpr std::size_t kTabStop = 8;
 
 bool is_space(Byte c) { return charclass::is(c, charclass::kSpace); }
 
-bool expands_tabs(const WrapSettings& settings) {
-  return settings.obey_spaces && settings.expand_tabs && !settings.count_bytes;
-}
-
 class Wrapper {
  public:
-  Wrapper(Bytes text, const WrapSettings& settings, Byte* out)
-      : text_(text), settings_(settings), begin_(out), out_(out) {}
+  Wrapper(Bytes text, const WrapSettings& settings, GrowingText& out)
+      : text_(text), settings_(settings), out_(out) {}
 
-  std::size_t run() {
+  bool run() {
     for (std::size_t i = 0; i < text_.size();) {
-      if (is_space(text_[i])) {
-        whitespace(i);
-        ++i;
+      const std::size_t first = i++;
+      if (is_space(text_[first])) {
+        if (!whitespace(first)) return false;
       } else {
-        const std::size_t first = i;
-        do ++i;
-        while (i < text_.size() && !is_space(text_[i]));
-        word(first, i - first);
+        while (i < text_.size() && !is_space(text_[i])) ++i;
+        if (!word(first, i - first)) return false;
       }
     }
-    return static_cast<std::size_t>(out_ - begin_);
+    return true;
   }
 
  private:
-  void word(std::size_t first, std::size_t length) {
+  // These are false when memory fails.
+  bool word(std::size_t first, std::size_t length) {
     if (column_ + length > settings_.width && first != 0 &&
-        (settings_.obey_lines || out_[-1] != '\n')) {
-      break_line();
+        (settings_.obey_lines || out_.back() != '\n') && !break_line()) {
+      return false;
     }
-    std::memcpy(out_, &text_[first], length);
-    out_ += length;
     column_ += length;
+    return out_.append(text_.subspan(first, length));
   }
 
   // Byte i of the text, which is whitespace: the first rule that applies.
-  void whitespace(std::size_t i) {
+  bool whitespace(std::size_t i) {
     const Byte c = text_[i];
     if ((settings_.count_bytes && (c == '\b' || c == '\t')) ||
         (!settings_.expand_tabs && c == '\t')) {
-      copy(c);
-    } else if (settings_.obey_lines && c == '\n') {
-      break_line();
-    } else if (!settings_.obey_spaces) {
-      if (i == 0 || !is_space(text_[i - 1])) copy(c);
-    } else {
-      obeyed_space(c);
+      return copy(c, 1);
     }
+    if (settings_.obey_lines && c == '\n') return break_line();
+    if (settings_.obey_spaces) return obeyed_space(c);
+    return (i > 0 && is_space(text_[i - 1])) || copy(c, 1);
   }
 
-  void obeyed_space(Byte c) {
+  bool obeyed_space(Byte c) {
     if (c == '\t') {
       const std::size_t blanks = kTabStop - column_ % kTabStop;
-      std::memset(out_, ' ', blanks);
-      out_ += blanks;
+      if (!out_.push_back(' ', blanks)) return false;
       column_ += blanks;
-    } else if (c == '\b') {
-      *out_++ = c;
-    } else {
-      copy(c);
+    } else if (!copy(c, c == '\b' ? 0 : 1)) {
+      return false;
     }
-    if (column_ > settings_.width) break_line();
+    return column_ <= settings_.width || break_line();
   }
 
-  void copy(Byte c) {
-    *out_++ = c;
-    ++column_;
+  bool copy(Byte c, std::size_t columns) {
+    column_ += columns;
+    return out_.push_back(c);
   }
 
-  void break_line() {
-    *out_++ = '\n';
+  bool break_line() {
     column_ = 0;
+    return out_.push_back('\n');
   }
 
   const Bytes text_;
   const WrapSettings settings_;
-  Byte* const begin_;
-  Byte* out_;
+  GrowingText& out_;
   std::size_t column_ = 0;
 };
 
 }  // namespace
 
-std::size_t wrapped_bound(Bytes text, const WrapSettings& settings) {
-  const std::size_t n = text.size();
-  // A break stands before a word that does not begin the text, or after an obeyed space.
-  if (!settings.obey_spaces) return n + n / 2;
-  if (!expands_tabs(settings)) return 2 * n;
-  const auto tabs = static_cast<std::size_t>(std::count(text.begin(), text.end(), Byte{'\t'}));
-  return 2 * n + (kTabStop - 1) * tabs;
-}
-
-std::size_t wrap(Bytes text, const WrapSettings& settings, MutableBytes out) {
-  return Wrapper(text, settings, out.data()).run();
+Status wrap(Bytes text, const WrapSettings& settings, GrowingText& out) {
+  return Wrapper(text, settings, out).run() ? Status::ok : Status::out_of_memory;
 }
 
 }  // namespace vstring::text

@@ -8,10 +8,11 @@
 // break stays at the end of its line. A newline of the text that is not obeyed counts as one
 // column; it does keep the next word from getting a second break.
 #pragma once
-#include <cstddef>
 #include <cstdint>
 
 #include "bytes/bytes.h"
+#include "runtime/growing_text.h"
+#include "runtime/status.h"
 
 namespace vstring::text {
 
@@ -23,11 +24,7 @@ struct WrapSettings {
   bool obey_spaces = false;  // every blank stays; one that passes the width is followed by a break
 };
 
-// How many bytes the wrapped text has at most.
-std::size_t wrapped_bound(Bytes text, const WrapSettings& settings);
-
-// Writes the wrapped text to `out`, of at least wrapped_bound bytes and apart from `text`, and
-// returns its length. O(n).
-std::size_t wrap(Bytes text, const WrapSettings& settings, MutableBytes out);
+// Appends the wrapped text to `out`, which is empty. O(n).
+Status wrap(Bytes text, const WrapSettings& settings, GrowingText& out);
 
 }  // namespace vstring::text

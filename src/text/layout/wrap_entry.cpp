@@ -56,8 +56,11 @@ HostObject vstring_wrap(const HostTable* host, HostObject argseq) {
   if (args.has(2)) settings.width = static_cast<std::uint32_t>(args.positive(2));
   const Bytes text = args.text(1);
   if (text.size() <= settings.width) return args.object(1);
-  TextResult result(args, text::wrapped_bound(text, settings));
-  return result.object(text::wrap(text, settings, result.bytes()));
+  GrowingText lines = scratch_text();
+  const Status status = text::wrap(text, settings, lines);
+  if (status != Status::ok) lines.free();
+  args.require(status);
+  return new_string(args, lines);
 }
 
 constexpr Signature kFill = {2,
