@@ -14,13 +14,14 @@ ByteSet alphabet_of(Bytes members) {
   return set;
 }
 
-constinit ByteSet filter_alphabet = [] {
+constexpr ByteSet lower_letters() {
   ByteSet set;
   set.add(0);
   for (Byte c = 'a'; c <= 'z'; ++c) set.add(c);
   return set;
-}();
+}
 
+constinit ByteSet filter_alphabet = lower_letters();
 CharTest most_recent = nullptr;
 
 struct Name {
@@ -62,6 +63,11 @@ Result<CharTest> filter_named(Bytes name) {
     if (equal(name, text)) return most_recent = test;
   }
   return Status::refused;
+}
+
+void forget_filters() {
+  filter_alphabet = lower_letters();
+  most_recent = nullptr;
 }
 
 }  // namespace vstring::charclass

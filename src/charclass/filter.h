@@ -20,4 +20,7 @@ void set_filter_alphabet(Bytes alphabet);
 // again: null before any selection. Status::refused when the name is unknown.
 Result<CharTest> filter_named(Bytes name);
 
+// The alphabet of the start, a to z, and nothing selected.
+void forget_filters();
+
 }  // namespace vstring::charclass

@@ -3,6 +3,7 @@
 #include "bytes/byte_set.h"
 #include "core/orders.h"
 #include "host/args.h"
+#include "host/release.h"
 #include "host/result.h"
 
 using namespace vstring;
@@ -39,13 +40,6 @@ struct RememberedWeights {
   core::Weights weights;
 } remembered = {};
 
-void forget_weights(const HostTable* host) {
-  if (remembered.list == 0) return;
-  const HostObject list = remembered.list;
-  remembered = {};
-  host->HostGcAllow(list);
-}
-
 core::Weights read_weights(const Args& args, Elements equations) {
   core::Weights weights = {};
   ByteSet given;
@@ -77,16 +71,18 @@ core::Weights read_weights(const Args& args, Elements equations) {
   return weights;
 }
 
-const core::Weights& weights_argument(const Args& args, int position) {
+// The weights of the list at `position`: those remembered, or `read`, which are remembered from now
+// on. A list that is refused replaces nothing.
+const core::Weights& weights_argument(const Args& args, int position, core::Weights& read) {
   const Elements equations = args.list(position);
   const HostObject list = args.object(position);
-  if (list != remembered.list) {
-    forget_weights(args.host());
-    const core::Weights weights = read_weights(args, equations);
-    args.host()->HostGcProtect(list);
-    remembered = {list, weights};
-  }
-  return remembered.weights;
+  if (list == remembered.list) return remembered.weights;
+  read = read_weights(args, equations);
+  args.host()->HostGcProtect(list);
+  const HostObject replaced = remembered.list;
+  remembered = {list, read};
+  if (replaced != 0) args.host()->HostGcAllow(replaced);
+  return read;
 }
 
 constexpr Signature kWeighted = {3, {{}, {}, {"expecting a list"}}};
@@ -97,7 +93,8 @@ HostObject weighted(const HostTable* host, HostObject argseq, WeightedOrder orde
   const Args args(host, argseq, kWeighted);
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
-  return order_result(args, order(s, t, weights_argument(args, 3)));
+  core::Weights read;
+  return order_result(args, order(s, t, weights_argument(args, 3, read)));
 }
 
 using PlainOrder = int (*)(Bytes s, Bytes t);
@@ -117,6 +114,12 @@ HostObject compared(const HostTable* host, HostObject argseq, Precedence precede
 }
 
 }  // namespace
+
+void vstring::forget_weights(const HostTable* host) {
+  const HostObject list = remembered.list;
+  remembered = {};
+  if (list != 0) host->HostGcAllow(list);
+}
 
 HostObject vstring_lex(const HostTable* host, HostObject argseq) {
   return supported(host, argseq, core::lex);

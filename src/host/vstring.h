@@ -118,6 +118,9 @@ typedef struct HostTable {
  * succeeded, 0 when it failed and at every later call. */
 VSTRING_API int64_t vstringInit(void);
 
+/* Lets go of all that the library keeps from call to call. */
+VSTRING_API void vstringRelease(const HostTable* host);
+
 #define VSTRING_COMMAND(name) VSTRING_API HostObject name(const HostTable* host, HostObject argseq)
 
 VSTRING_COMMAND(vstringVersion); /* the major version, 5 */

@@ -2,6 +2,7 @@
 #include <ctime>
 
 #include "host/args.h"
+#include "host/release.h"
 #include "host/result.h"
 #include "random/drawing.h"
 #include "runtime/small_array.h"
@@ -32,6 +33,8 @@ Class decode_class(const Args& args, int position) {
 }
 
 }  // namespace
+
+void vstring::forget_last_class() { last_class = {}; }
 
 constexpr Signature kRandom = {
     1,

@@ -5,7 +5,6 @@
 #include "host/args.h"
 #include "host/raise.h"
 #include "host/result.h"
-#include "runtime/growing_text.h"
 #include "runtime/memory.h"
 #include "runtime/message_format.h"
 

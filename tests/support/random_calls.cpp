@@ -30,18 +30,8 @@ RandomCalls::RandomCalls(RandomArguments::Choose choose, const std::set<std::str
   velmor_set_evaluator(heap(), evaluator, this);
 }
 
-// Dictionaries and weights must not outlive the heap that holds their lists: dictionaries are
-// freed, refused weights forgotten.
-RandomCalls::~RandomCalls() {
-  for (std::int64_t id = 0; id < 512; ++id) {
-    const HostObject argument = velmor_integer(heap(), id);
-    velmor_call(heap(), vstring_dictObjFree, velmor_sequence(heap(), 1, &argument), nullptr);
-  }
-  const HostObject one = velmor_integer(heap(), 1);
-  const HostObject text = velmor_string(heap(), "a");
-  const HostObject arguments[] = {text, text, velmor_list(heap(), 1, &one)};
-  velmor_call(heap(), vstring_wslo, velmor_sequence(heap(), 3, arguments), nullptr);
-}
+// Nothing is remembered that leads into a heap which is no more.
+RandomCalls::~RandomCalls() { vstringRelease(velmor_table(heap())); }
 
 std::string RandomCalls::next() {
   HostObject result = 0;

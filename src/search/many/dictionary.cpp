@@ -57,4 +57,8 @@ void clear_dictionary(std::int32_t id) {
   dictionaries[id] = nullptr;
 }
 
+void clear_dictionaries() {
+  for (std::int32_t id = 0; id < kDictionaries; ++id) clear_dictionary(id);
+}
+
 }  // namespace vstring::search

@@ -28,5 +28,6 @@ Status build_builtin_dictionary();
 
 // Destroys the automaton, if there is one, and frees the slot.
 void clear_dictionary(std::int32_t id);
+void clear_dictionaries();
 
 }  // namespace vstring::search

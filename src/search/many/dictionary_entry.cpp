@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "host/args.h"
+#include "host/release.h"
 #include "host/result.h"
 #include "host/texts.h"
 #include "search/many/automaton.h"
@@ -13,6 +14,7 @@ using namespace vstring::search;
 
 namespace {
 
+constexpr const char* kTooMany = "too many dictionaries";
 constexpr const char* kInvalidDictionary = "invalid dictionary ID";
 constexpr const char* kInfoSubject = "PatternDictionary";
 constexpr std::int64_t kInfoLevel = 10;
@@ -30,15 +32,29 @@ bool names_builtin(HostObject object) {
   return name.size() >= kBuiltinPrefix && equal(name.first(kBuiltinPrefix), "builtin");
 }
 
+void forget(const HostTable* host, std::int32_t id) {
+  clear_dictionary(id);
+  const HostObject list = list_of[id];
+  list_of[id] = 0;
+  if (list != 0) host->HostGcAllow(list);
+}
+
 HostObject create_from_list(const Args& args, HostObject list) {
-  const std::int32_t id = free_dictionary();
-  if (id == 0) args.raise("too many dictionaries");
+  std::int32_t id = free_dictionary();
+  if (id == 0) args.raise(kTooMany);
   const Elements words = args.strings(1);
   HeldArray<Bytes> texts;
   args.require(texts_of(words, texts));
   // Whatever may raise comes before the automaton, which no later call would release.
-  const HostObject result = args.host()->HostNewInteger(id);
+  HostObject result = args.host()->HostNewInteger(id);
   args.host()->HostGcProtect(list);
+  while (dictionary(id) != nullptr) {  // by a command that the host has called meanwhile
+    args.host()->HostGcAllow(list);
+    id = free_dictionary();
+    if (id == 0) args.raise(kTooMany);
+    result = args.host()->HostNewInteger(id);
+    args.host()->HostGcProtect(list);
+  }
   const Status status = build_dictionary(id, texts.view());
   texts.free();
   if (status != Status::ok) {
@@ -50,6 +66,10 @@ HostObject create_from_list(const Args& args, HostObject list) {
 }
 
 }  // namespace
+
+void vstring::forget_dictionaries(const HostTable* host) {
+  for (std::int32_t id = 0; id < kDictionaries; ++id) forget(host, id);
+}
 
 HostObject vstring_dictCreate(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
@@ -121,9 +141,6 @@ HostObject vstring_dictObjFree(const HostTable* host, HostObject argseq) {
   const bool exists = dictionary(id) != nullptr;
   if (id != 0 && !exists) args.raise(kInvalidDictionary);
   const HostObject result = host->HostNewInteger(exists ? 1 : 0);
-  clear_dictionary(id);
-  const HostObject list = list_of[id];
-  list_of[id] = 0;
-  if (list != 0) host->HostGcAllow(list);
+  forget(host, id);
   return result;
 }

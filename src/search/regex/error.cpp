@@ -10,6 +10,7 @@ char recorded[256];
 }  // namespace
 
 const char* vstring::regex::recorded_error() { return recorded; }
+void vstring::regex::forget_error() { recorded[0] = '\0'; }
 
 char* vrx_regerror(const char* message) {
   if (message == nullptr) return recorded;

@@ -29,7 +29,8 @@ inline constexpr const char* kFoulup = "internal foulup";
 
 }  // namespace errors
 
-// The message recorded last; empty when there has been none. It is never cleared.
+// The message recorded last; empty when there has been none. No command clears it.
 const char* recorded_error();
+void forget_error();
 
 }  // namespace vstring::regex

@@ -24,13 +24,6 @@ struct Entry {
 
 Entry kept;
 
-void forget() {
-  std::free(kept.plan);
-  std::free(kept.regex);
-  std::free(kept.pattern);
-  kept = {};
-}
-
 char* copy_of(Bytes text) {
   auto* const copy = static_cast<char*>(std::malloc(text.size() + 1));
   if (copy == nullptr) return nullptr;
@@ -48,9 +41,16 @@ bool prepare(std::size_t length) {
 
 }  // namespace
 
+void forget_pattern() {
+  std::free(kept.plan);
+  std::free(kept.regex);
+  std::free(kept.pattern);
+  kept = {};
+}
+
 const Plan* plan_of(Bytes pattern, std::size_t length) {
   if (kept.pattern != nullptr && equal(kept.text(), pattern) && prepare(length)) return kept.plan;
-  forget();
+  forget_pattern();
   kept.pattern = copy_of(pattern);
   kept.length = pattern.size();
   if (kept.pattern != nullptr) {
@@ -59,7 +59,7 @@ const Plan* plan_of(Bytes pattern, std::size_t length) {
     if (kept.plan != nullptr && prepare(length)) return kept.plan;
   }
   if (kept.pattern == nullptr || kept.regex != nullptr) vrx_regerror(errors::kOutOfSpace);
-  forget();
+  forget_pattern();
   return nullptr;
 }
 

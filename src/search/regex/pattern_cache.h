@@ -9,4 +9,6 @@ namespace vstring::regex {
 // the reason recorded and nothing kept, when the pattern cannot be compiled.
 const Plan* plan_of(Bytes pattern, std::size_t length);
 
+void forget_pattern();
+
 }  // namespace vstring::regex

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "host/args.h"
+#include "host/release.h"
 #include "host/result.h"
 #include "text/language/lancaster.h"
 #include "text/language/plural.h"
@@ -48,6 +49,8 @@ constexpr text::LancasterTrace kTrace = {
 };
 
 }  // namespace
+
+void vstring::forget_lancaster_trace() { is_traced = false; }
 
 constexpr Signature kPorter = {1, {{nullptr, messages::kWordTooLong}}};
 

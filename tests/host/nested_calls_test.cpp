@@ -1,0 +1,173 @@
+// Commands that the host calls while it carries out an operation for another one: from a finaliser
+// that it runs before it makes a string, say, or from a procedure that it evaluates.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstdarg>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "language/session.h"
+#include "lexiva/commands.h"
+#include "support/allocations.h"
+
+namespace vstring_test {
+namespace {
+
+// A session whose commands get a table that calls `meanwhile` in each of its operations.
+class DisturbedHost {
+ public:
+  DisturbedHost() {
+    session_.symbolic = true;
+    velmor_set_userinfo(
+        heap(), [](void*, std::int64_t, const char*, const char*) {}, nullptr);
+    session_.before_call = [this](const std::string& command, HostObject) {
+      operations_ = 0;
+      command_ = resolve(velmor::lexiva::find(command)->entry_point);
+    };
+    real_ = disturbed_ = *velmor_table(heap());
+    disturb<&HostTable::HostAssign, &HostTable::HostSeqToList, &HostTable::HostIsInteger,
+            &HostTable::HostIsInteger32, &HostTable::HostNewList, &HostTable::HostListAssign,
+            &HostTable::HostGcAllow, &HostTable::HostGcProtect, &HostTable::HostToInteger32,
+            &HostTable::HostNumArgs, &HostTable::HostToBoolean, &HostTable::HostNewExpSeq,
+            &HostTable::HostNewInteger, &HostTable::HostNewName, &HostTable::HostNull,
+            &HostTable::HostNewExpr, &HostTable::HostNewString, &HostTable::HostQuote,
+            &HostTable::HostUserInfo>();
+    disturbed_.HostEvalProc = eval_proc;
+    disturbed_.HostPrintf = print;
+  }
+
+  VelmorHeap* heap() { return session_.heap(); }
+  std::string evaluate(const std::string& call) { return session_.evaluate(call).text; }
+
+  // A command called in the ordinary way; 0 when it raised.
+  HostObject call(VelmorCommand command, const std::vector<HostObject>& arguments) {
+    HostObject result = 0;
+    const HostObject argseq = velmor_sequence(heap(), arguments.size(), arguments.data());
+    return velmor_call(heap(), command, argseq, &result) != 0 ? result : 0;
+  }
+  HostObject text(const char* text) { return velmor_string(heap(), text); }
+  HostObject integer(std::int64_t value) { return velmor_integer(heap(), value); }
+
+  std::function<void()> meanwhile = [] {};
+
+ private:
+  static VelmorCommand resolve(const std::string& entry_point) {
+    return reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, entry_point.c_str()));
+  }
+
+  static HostObject call_disturbed(const HostTable*, HostObject argseq) {
+    return command_(&disturbed_, argseq);
+  }
+
+  static void disturb_once();
+
+  template <auto Operation>
+  struct Disturbed;
+  template <class R, class... A, R (*HostTable::*Operation)(A...)>
+  struct Disturbed<Operation> {
+    static R call(A... arguments) {
+      disturb_once();
+      return (real_.*Operation)(arguments...);
+    }
+  };
+  template <auto... Operation>
+  static void disturb() {
+    ((disturbed_.*Operation = Disturbed<Operation>::call), ...);
+  }
+
+  static HostObject eval_proc(HostObject procedure, std::int64_t n, ...) {
+    std::va_list list;
+    va_start(list, n);
+    const HostObject a = va_arg(list, HostObject);
+    const HostObject b = va_arg(list, HostObject);
+    va_end(list);
+    disturb_once();
+    return real_.HostEvalProc(procedure, n, a, b);
+  }
+
+  static void print(const char*, ...) { disturb_once(); }
+
+  velmor::Session session_{[](const std::string&) -> VelmorCommand { return call_disturbed; }};
+  bool is_disturbing_ = false;
+  std::size_t operations_ = 0;  // of the running command
+
+  static inline HostTable real_, disturbed_;
+  static inline VelmorCommand command_;
+};
+
+DisturbedHost& host() {
+  static auto* const shared = new DisturbedHost;
+  return *shared;
+}
+
+void DisturbedHost::disturb_once() {
+  constexpr std::size_t kEnough = 40;  // of a command's operations: all that do not repeat
+  if (host().is_disturbing_ || ++host().operations_ > kEnough) return;
+  host().is_disturbing_ = true;
+  host().meanwhile();
+  host().is_disturbing_ = false;
+}
+
+// Short and long texts, everything that is remembered from call to call, and calls that are
+// abandoned.
+void call_a_bit_of_everything() {
+  host().call(vstring_fill, {host().text("#"), host().integer(3000)});
+  host().call(vstring_fill, {host().text("#"), host().integer(9000)});
+  host().call(vstring_fmtmsg, {host().text("%1 %-1 %0"), host().integer(7)});
+  host().call(vstring_regmatch, {host().text("a*b"), host().text("aab")});
+  const HostObject weight = velmor_equation(host().heap(), host().text("a"), host().integer(1));
+  const HostObject weights = velmor_list(host().heap(), 1, &weight);
+  host().call(vstring_wslo, {host().text("a"), host().text("b"), weights});
+  const HostObject word = host().text("word");
+  const HostObject id = host().call(vstring_dictCreate, {velmor_list(host().heap(), 1, &word)});
+  host().call(vstring_dictObjFree, {id});
+  for (const std::size_t k : {3U, 6U, 8U, 9U}) {
+    velmor_fail_operation(host().heap(), k);
+    EXPECT_EQ(0U, host().call(vstring_fmtmsg, {host().text("%1"), host().integer(7)}));
+  }
+  velmor_fail_operation(host().heap(), 0);
+}
+
+// What stays behind when nothing is remembered any more: protected objects and blocks.
+std::pair<std::size_t, std::size_t> left_behind() {
+  vstringRelease(velmor_table(host().heap()));
+  return {velmor_protected_count(host().heap()), live_blocks()};
+}
+
+TEST(NestedCalls, DisturbNoAnswer) {
+  call_a_bit_of_everything();
+  const auto before = left_behind();
+  testing::internal::CaptureStdout();
+  for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
+    for (const velmor::lexiva::Command& command : family.commands) {
+      host().meanwhile = call_a_bit_of_everything;
+      EXPECT_EQ(command.result, host().evaluate(command.example)) << command.name;
+      EXPECT_STREQ("", velmor_faults(host().heap())) << command.name;
+      host().meanwhile = [] {};
+      EXPECT_EQ(before, left_behind()) << command.name;
+    }
+  }
+  testing::internal::GetCapturedStdout();
+}
+
+HostObject dictionary(const char* word) {
+  const HostObject text = host().text(word);
+  return velmor_list(host().heap(), 1, &text);
+}
+
+// Two commands that ask for a number at the same time get two.
+TEST(NestedCalls, MakeDictionariesOfTheirOwn) {
+  const auto before = left_behind();
+  host().meanwhile = [] { host().call(vstring_dictCreate, {dictionary("inner")}); };
+  const std::string outer = host().evaluate("dictCreate([\"outer\"])");
+  host().meanwhile = [] {};
+  EXPECT_EQ("\"outer\"", host().evaluate("dictObjGet(" + outer + ", 1)"));
+  EXPECT_EQ("\"inner\"", host().evaluate("dictObjGet(1, 1)"));
+  EXPECT_EQ(before, left_behind());
+}
+
+}  // namespace
+}  // namespace vstring_test
