@@ -54,6 +54,15 @@ inline Backtracker::Step Backtracker::step(std::size_t begin, Position& now, std
                       (state.other == 1 ||
                        std::memcmp(text_.data() + p, plan_.program + state.at, state.other) == 0));
     case Op::branch:
+      if (state.looks) {
+        const LookAhead& look = plan_.look_ahead[state.at];
+        const Bytes rest = text_.subspan(p);
+        if (!look.allows(1, rest)) return go_on_if(look.allows(0, rest));
+        if (!look.allows(0, rest)) {
+          now.state = state.other;
+          return Step::go_on;
+        }
+      }
       return push({Kind::alternative, state.other, p, 0});
     case Op::save: {
       std::size_t& slot = match.slot[state.slot];

@@ -10,6 +10,9 @@ namespace {
 
 using States = Buffer<StateNumber>;
 
+// States to look at for what comes next, before it counts as unknown.
+constexpr std::size_t kMaxLook = 64;
+
 class Analysis {
  public:
   Analysis(Plan& plan, Bytes must) : plan_(plan), hints_(plan.hints), must_(must) {}
@@ -40,11 +43,12 @@ class Analysis {
   void find_required();
   Required required(StateNumber s) const;
   void find_follow();
-  ByteScan bytes_of(const States& takers) const;
+  ByteSet bytes_of(const States& takers) const;
   int weight(const State& state) const;
   void consider(StateNumber s);
   void find_lead();
   void find_whole_runs();
+  void find_look_ahead();
 
   Plan& plan_;
   Hints& hints_;
@@ -104,9 +108,10 @@ bool Analysis::run(bool all) {
   if (!seen_.resize_zeroed(n) || !parent_.resize(n)) return false;
   const Ahead ahead = look_ahead(plan_.start, takers_);
   hints_.has_first = !ahead.accepts && !ahead.is_at_end && !ahead.reports;
-  if (hints_.has_first) hints_.first = bytes_of(takers_);
+  if (hints_.has_first) hints_.first = ByteScan(bytes_of(takers_));
   if (!all || !find_path()) return has_memory_;
   find_whole_runs();
+  find_look_ahead();
   find_required();
   if (plan_.anchored) return has_memory_;
   if (hints_.has_first) find_prefixes();
@@ -118,10 +123,10 @@ bool Analysis::run(bool all) {
 }
 
 // The bytes that some states take first.
-ByteScan Analysis::bytes_of(const States& takers) const {
+ByteSet Analysis::bytes_of(const States& takers) const {
   ByteSet first;
   for (const StateNumber s : takers) first.unite(plan_.first_bytes(state(s)));
-  return ByteScan(first);
+  return first;
 }
 
 // Finds the path. False when nothing can match, or when a state reports something: to be reported
@@ -147,7 +152,6 @@ bool Analysis::find_path() {
 // A run takes all when no byte that it takes can follow it. To leave it early would only lead to a
 // byte that it takes, and so to a failure.
 void Analysis::find_whole_runs() {
-  constexpr std::size_t kMaxLook = 16;
   for (StateNumber s = 0; s < plan_.state_count; ++s) {
     State& run = plan_.states[s];
     if (run.op != Op::star && run.op != Op::plus) continue;
@@ -159,6 +163,23 @@ void Analysis::find_whole_runs() {
                     std::none_of(now_.begin(), now_.end(), [&](StateNumber next) {
                       return bytes.meets(plan_.first_bytes(state(next)));
                     });
+  }
+}
+
+// What tells the ways of a branch apart, so that no choice is left open where only one can lead on.
+void Analysis::find_look_ahead() {
+  for (StateNumber s = 0; s < plan_.state_count; ++s) {
+    State& branch = plan_.states[s];
+    if (branch.op != Op::branch) continue;
+    LookAhead& look = plan_.look_ahead[branch.at];
+    for (int i = 0; i < 2; ++i) {
+      ++round_;
+      now_.clear();
+      const Ahead ahead = look_ahead(i == 0 ? branch.next : branch.other, now_, kMaxLook);
+      look.can_end[i] = !ahead.is_known || ahead.accepts || ahead.is_at_end;
+      look.bytes[i] = bytes_of(now_);
+    }
+    branch.looks = !look.can_end[0] || !look.can_end[1];
   }
 }
 
@@ -224,7 +245,7 @@ void Analysis::find_follow() {
   now_.clear();
   const Ahead ahead = look_ahead(state.next, now_);
   hints_.has_follow = state.op != Op::plus && !ahead.accepts && !ahead.is_at_end;
-  hints_.follow = bytes_of(now_);
+  hints_.follow = ByteScan(bytes_of(now_));
 }
 
 // How much it narrows a search to look for what a state takes: about eight times the binary

@@ -60,6 +60,7 @@ class Decoder {
   Buffer<Task> tasks_;          // nodes that have a number, but whose states are not filled yet
   StateNumber start_ = 0;
   std::uint32_t slot_count_ = 2;
+  std::uint16_t branch_count_ = 0;
   bool has_bol_ = false;
   bool has_memory_ = true;
 };
@@ -128,6 +129,7 @@ void Decoder::fill(Task task) {
   State state;
   if (op == kBranch) {
     state.op = Op::branch;
+    state.at = branch_count_++;
     state.next = state_at(operand_of(task.node));
     state.other = state_at(next(task.node));
   } else if (op == kEnd) {
@@ -215,10 +217,13 @@ void Decoder::set_test(State& state, std::size_t node) {
 Plan* Decoder::finish(const VstringRegex& regex) const {
   const std::size_t state_bytes = states_.size() * sizeof(State);
   const std::size_t set_bytes = sets_.size() * sizeof(ByteScan);
-  auto* const block = static_cast<Byte*>(std::malloc(sizeof(Plan) + state_bytes + set_bytes));
+  const std::size_t look_bytes = branch_count_ * sizeof(LookAhead);
+  auto* const block =
+      static_cast<Byte*>(std::malloc(sizeof(Plan) + state_bytes + set_bytes + look_bytes));
   if (block == nullptr) return nullptr;
   static_assert(sizeof(Plan) % alignof(State) == 0 && sizeof(Plan) % alignof(ByteScan) == 0 &&
-                sizeof(State) % alignof(ByteScan) == 0);
+                sizeof(State) % alignof(ByteScan) == 0 &&
+                sizeof(ByteScan) % alignof(LookAhead) == 0);
   Byte* const states = block + sizeof(Plan);
   Byte* const sets = states + state_bytes;
   std::memcpy(states, states_.data(), state_bytes);
@@ -228,6 +233,7 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   plan->program = program_;
   plan->states = reinterpret_cast<State*>(states);
   plan->sets = reinterpret_cast<const ByteScan*>(sets);
+  plan->look_ahead = reinterpret_cast<LookAhead*>(sets + set_bytes);
   plan->state_count = static_cast<std::uint32_t>(states_.size());
   plan->start = start_;
   plan->slot_count = slot_count_;

@@ -48,6 +48,19 @@ struct State {
   std::uint32_t other = 0;
   std::uint16_t at = 0;
   bool takes_all = false;  // star, plus: taking fewer bytes than it can never leads to a match
+  bool looks = false;      // branch: the look-ahead of that number (`at`) tells the ways apart
+};
+
+// Of the two ways that a branch can go: the bytes that can come next there, and whether the way can
+// also come to the end of a match or of the text. Unknown is as good as everything.
+struct LookAhead {
+  ByteSet bytes[2];
+  bool can_end[2];
+
+  // Whether way `i` is worth a try where the text goes on with `rest`.
+  bool allows(int i, Bytes rest) const {
+    return can_end[i] || (!rest.empty() && bytes[i].has(rest[0]));
+  }
 };
 
 inline constexpr StateNumber kFailState = 0;
@@ -91,6 +104,7 @@ struct Plan {
   const Byte* program;  // of the compiled expression, which must outlive the plan
   State* states;
   const ByteScan* sets;
+  LookAhead* look_ahead;
   std::uint32_t state_count;
   StateNumber start;
   std::uint32_t slot_count;   // captures beyond these are never set
