@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "bytes/cpu.h"
 #ifdef VSTRING_AVX2
@@ -67,8 +68,12 @@ std::size_t ByteScan::find_far(bool member, Bytes text, std::size_t at) const {
 
 std::uint64_t ByteScan::members(Bytes text) const {
 #ifdef VSTRING_AVX2
-  if (has_avx2() && text.size() == 2 * avx2::kBlock) {
-    return members_of_two(lower_, upper_, text.data());
+  constexpr std::size_t kBlocks = 2 * avx2::kBlock;
+  if (has_avx2() && text.size() == kBlocks) return members_of_two(lower_, upper_, text.data());
+  if (has_avx2() && !text.empty()) {
+    Byte blocks[kBlocks];
+    std::memcpy(blocks, text.data(), text.size());
+    return members_of_two(lower_, upper_, blocks) & UINT64_MAX >> (kBlocks - text.size());
   }
 #endif
   std::uint64_t bits = 0;

@@ -13,6 +13,9 @@ using States = Buffer<StateNumber>;
 // States to look at for what comes next, before it counts as unknown.
 constexpr std::size_t kMaxLook = 64;
 
+// The prefix filter is not worth its while where it stops more often than at this share of places.
+constexpr double kMaxHits = 1.0 / 12;
+
 class Analysis {
  public:
   Analysis(Plan& plan, Bytes must) : plan_(plan), hints_(plan.hints), must_(must) {}
@@ -183,10 +186,19 @@ void Analysis::find_look_ahead() {
   }
 }
 
+// The share of a text's bytes that are of a set, roughly: the n-th most common byte is taken to
+// stand at every sixth n-th place (after G. K. Zipf's law).
+double share(const ByteSet& set) {
+  double share = 0;
+  set.for_each([&](Byte c) { share += 1 / (6.0 * (256 - kCommonness[c])); });
+  return share;
+}
+
 // What a match begins with, from the states that take its first byte. They share the numbers of the
 // filter; what follows those of one number is looked at together.
 void Analysis::find_prefixes() {
   std::size_t length = PrefixFilter::kMaxLength;
+  ByteSet all[PrefixFilter::kMaxLength];
   for (std::size_t prefix = 0; prefix < PrefixFilter::kPrefixes; ++prefix) {
     States* now = &now_;
     States* later = &later_;
@@ -199,15 +211,18 @@ void Analysis::find_prefixes() {
       later->clear();
       for (const StateNumber s : *now) {
         hints_.prefixes.add(prefix, i, plan_.first_bytes(state(s)));
+        all[i].unite(plan_.first_bytes(state(s)));
         const Ahead ahead = look_ahead(plan_.after(s), *later);
         if (ahead.accepts || ahead.is_at_end) length = i + 1;
       }
     }
   }
-  hints_.prefix_length = length < 2 ? 0 : length;
+  double hits = 1;
+  for (std::size_t i = 0; i < length; ++i) hits *= share(all[i]);
+  hints_.prefix_length = length < 2 || hits > kMaxHits ? 0 : length;
   if (takers_.size() != 1 || state(takers_[0]).op != Op::literal) return;
   const Bytes literal = plan_.literal(state(takers_[0]));
-  if (literal.size() > 1 || length < 2) hints_.prefix = literal;
+  if (literal.size() > 1 || hints_.prefix_length == 0) hints_.prefix = literal;
 }
 
 // Finds the states that every match passes through, those of the path that no other way leads

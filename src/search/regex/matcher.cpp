@@ -34,7 +34,6 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
                   ? INT64_MAX
                   : static_cast<std::int64_t>(first_credit(text.size()))),
       starts_(plan, text),
-      stream_(plan.hints.first, text),
       backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames) {}
 
 void Matcher::earn(std::size_t bytes) {
@@ -90,9 +89,9 @@ Outcome Matcher::test() {
 Outcome Matcher::find_single(std::size_t begin, Match& match) {
   const State& state = plan_.states[plan_.single];
   const bool is_word = state.op == Op::literal && state.other > 1;
-  const std::size_t start = is_word ? starts_.next(begin) : stream_.find(begin);
+  const std::size_t start = is_word ? starts_.next(begin) : starts_.first().find(begin);
   if (start >= text_.size()) return Outcome::no_match;
-  const std::size_t end = state.op == Op::plus ? stream_.find_other(start + 1)
+  const std::size_t end = state.op == Op::plus ? starts_.first().find_other(start + 1)
                           : is_word            ? start + state.other
                                                : start + 1;
   for (std::size_t slot = 0; slot < plan_.slot_count; ++slot) {

@@ -10,7 +10,6 @@
 #include <optional>
 
 #include "bytes/bytes.h"
-#include "bytes/scan_stream.h"
 #include "search/regex/backtrack.h"
 #include "search/regex/gate.h"
 #include "search/regex/match.h"
@@ -76,7 +75,6 @@ class Matcher {
   std::size_t attempts_ = 0;
   std::size_t spent_ = 0;  // credit
   Starts starts_;
-  ScanStream stream_;  // of what a match begins with
   Backtracker backtracker_;
   std::optional<Linear> linear_;
 };

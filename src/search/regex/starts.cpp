@@ -44,7 +44,9 @@ std::size_t Starts::by_first_bytes(std::size_t at) {
     return prefix_at_;
   }
   if (hints.prefix_length > 0) return hints.prefixes.find(hints.prefix_length, text_, at);
-  return hints.has_first ? find(hints.first, text_, at) : at;
+  if (!hints.has_first) return at;
+  const std::size_t found = first_.find(at);
+  return found == text_.size() ? npos : found;
 }
 
 // Finds the first place from `at` on of what is required, and where its lead begins.

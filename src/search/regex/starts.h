@@ -8,6 +8,7 @@
 
 #include "bytes/budget.h"
 #include "bytes/bytes.h"
+#include "bytes/scan_stream.h"
 #include "search/exact/exact.h"
 #include "search/regex/plan.h"
 
@@ -17,7 +18,7 @@ class Starts {
   static constexpr std::size_t kFreeBudget = 1024;  // bytes of scanning
 
  public:
-  Starts(const Plan& plan, Bytes text) : plan_(plan), text_(text) {}
+  Starts(const Plan& plan, Bytes text) : plan_(plan), text_(text), first_(plan.hints.first, text) {}
 
   // Whether all that every match contains stands at `begin` or later, as far as it is worth asking:
   // each thing is asked for once.
@@ -26,6 +27,8 @@ class Starts {
   // The first place from `at` on, the end of the text included, where a match may start; npos
   // when there is none. From one call to the next, `at` never decreases.
   std::size_t next(std::size_t at);
+
+  ScanStream& first() { return first_; }
 
  private:
   std::size_t by_first_bytes(std::size_t at);
@@ -40,6 +43,7 @@ class Starts {
   std::size_t required_at_ = 0;  // the same for what every match contains, and
   std::size_t lead_at_ = 0;      // where the run of bytes begins that may come ahead of it
   Budget budget_{kFreeBudget};   // for looking for it, which saves scanning
+  ScanStream first_;             // of the bytes that a match begins with
   search::Finder prefix_;
   search::Finder required_;
 };
