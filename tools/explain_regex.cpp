@@ -116,6 +116,7 @@ void print_hints(const Plan& plan) {
   };
   std::puts("every match");
   if (plan.anchored) say("starts", "with the text");
+  if (plan.ends_with_text) say("ends", "with the text");
   if (!hints.prefix.empty()) say("begins with", shown(hints.prefix));
   if (hints.has_first) say("begins with one of", shown(hints.first.set()));
   if (hints.prefix_length > 0)

@@ -52,6 +52,7 @@ class Analysis {
   void find_lead();
   void find_whole_runs();
   void find_look_ahead();
+  bool needs_end();
 
   Plan& plan_;
   Hints& hints_;
@@ -115,6 +116,7 @@ bool Analysis::run(bool all) {
   if (!all || !find_path()) return has_memory_;
   find_whole_runs();
   find_look_ahead();
+  plan_.ends_with_text = !plan_.has_bol && needs_end();
   find_required();
   if (plan_.anchored) return has_memory_;
   if (hints_.has_first) find_prefixes();
@@ -167,6 +169,17 @@ void Analysis::find_whole_runs() {
                       return bytes.meets(plan_.first_bytes(state(next)));
                     });
   }
+}
+
+// Whether every way to the end of a match leads over a $.
+bool Analysis::needs_end() {
+  bool accepts = false;
+  ++round_;
+  walk(plan_.start, [&](StateNumber s) {
+    accepts |= state(s).op == Op::accept;
+    return state(s).op != Op::eol;
+  });
+  return !accepts;
 }
 
 // What tells the ways of a branch apart, so that no choice is left open where only one can lead on.

@@ -20,6 +20,12 @@ constexpr std::size_t kMaxFrames = std::size_t{1} << 16;
 constexpr std::size_t kMaxRounds = 1;
 constexpr std::size_t kFreeWork = 4096;
 
+// To look from the end takes some thousand steps to prepare, and then one for each state and place:
+// too much for short texts, and for more than a small part of long ones.
+constexpr std::size_t kShort = 128;
+constexpr std::size_t kFewPlaces = 16;
+constexpr std::size_t kStepsPerByte = 4;
+
 constexpr std::size_t first_credit(std::size_t length) {
   return length < kMaxCredit / kCreditPerByte ? kFirstCredit + length * kCreditPerByte : kMaxCredit;
 }
@@ -54,6 +60,15 @@ Outcome Matcher::find(std::size_t begin, Match& match) {
   if (!starts_.may_match(begin)) return Outcome::no_match;
   if ((is_automatic && !linear_) || method_ == Method::backtracking) return backtrack(begin, match);
   return find_linearly(begin, match);
+}
+
+// Where all matches end with the text, it is soon seen from there how far back they can start.
+void Matcher::look_from_end(std::size_t begin) {
+  looked_from_end_ = true;
+  if (!plan_.ends_with_text || text_.size() - begin < kShort) return;
+  const std::size_t limit = kFewPlaces + text_.size() / (kStepsPerByte * plan_.state_count);
+  std::size_t start = 0;
+  if (linear().two_pass.find_from_end(begin, limit, start)) first_start_ = start;
 }
 
 Outcome Matcher::find_linearly(std::size_t begin, Match& match) {
@@ -102,7 +117,9 @@ Outcome Matcher::find_single(std::size_t begin, Match& match) {
 
 Outcome Matcher::backtrack(std::size_t begin, Match& match) {
   match.clear(plan_.slot_count);
-  std::size_t at = begin;
+  if (!looked_from_end_) look_from_end(begin);
+  if (first_start_ == npos) return Outcome::no_match;
+  std::size_t at = std::max(begin, first_start_);
   for (;;) {
     if (!plan_.anchored) {
       const std::size_t candidate = starts_.next(at);

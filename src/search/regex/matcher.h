@@ -61,6 +61,7 @@ class Matcher {
   };
 
   Outcome find_single(std::size_t begin, Match& match);
+  void look_from_end(std::size_t begin);
   Outcome find_linearly(std::size_t begin, Match& match);
   Outcome backtrack(std::size_t begin, Match& match);
   Linear& linear();
@@ -72,6 +73,8 @@ class Matcher {
   Method method_;
   bool only_tests_ = false;  // a yes will do
   std::int64_t credit_;
+  std::size_t first_start_ = 0;  // no match starts before
+  bool looked_from_end_ = false;
   std::size_t attempts_ = 0;
   std::size_t spent_ = 0;  // credit
   Starts starts_;

@@ -113,6 +113,7 @@ struct Plan {
                               // start; kFailState: it is not as simple as that
   std::uint32_t start_slots;  // bit n: capture n is where that match starts, not where it ends
   bool has_bol;               // whether the answer can depend on where the text starts
+  bool ends_with_text;        // every match does, for want of a way around a $
   bool anchored;              // tried at the start of the text only
   Hints hints;
 

@@ -12,6 +12,7 @@ bool TwoPass::order_states() {
   const std::uint32_t n = plan_.state_count;
   Buffer<Byte> mark;
   Buffer<StateNumber> stack;
+  order_.clear();
   if (!mark.resize_zeroed(n) || !order_.reserve(n)) return false;
   for (StateNumber root = 0; root < n; ++root) {
     if (!stack.push_back(root)) return false;
@@ -47,7 +48,7 @@ void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_beg
       case Op::fail:
         break;
       case Op::accept:
-        leads_on = true;
+        leads_on = is_end || !plan_.ends_with_text;
         break;
       case Op::bol:
         leads_on = is_begin && has(row, state.next);
@@ -92,6 +93,22 @@ bool TwoPass::prepare(std::size_t base) {
     std::copy_n(rows_.data(), row_words_, kept_.data() + block * row_words_);
   }
   return true;
+}
+
+bool TwoPass::find_from_end(std::size_t base, std::size_t limit, std::size_t& start) {
+  row_words_ = (plan_.state_count + 63) / 64;
+  if (!order_states() || has_circle_ || !rows_.resize(2 * row_words_)) return false;
+  start = npos;
+  const Word* later = nullptr;
+  for (std::size_t at = text_.size(); limit-- > 0; --at) {
+    Word* const row = rows_.data() + at % 2 * row_words_;
+    work_out(row, later, at, false);
+    if (has(row, plan_.start)) start = at;
+    const bool is_over = std::all_of(row, row + row_words_, [](Word w) { return w == 0; });
+    if (is_over || at == base) return true;
+    later = row;
+  }
+  return false;
 }
 
 // Works out the rows of a block from the first one of the block after it.

@@ -26,6 +26,11 @@ class TwoPass {
   // memory fails.
   bool prepare(std::size_t base);
 
+  // For a plan whose matches all end with the text: finds where the first one from `base` on
+  // starts, npos for none, going back from the end as far as a match can be under way. False when
+  // that is further than `limit` places, or when memory fails.
+  bool find_from_end(std::size_t base, std::size_t limit, std::size_t& start);
+
   // Whether the plan (of a damaged program) has a circle of states that takes no byte: then there
   // is no order to work them out in, and nothing may be run.
   bool has_circle() const { return has_circle_; }
