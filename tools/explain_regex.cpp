@@ -86,6 +86,7 @@ std::string state_name(const Plan& plan, const State& state) {
             : state.test == Test::byte ? " " + shown(Bytes(&state.byte, 1))
                                        : " " + shown(plan.sets[state.other].set());
   }
+  if (state.looks) name += ", looks ahead";
   return state.takes_all ? name + ", takes all it can" : name;
 }
 
@@ -115,6 +116,7 @@ void print_hints(const Plan& plan) {
     std::printf("  %-19s%s\n", what, value.c_str());
   };
   std::puts("every match");
+  if (plan.single != kFailState) say("is", "what state " + std::to_string(plan.single) + " takes");
   if (plan.anchored) say("starts", "with the text");
   if (plan.ends_with_text) say("ends", "with the text");
   if (!hints.prefix.empty()) say("begins with", shown(hints.prefix));

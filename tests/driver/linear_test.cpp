@@ -74,8 +74,13 @@ TEST(LinearLongTier, RegularExpressions) {
         "(a|a)*(b|c)", "((a|b)*c)*(d|e)"}) {
     check_linear("regmatch(\"" + pattern + "\", W(" + (pattern[1] == 'x' ? "x" : "a") + "))");
   }
-  check_linear("length(regsubs(\"a.*z|a\" = \"b\", W(a)))");
-  check_linear("length(join([regsplit(\"a.*z|a\", W(a))]))");
+  // All matches, or that there is none; some match where a longer match fails.
+  for (const std::string pattern : {"(a|aa)+b", "(x+x+)+[yz]", "(a|a)*(b|c)", ".*.*.*(=|:).*",
+                                    "a.*z|a", "(a|aa)+b|a", "(a|b|[ab])+c$|a"}) {
+    const std::string word = pattern[1] == 'x' ? "W(x)" : "W(a)";
+    check_linear("length(regsubs(\"" + pattern + "\" = \"bc\", " + word + "))");
+    check_linear("length(join([regsplit(\"" + pattern + "\", " + word + ")]))");
+  }
 }
 
 TEST(LinearLongTier, Words) {
