@@ -6,6 +6,7 @@
 #include <string>
 
 #include "lexiva/commands.h"
+#include "lexiva/keywords.h"
 #include "support/check.h"
 
 namespace vstring_test {
@@ -31,6 +32,11 @@ TEST(BindingTable, HelpIsComplete) {
                 velmor::lexiva::arguments_of(command).empty());
     }
   }
+}
+
+TEST(BindingTable, KeywordsAreThoseOfCommands) {
+  for (const velmor::lexiva::Keywords& row : velmor::lexiva::all_keywords())
+    EXPECT_NE(velmor::lexiva::find(row.command), nullptr) << row.command;
 }
 
 TEST(BindingTable, HasARowForEveryCommand) {

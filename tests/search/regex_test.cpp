@@ -86,6 +86,7 @@ TEST(Regex, Match) {
       {R"(regmatch("a", "b", 7))", "false"},
       {"regmatch(\"a|(b)\", \"a\", 'm', 7)", "true"},
       {"regmatch(\"a\", \"a\", FAIL)", "error: cannot assign to FAIL"},
+      {"regmatch(\"a\", \"a\", take)", "error: cannot assign to take"},
   });
   CheckInOrder({
       {"regmatch(\"(a)*(x)?(b+)\", \"caaabb\", 'm', 'g1', 'g2', 'g3'), [m, g1, g2, g3]",

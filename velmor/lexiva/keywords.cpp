@@ -6,12 +6,8 @@
 namespace velmor::lexiva {
 namespace {
 
-struct Row {
-  std::string_view command, words;
-};
-
 // clang-format off
-constexpr Row kRows[] = {
+constexpr Keywords kRows[] = {
     {"length", "size count characters long len"},
     {"substr", "substring slice part extract cut section mid"},
     {"take", "first left head prefix beginning before"},
@@ -156,13 +152,33 @@ constexpr Row kRows[] = {
     {"hasspace", "whitespace class test contains"},
     {"isascii", "plain class test all"},
     {"hasascii", "plain class test contains"},
+    {"tally", "frequency histogram count occurrences"},
+    {"entropy", "information bits"},
+    {"wc", "count lines words tokens"},
+    {"suffixarray", "sorted suffixes index"},
+    {"factorcount", "substrings distinct complexity"},
+    {"repetitions", "runs periodic tandem repeats"},
+    {"lcsubstring", "common substring longest"},
+    {"bwt", "burrows wheeler transform compression"},
+    {"unbwt", "burrows wheeler inverse transform"},
+    {"isanagram", "permutation rearranged"},
+    {"nextperm", "permutation arrangement"},
+    {"rle", "run length compression runs"},
+    {"morphism", "substitution rewriting lindenmayer map"},
+    {"fibword", "fibonacci sturmian"},
+    {"thuemorse", "automatic sequence overlap-free"},
+    {"christoffel", "slope sturmian"},
+    {"debruijn", "cyclic sequence necklace"},
+    {"lyndonwords", "necklaces generate list"},
 };
 // clang-format on
 
 }  // namespace
 
+std::span<const Keywords> all_keywords() { return kRows; }
+
 std::string_view keywords(std::string_view command) {
-  const auto* const row = std::ranges::find(kRows, command, &Row::command);
+  const auto* const row = std::ranges::find(kRows, command, &Keywords::command);
   return row == std::end(kRows) ? "" : row->words;
 }
 
