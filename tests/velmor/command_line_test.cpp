@@ -76,6 +76,10 @@ TEST_F(CommandLine, StandardInputAndFiles) {
          1, "3\n", "Error, cannot read " + path("none") + ": No such file or directory\n");
   input_ = "1";
   expect("$V -", 0, "1\n", "");
+  input_ =
+      "\xef\xbb\xbf"
+      "1;\r\n2;\r\n";
+  expect("$V", 0, "1\n2\n", "");
 }
 
 TEST_F(CommandLine, ExpressionsInOtherForms) {

@@ -20,6 +20,10 @@ struct Close {
 
 }  // namespace
 
+void remove_byte_order_mark(std::string& text) {
+  if (text.starts_with(kByteOrderMark)) text.erase(0, std::strlen(kByteOrderMark));
+}
+
 std::string read_script(const std::string& name) {
   const std::unique_ptr<std::FILE, Close> file(name == "-" ? stdin
                                                            : std::fopen(name.c_str(), "rb"));
@@ -30,7 +34,7 @@ std::string read_script(const std::string& name) {
   if (!file || std::ferror(file.get()) != 0)
     throw std::runtime_error("cannot read " + (name == "-" ? "standard input" : name) + ": " +
                              std::strerror(errno));
-  if (contents.starts_with(kByteOrderMark)) contents.erase(0, std::strlen(kByteOrderMark));
+  remove_byte_order_mark(contents);
   return contents;
 }
 

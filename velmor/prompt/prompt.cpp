@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "command_line/read_file.h"
 #include "help/answer.h"
 #include "help/pager.h"
 #include "language/script.h"
@@ -95,7 +96,9 @@ void prompt(Session& session) {
 
 Verdict run_standard_input(Session& session) {
   Script script(session, std::cout, std::cerr, "standard input");
+  bool first = true;
   for (std::string line; std::getline(std::cin, line);) {
+    if (std::exchange(first, false)) remove_byte_order_mark(line);
     if (!script.open() && says_quit(line)) break;
     script.feed(line + '\n');
   }

@@ -24,6 +24,9 @@ std::string counted(const Tally::Row& row, OutputForm form) {
 
 }  // namespace
 
+Delivery::Delivery(const Job& job, Progress& progress)
+    : job_(job), progress_(progress), to_terminal_(isatty(STDOUT_FILENO) != 0) {}
+
 void Delivery::deliver(const Answers& answers) {
   std::size_t done = 0;
   for (const Message& message : answers.messages) {
@@ -45,7 +48,7 @@ void Delivery::write(std::string_view out) {
 
 void Delivery::flush() {
   if (pending_.empty()) return;
-  progress_.hide();
+  if (to_terminal_) progress_.hide();
   if (!write_all(STDOUT_FILENO, pending_))
     throw std::runtime_error(std::string("cannot write: ") + std::strerror(errno));
   pending_.clear();

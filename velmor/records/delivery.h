@@ -14,7 +14,7 @@ namespace velmor {
 
 class Delivery {
  public:
-  Delivery(const Job& job, Progress& progress) : job_(job), progress_(progress) {}
+  Delivery(const Job& job, Progress& progress);
 
   // Each message is shown behind the output that came before it. Throws std::runtime_error when
   // the output cannot be written, and so do the next two.
@@ -40,6 +40,7 @@ class Delivery {
 
   const Job& job_;
   Progress& progress_;
+  const bool to_terminal_;
   Tally tally_;
   std::string pending_;  // for standard output
   bool ended_ = true;    // whether the last record written was
