@@ -200,5 +200,6 @@ int main(void) {
   call("message", vstring_fmtmsg, 3, new_string("%1 is made of %2"), banana, factors);
   call("refused", vstring_take, 2, banana, new_integer(-1));
   call("too few", vstring_take, 1, banana);
+  vstringRelease(&table); /* the library keeps nothing of this heap: it may go */
   return 0;
 }
