@@ -21,7 +21,7 @@ VelmorCommand resolve(const std::string& entry_point) {
 
 std::uint64_t arguments_before = 0;
 
-void note_call(const std::string&, HostObject argseq) { arguments_before = fingerprint(argseq); }
+void note_call(const std::string& command, HostObject argseq);
 
 void check_arguments(const std::string& command, HostObject argseq) {
   EXPECT_EQ(arguments_before, fingerprint(argseq)) << command << " changed its arguments";
@@ -49,12 +49,20 @@ std::pair<std::size_t, std::size_t> holdings(const Row& row) {
 // What the whole run has made fail.
 struct Tally : testing::Environment {
   std::size_t operations = 0, allocations = 0;
+  bool is_failing = false;
+  std::set<std::string> commands;
   void TearDown() override {
     if (operations == 0) return;
-    std::printf("Made to fail: %zu host operations, %zu allocations.\n", operations, allocations);
+    std::printf("Made to fail: %zu host operations and %zu allocations in calls of %zu commands.\n",
+                operations, allocations, commands.size());
   }
 };
 auto* const tally = static_cast<Tally*>(testing::AddGlobalTestEnvironment(new Tally));
+
+void note_call(const std::string& command, HostObject argseq) {
+  arguments_before = fingerprint(argseq);
+  if (tally->is_failing) tally->commands.insert(command);
+}
 
 // Runs the row with its k-th operation failing, for every k until none fails any more; behind the
 // first 64, for every second, third ... of them.
@@ -64,7 +72,9 @@ void fail_each(const Row& row, std::size_t& count, Arm arm, Failed failed, Accep
     std::pair<std::size_t, std::size_t> held[2];
     for (auto& after : held) {
       arm(k);
+      tally->is_failing = true;
       const std::string answer = evaluate(row.call);
+      tally->is_failing = false;
       const bool has_failed = failed();
       arm(0);
       if (!row.undo.empty() && !is_error(answer)) evaluate(row.undo);
