@@ -22,7 +22,7 @@ std::string_view trimmed(std::string_view text) {
 
 bool contains_ignoring_case(std::string_view text, std::string_view part) {
   const auto same = [](char a, char b) { return std::tolower(a) == std::tolower(b); };
-  return !std::ranges::search(text, part, same).empty();
+  return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
 }
 
 std::string line_of(const lexiva::Command& command) {
