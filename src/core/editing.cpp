@@ -7,8 +7,25 @@
 #include "bytes/byte_set.h"
 
 namespace vstring::core {
+namespace {
 
-std::size_t prefix_without(Bytes text, Bytes set) { return ByteScan(ByteSet(set)).find(text, 0); }
+// Length of the longest prefix of `text` whose bytes are all in `set`, or all outside of it. Only
+// a text of some length is worth the tables of a scan in vectors.
+std::size_t prefix_by(Bytes text, Bytes set, bool is_inside) {
+  constexpr std::size_t kWorthTables = 64;
+  const ByteSet members(set);
+  if (text.size() >= kWorthTables) {
+    const ByteScan scan(members);
+    return is_inside ? scan.find_other(text, 0) : scan.find(text, 0);
+  }
+  std::size_t n = 0;
+  while (n < text.size() && members.has(text[n]) == is_inside) ++n;
+  return n;
+}
+
+}  // namespace
+
+std::size_t prefix_without(Bytes text, Bytes set) { return prefix_by(text, set, false); }
 
 std::size_t after_last_of(Bytes text, Bytes set) {
   const ByteSet stops(set);
@@ -17,7 +34,7 @@ std::size_t after_last_of(Bytes text, Bytes set) {
   return n;
 }
 
-std::size_t prefix_of(Bytes text, Bytes set) { return ByteScan(ByteSet(set)).find_other(text, 0); }
+std::size_t prefix_of(Bytes text, Bytes set) { return prefix_by(text, set, true); }
 
 std::size_t prefix_of(Bytes text, CharTest test) {
   std::size_t n = 0;
