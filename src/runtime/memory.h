@@ -111,13 +111,19 @@ class HeldArray {
     return true;
   }
 
+  // Room for `n` elements more, which push_within then adds.
+  [[nodiscard]] bool reserve_more(std::size_t n) {
+    if (n > SIZE_MAX / 2 - size_) return false;
+    const std::size_t wanted = size_ + n;
+    return wanted <= capacity_ || reserve(wanted > 2 * capacity_ ? wanted : 2 * capacity_);
+  }
+  void push_within(const T& value) { data_[size_++] = value; }
+
   // `values` must not lie in this array.
   [[nodiscard]] bool append(std::span<const T> values) {
-    if (values.size() > SIZE_MAX / 2 - size_) return false;
-    const std::size_t n = size_ + values.size();
-    if (n > capacity_ && !reserve(n > 2 * capacity_ ? n : 2 * capacity_)) return false;
+    if (!reserve_more(values.size())) return false;
     if (!values.empty()) std::memcpy(data_ + size_, values.data(), values.size_bytes());
-    size_ = n;
+    size_ += values.size();
     return true;
   }
 

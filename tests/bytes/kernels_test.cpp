@@ -1,6 +1,7 @@
 // The vector kernels and their plain twins beside loops over single bytes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <string_view>
@@ -9,7 +10,7 @@
 #include "bytes/byte_scan.h"
 #include "bytes/cpu.h"
 #include "bytes/find_near.h"
-#include "bytes/find_pair.h"
+#include "bytes/find_probes.h"
 #include "bytes/prefix_filter.h"
 #include "bytes/scan_stream.h"
 
@@ -79,17 +80,35 @@ TEST(Kernels, ScanStream) {
   });
 }
 
-TEST(Kernels, FindPair) {
+// Block by block, every alignment at which all probes stand.
+TEST(Kernels, FindProbes) {
   on_random_texts([](Bytes text, std::mt19937& random) {
     if (text.empty()) return;
-    const std::size_t distance = random() % text.size();
-    const std::size_t end = random() % (text.size() - distance + 1);
-    const std::size_t at = random() % (end + 1);
-    const BytePair pair = {text[random() % text.size()], text[random() % text.size()], distance};
-    const auto stands = [&](std::size_t i) {
-      return text[i] == pair.first && text[i + distance] == pair.second;
+    const std::size_t place = random() % text.size();
+    const std::size_t reach = random() % std::min<std::size_t>(text.size() - place, 30);
+    Probes probes;
+    probes.count = 1 + random() % Probes::kMost;
+    for (std::size_t i = 0; i < probes.count; ++i) {
+      probes.offsets[i] = random() % (reach + 1);
+      probes.bytes[i] = text[place + probes.offsets[i]];
+    }
+    const auto stand = [&](std::size_t at) {
+      for (std::size_t i = 0; i < probes.count; ++i) {
+        if (text[at + probes.offsets[i]] != probes.bytes[i]) return false;
+      }
+      return true;
     };
-    EXPECT_EQ(first_place(at, end, npos, stands), find_pair(text, at, end, pair));
+    const std::size_t end = random() % (text.size() - reach + 1);
+    std::size_t passed = random() % (end + 1);
+    Budget ahead = kLookAhead;
+    while (passed < end) {
+      std::size_t at = passed;
+      const std::uint64_t hits = find_probes(text, at, end, probes, ahead);
+      const std::size_t next = hits == 0 ? end : std::min(end, at + kProbeBlock);
+      for (; passed < next; ++passed) {
+        EXPECT_EQ(stand(passed), passed >= at && (hits >> (passed - at) & 1) != 0);
+      }
+    }
   });
 }
 

@@ -1,115 +1,128 @@
 #include "search/exact/exact.h"
 
-#include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "bytes/common.h"
-#include "bytes/commonness.h"
 #include "host/vstring.h"
 
 namespace vstring::search {
 namespace {
 
-// The rarest bytes are looked for in a prefix only: it holds one as a rule, and a search in a
-// short text should not wait for more.
-constexpr std::size_t kProbed = 64;
+// Comparisons may take some bytes for each byte of text that is passed: more than that only
+// periodic texts ask for, and two-way matching takes no more.
+constexpr std::size_t kComparedPerByte = 4;
+constexpr std::size_t kFreeComparisons = 4096;
 
-// A candidate costs a restart of the scan, and an eighth of a scan of its bytes to be compared.
-constexpr std::size_t kCandidateCost = 32;
-constexpr std::size_t kComparisonShare = 8;
+// From one place of the pattern's first byte to the next.
+std::size_t find_directly(Bytes pattern, Bytes text, std::size_t end) {
+  for (std::size_t at = 0; at < end; ++at) {
+    const void* const found = std::memchr(text.data() + at, pattern[0], end - at);
+    if (found == nullptr) break;
+    at = static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
+    if (std::memcmp(found, pattern.data(), pattern.size()) == 0) return at;
+  }
+  return npos;
+}
 
 }  // namespace
 
-void Finder::start(Bytes pattern, Bytes text) {
-  pattern_ = pattern;
+void Finder::start(const Needle& needle, Bytes text) {
+  const std::size_t m = needle.size();
+  needle_ = needle;
   text_ = text;
-  at_ = pattern.empty() ? npos : 0;
-  budget_ = Budget(kFreeBudget);
-  rare_ = 0;
+  end_ = m == 0 || m > text.size() ? 0 : text.size() - m + 1;
+  at_ = base_ = 0;
+  hits_ = 0;
+  ahead_ = kLookAhead;
+  budget_ = Budget(kFreeComparisons);
   is_two_way_ = false;
-  if (pattern.empty()) return;
-
-  const std::size_t probed = std::min(pattern.size(), kProbed);
-  std::size_t rarest = 0;
-  std::size_t second = probed - 1;
-  for (std::size_t i = 1; i < probed; ++i) {
-    if (kCommonness[pattern[i]] < kCommonness[pattern[rarest]]) {
-      second = rarest;
-      rarest = i;
-    } else if (kCommonness[pattern[i]] < kCommonness[pattern[second]]) {
-      second = i;
-    }
-  }
-  rare_ = std::min(rarest, second);
-  pair_ = {pattern[rare_], pattern[std::max(rarest, second)], std::max(rarest, second) - rare_};
-  const std::size_t head = std::min(pattern.size(), sizeof head_);
-  head_ = 0;
-  std::memcpy(&head_, pattern.data(), head);
-  mask_ = UINT64_MAX >> (64 - 8 * head);
 }
 
-// The next alignment before `end` that is worth a comparison, or npos.
-std::size_t Finder::next_candidate(std::size_t end) const {
-  if (pattern_.size() > 1) {
-    const std::size_t found = find_pair(text_, at_ + rare_, end + rare_, pair_);
-    return found == npos ? npos : found - rare_;
-  }
-  const void* const found = std::memchr(text_.data() + at_, pattern_[0], end - at_);
-  if (found == nullptr) return npos;
-  return static_cast<std::size_t>(static_cast<const Byte*>(found) - text_.data());
+// Goes on to the next block in which all probes stand somewhere.
+bool Finder::scan_on() {
+  if (at_ >= end_) return false;
+  const std::size_t before = at_;
+  base_ = at_;
+  hits_ = find_probes(text_, base_, end_, needle_.probes(), ahead_);
+  at_ = hits_ != 0 ? base_ + kProbeBlock : end_;
+  budget_.earn(kComparedPerByte * (at_ - before));
+  return hits_ != 0;
 }
 
-// Most candidates differ within the first eight bytes: a call of memcmp is saved.
-bool Finder::occurs_at(std::size_t at) const {
+// Whether the pattern stands where its probes do.
+bool Finder::occurs_at(std::size_t at) {
+  if (needle_.is_all_probes()) return true;
+  const std::size_t m = needle_.size();
+  const Byte* const pattern = needle_.pattern().data();
   const Byte* const place = text_.data() + at;
-  if (text_.size() - at >= sizeof head_) {
-    if (((load8(place) ^ head_) & mask_) != 0) return false;
-    if (pattern_.size() <= sizeof head_) return true;
+  if (needle_.is_two_words()) {
+    const std::size_t last = m - sizeof(std::uint64_t);
+    return ((load8(place) ^ load8(pattern)) | (load8(place + last) ^ load8(pattern + last))) == 0;
   }
-  return std::memcmp(place, pattern_.data(), pattern_.size()) == 0;
+  const std::size_t agreeing = common_prefix(needle_.pattern(), {place, m});
+  budget_.spend(agreeing);
+  if (budget_.is_used_up()) give_up(at + 1);
+  return agreeing == m;
+}
+
+// Leaves the alignments from `from` on to the two-way matcher.
+void Finder::give_up(std::size_t from) {
+  two_way_.start(needle_.pattern(), text_, from);
+  is_two_way_ = true;
+  hits_ = 0;
+  at_ = end_;
 }
 
 std::size_t Finder::next() {
-  const std::size_t m = pattern_.size();
-  while (!is_two_way_ && at_ <= text_.size() && text_.size() - at_ >= m) {
-    if (budget_.is_used_up()) {
-      two_way_.start(pattern_, text_, at_);
-      is_two_way_ = true;
-      break;
+  do {
+    while (hits_ != 0) {
+      const std::size_t at = base_ + static_cast<std::size_t>(std::countr_zero(hits_));
+      hits_ &= hits_ - 1;
+      if (occurs_at(at)) return at;
     }
-    const std::size_t found = next_candidate(text_.size() - m + 1);
-    if (found == npos) {
-      at_ = npos;
-      break;
-    }
-    budget_.earn(found - at_ + 1);
-    at_ = found + 1;
-    // One byte has no bad case: each candidate is an occurrence.
-    if (m == 1) return found;
-    budget_.spend(kCandidateCost + m / kComparisonShare);
-    if (occurs_at(found)) return found;
-  }
+  } while (scan_on());
   return is_two_way_ ? two_way_.next() : npos;
 }
 
 std::size_t Finder::next_from(std::size_t from) {
-  if (at_ < from) {
-    budget_.earn(from - at_);
+  if (from >= at_) {
     at_ = from;
+    hits_ = 0;
+  } else if (hits_ != 0 && from > base_) {
+    hits_ = hits_ >> (from - base_) << (from - base_);
   }
   std::size_t found = next();
   while (found < from) found = next();
   return found;
 }
 
-std::size_t find(Bytes pattern, Bytes text) { return Finder(pattern, text).next(); }
-
-Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets) {
-  Finder finder(pattern, text);
-  for (std::size_t at = finder.next(); at != npos; at = finder.next()) {
+Status Finder::collect(HeldArray<std::size_t>& offsets) {
+  do {
+    if (!offsets.reserve_more(kProbeBlock)) return Status::out_of_memory;
+    for (; hits_ != 0; hits_ &= hits_ - 1) {
+      const std::size_t at = base_ + static_cast<std::size_t>(std::countr_zero(hits_));
+      if (occurs_at(at)) offsets.push_within(at);
+    }
+  } while (scan_on());
+  if (!is_two_way_) return Status::ok;
+  for (std::size_t at = two_way_.next(); at != npos; at = two_way_.next()) {
     if (!offsets.push_back(at)) return Status::out_of_memory;
   }
   return Status::ok;
+}
+
+std::size_t find(Bytes pattern, Bytes text) {
+  const std::size_t m = pattern.size();
+  if (m == 0 || m > text.size()) return npos;
+  // A single byte needs no more, and few alignments are not worth a finder.
+  const std::size_t alignments = text.size() - m + 1;
+  if (m == 1 || alignments < kProbeBlock) return find_directly(pattern, text, alignments);
+  return Finder(pattern, text).next();
+}
+
+Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets) {
+  return Finder(pattern, text).collect(offsets);
 }
 
 }  // namespace vstring::search

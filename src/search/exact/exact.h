@@ -1,49 +1,54 @@
 // Exact search for one pattern: the first occurrence, or all of them.
 //
-// Ordinary texts are scanned for the pattern's two rarest bytes, at the speed of memory. What the
-// candidates cost is counted: where they come too thick (a small alphabet, a periodic text, rare
-// bytes that are not rare here) the rest of the text is left to the two-way matcher, so that every
-// search is linear in pattern and text.
+// Texts are scanned for a few bytes of the pattern, 64 alignments at a time, the two rarest ahead
+// (bytes/find_probes.h). A pattern of up to eight bytes has nothing else; of a longer one the rest
+// is compared. What that takes is counted: where it comes too thick (periodic texts, mostly) the
+// rest of the text is left to the two-way matcher, so that every search is linear in pattern and
+// text.
 #pragma once
 #include <cstddef>
 #include <cstdint>
 
 #include "bytes/budget.h"
 #include "bytes/bytes.h"
-#include "bytes/find_pair.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
+#include "search/exact/needle.h"
 #include "search/exact/two_way.h"
 
 namespace vstring::search {
 
-// The occurrences of `pattern` in `text` from left to right, overlapping ones included. The empty
-// pattern occurs nowhere. Both spans must outlive the finder, which allocates nothing.
+// The occurrences of a needle in a text from left to right, overlapping ones included. The empty
+// pattern occurs nowhere. The pattern and the text must outlive the finder, which allocates
+// nothing.
 class Finder {
  public:
   Finder() = default;  // finds nothing until it is started
+  Finder(const Needle& needle, Bytes text) { start(needle, text); }
   Finder(Bytes pattern, Bytes text) { start(pattern, text); }
-  void start(Bytes pattern, Bytes text);
+  void start(const Needle& needle, Bytes text);
+  void start(Bytes pattern, Bytes text) { start(Needle(pattern, text.size()), text); }
 
   // Offset of the next occurrence, or npos.
   std::size_t next();
   // Offset of the next occurrence at `from` or later, or npos.
   std::size_t next_from(std::size_t from);
+  // Appends the offsets of all occurrences that are left.
+  Status collect(HeldArray<std::size_t>& offsets);
 
  private:
-  static constexpr std::size_t kFreeBudget = 1024;
+  bool scan_on();
+  bool occurs_at(std::size_t at);
+  void give_up(std::size_t from);
 
-  std::size_t next_candidate(std::size_t end) const;
-  bool occurs_at(std::size_t at) const;
-
-  Bytes pattern_;
+  Needle needle_;
   Bytes text_;
-  std::size_t at_ = npos;  // the next alignment to try; npos at the end
-  Budget budget_{kFreeBudget};
-  std::size_t rare_ = 0;    // offset of the pair in the pattern
-  BytePair pair_ = {};      // of the pattern's rarest bytes; of a single byte, only the first
-  std::uint64_t head_ = 0;  // the pattern's first bytes, eight at most, and
-  std::uint64_t mask_ = 0;  // all bits of those
+  std::size_t end_ = 0;     // behind the last alignment
+  std::size_t at_ = 0;      // the first alignment that has not been scanned
+  std::size_t base_ = 0;    // of the block scanned last
+  std::uint64_t hits_ = 0;  // the alignments of that block that are left to compare
+  Budget ahead_ = kLookAhead;
+  Budget budget_{0};  // for comparisons
   bool is_two_way_ = false;
   TwoWay two_way_;
 };
