@@ -8,79 +8,26 @@
 namespace vstring_test {
 namespace {
 
+// The parts of a text, which has two blanks between them.
+std::vector<std::string> separate(const std::string& text) {
+  std::vector<std::string> parts;
+  for (std::size_t at = 0, end = 0; end != text.npos; at = end + 2) {
+    end = text.find("  ", at);
+    parts.push_back(text.substr(at, end - at));
+  }
+  return parts;
+}
+
 // Words that commands know: options, classes, keywords, and texts that exercise several families.
-constexpr const char* kWords[] = {
-    "true",
-    "false",
-    "FAIL",
-    "builtin",
-    "last",
-    "binary",
-    "alpha",
-    "digit",
-    "space",
-    "method",
-    "md4",
-    "stemmer",
-    "lancaster",
-    "plural",
-    "prefix",
-    "timestamp",
-    "offset",
-    "words",
-    "characters",
-    "paragraphs",
-    "countbytes",
-    "obeylines",
-    "obeyspaces",
-    "expandtabs",
-    "porter",
-    "[a-c]",
-    "[^:alpha:]",
-    "a*b?[c-]",
-    "(a|b)+c?",
-    "^(a*)b$",
-    "\\1&\\\\",
-    "%1 %-2 %0",
-    "%Y-%m-%d %V %G",
-    "relational",
-    "hello, world",
-    "latin1",
-    "hex",
-    "base64",
-    "base64url",
-    "base32",
-    "rot13",
-    "percent",
-    "quoted",
-    "null",
-    "overlapping",
-    "left",
-    "right",
-    "both",
-    "SHA256",
-    "sha512",
-    "crc32",
-    "match",
-    "mismatch",
-    "gap",
-    "damerau",
-    "osa",
-    "jarowinkler",
-    "tokenset",
-    "grade",
-    "rna",
-    "=C3=A9",
-    "SGVsbG8=",
-    "%41%e9",
-    "\\x41\\102",
-    "caf\303\251",
-    "Dr. No. Yes! It's",
-    "ATGRAYtaa",
-    "((a)[b])",
-    "%d %b %Y %T %z",
-    "31 dec 1969 23:59:59 Z",
-};
+const std::vector<std::string> kWords = separate(
+    "true  false  FAIL  builtin  last  binary  alpha  digit  space  method  md4  stemmer  "
+    "lancaster  plural  prefix  timestamp  offset  words  characters  paragraphs  countbytes  "
+    "obeylines  obeyspaces  expandtabs  porter  [a-c]  [^:alpha:]  a*b?[c-]  (a|b)+c?  "
+    "^(a*)b$  \\1&\\\\  %1 %-2 %0  %Y-%m-%d %V %G  relational  hello, world  latin1  hex  "
+    "base64  base64url  base32  rot13  percent  quoted  null  overlapping  left  right  both  "
+    "SHA256  sha512  crc32  match  mismatch  gap  damerau  osa  jarowinkler  tokenset  grade  "
+    "rna  =C3=A9  SGVsbG8=  %41%e9  \\x41\\102  caf\303\251  Dr. No. Yes! It's  ATGRAYtaa  "
+    "((a)[b])  %d %b %Y %T %z  31 dec 1969 23:59:59 Z");
 
 constexpr std::int64_t kIntegers[] = {
     0,  1,   2,   3,   4,   5,    8,    -1,        -2,        -3,         10,           64,
@@ -88,12 +35,10 @@ constexpr std::int64_t kIntegers[] = {
 
 // Argument kinds that commands ask for: s text, i integer, a 1 to 3, r range, l list of strings, n
 // list of codes, m list of equations, e equation, k word, p procedure, w weights, v anything.
-constexpr const char* kShapes[] = {
-    "",   "s",   "ss",  "sss",  "ssi",  "ssia", "si",   "sii",  "sis", "i",  "l",  "ls",  "sl",
-    "sr", "e",   "es",  "se",   "sie",  "k",    "ik",   "ssw",  "r",   "w",  "sk", "ske", "a",
-    "aa", "as",  "saa", "ksr",  "n",    "ps",   "pvs",  "pa",   "ssk", "sa", "sm", "sma", "aas",
-    "la", "sse", "sla", "ssee", "slak", "sak",  "saks", "sslk", "ssa", "kk",
-};
+const std::vector<std::string> kShapes = separate(
+    "  s  ss  sss  ssi  ssia  si  sii  sis  i  l  ls  sl  sr  e  es  se  sie  k  ik  ssw  r  "
+    "w  sk  ske  a  aa  as  saa  ksr  n  ps  pvs  pa  ssk  sa  sm  sma  aas  la  sse  sla  "
+    "ssee  slak  sak  saks  sslk  ssa  kk");
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
@@ -102,9 +47,7 @@ constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbC
 HostObject RandomArguments::sequence() {
   std::vector<HostObject> items;
   if (below_(2) == 0) {
-    for (const char* kind = kShapes[below_(std::size(kShapes))]; *kind != '\0'; ++kind) {
-      items.push_back(of_kind(*kind));
-    }
+    for (const char kind : kShapes[below_(kShapes.size())]) items.push_back(of_kind(kind));
   } else {
     items.resize(below_(16) == 0 ? below_(15) : below_(5));
     for (HostObject& item : items) item = value(2);
@@ -162,7 +105,7 @@ HostObject RandomArguments::small_integer() {
 }
 
 HostObject RandomArguments::word() {
-  const char* const chosen = kWords[below_(std::size(kWords))];
+  const char* const chosen = kWords[below_(kWords.size())].c_str();
   return below_(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
 }
 
