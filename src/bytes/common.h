@@ -45,4 +45,15 @@ inline std::size_t common_suffix(Bytes a, Bytes b) {
   return i;
 }
 
+// Cuts off what the texts have in common at their starts, then at their ends; returns how much.
+inline std::size_t trim_common_ends(Bytes& a, Bytes& b) {
+  const std::size_t prefix = common_prefix(a, b);
+  a = a.subspan(prefix);
+  b = b.subspan(prefix);
+  const std::size_t suffix = common_suffix(a, b);
+  a = a.first(a.size() - suffix);
+  b = b.first(b.size() - suffix);
+  return prefix + suffix;
+}
+
 }  // namespace vstring

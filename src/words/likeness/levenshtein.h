@@ -17,7 +17,8 @@ namespace vstring::words {
 
 // O(|s| |t| / 64) time, O(|s| d / 64) for a distance d that is small. Two bits for each letter of
 // the shorter word, what the words have in common at their ends left out; no allocation up to 1024
-// letters. Fails only for want of memory.
-Result<std::size_t> levenshtein(Bytes s, Bytes t);
+// letters. A distance above `limit` need not be told apart from others above it. Fails only for
+// want of memory.
+Result<std::size_t> levenshtein(Bytes s, Bytes t, std::size_t limit = npos);
 
 }  // namespace vstring::words
