@@ -582,15 +582,33 @@ VSTRING_COMMAND(vstring_lyndonwords); /* (alphabet, n): Lyndon words of length n
 VSTRING_COMMAND(vstring_tally);   /* (s | [s, ...] [, n]): [thing = number, ...] */
 VSTRING_COMMAND(vstring_entropy); /* (s): bits a letter, as a float */
 VSTRING_COMMAND(vstring_wc);      /* (s): [newlines, tokens, bytes] */
+VSTRING_COMMAND(vstring_edits);   /* (s, t): cigar of the least edits */
+VSTRING_COMMAND(vstring_lcs);     /* (s, t): longest common subsequence */
+VSTRING_COMMAND(
+    vstring_align); /* (s, t [, match = n, mismatch = n, gap = n]): [score, cigar, s, t] */
+VSTRING_COMMAND(vstring_localalign); /* likewise, of factors: [score, i, j, cigar, s, t] */
+VSTRING_COMMAND(vstring_revcomp);    /* (s [, dna | rna]): reverse complement */
+VSTRING_COMMAND(vstring_translate);  /* (s): protein of a nucleotide sequence */
 
 /* Distances and likeness. */
-VSTRING_COMMAND(vstring_hd);          /* (s, t): Hamming distance */
-VSTRING_COMMAND(vstring_leedist);     /* (s, t): Lee distance modulo 256 */
-VSTRING_COMMAND(vstring_leewt);       /* (s): Lee weight modulo 256 */
-VSTRING_COMMAND(vstring_prefixdist);  /* (s, t): prefix distance */
-VSTRING_COMMAND(vstring_suffixdist);  /* (s, t): suffix distance */
-VSTRING_COMMAND(vstring_levenshtein); /* (s, t): Levenshtein distance */
-VSTRING_COMMAND(vstring_editdist);    /* (s, t): |s| + |t| - 2 levenshtein(s, t) */
+VSTRING_COMMAND(vstring_hd);           /* (s, t): Hamming distance */
+VSTRING_COMMAND(vstring_leedist);      /* (s, t): Lee distance modulo 256 */
+VSTRING_COMMAND(vstring_leewt);        /* (s): Lee weight modulo 256 */
+VSTRING_COMMAND(vstring_prefixdist);   /* (s, t): prefix distance */
+VSTRING_COMMAND(vstring_suffixdist);   /* (s, t): suffix distance */
+VSTRING_COMMAND(vstring_levenshtein);  /* (s, t): Levenshtein distance */
+VSTRING_COMMAND(vstring_editdist);     /* (s, t): |s| + |t| - 2 levenshtein(s, t) */
+VSTRING_COMMAND(vstring_damerau);      /* (s, t): Damerau's distance */
+VSTRING_COMMAND(vstring_osa);          /* (s, t): optimal string alignment */
+VSTRING_COMMAND(vstring_indel);        /* (s, t): insertions and deletions */
+VSTRING_COMMAND(vstring_jaro);         /* (s, t): likeness, 0.0 to 1.0 */
+VSTRING_COMMAND(vstring_jarowinkler);  /* (s, t): raised for a common prefix */
+VSTRING_COMMAND(vstring_ratio);        /* (s, t): likeness, 0.0 to 100.0 */
+VSTRING_COMMAND(vstring_partialratio); /* (s, t): best of the shorter with a piece of the longer */
+VSTRING_COMMAND(vstring_tokensort);    /* (s, t): ratio of the sorted tokens */
+VSTRING_COMMAND(vstring_tokenset);     /* (s, t): by the sets of tokens */
+VSTRING_COMMAND(vstring_cosine);       /* (s, t, q): of the numbers of q-grams */
+VSTRING_COMMAND(vstring_closest); /* (word, [s, ...] [, k [, metric]]): [element, value], ... */
 
 /* Randomness and digests. */
 VSTRING_COMMAND(vstring_random);    /* (n [, class]): random string */

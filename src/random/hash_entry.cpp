@@ -13,7 +13,7 @@ using Method = random::Digest (*)(Bytes);
 Method decode_method(const Args& args, HostObject option) {
   const bool is_method = is_equation(option) && is_text(left_side(option)) &&
                          equal(text_of(left_side(option)), "method");
-  if (!is_method) args.raise("invalid option: %1", option);
+  if (!is_method) args.raise(messages::kInvalidOption, option);
   const HostObject value = right_side(option);
   if (!is_text(value)) args.raise("method must be a string, but received %1", value);
   const Bytes name = text_of(value);

@@ -48,6 +48,12 @@ constexpr Argument kKinds[] = {
     {"alphabet", "a string, the letters in their order"},
     {"image", "a string"},
     {"x", "a string, or a list of strings"},
+    {"q", "an integer"},
+    {"list", "a list of strings"},
+    {"metric",
+     "levenshtein, damerau, osa, indel, hamming, jaro, jarowinkler, ratio, partialratio, "
+     "tokensort or tokenset"},
+    {"kind", "dna or rna"},
     {"name0", "a quoted name"},
 };
 

@@ -1,36 +1,11 @@
 #include "words/suffix/factors.h"
 
 #include <algorithm>
-#include <span>
 
-#include "runtime/memory.h"
-#include "words/suffix/suffix_array.h"
+#include "words/suffix/sorted_suffixes.h"
 
 namespace vstring::words {
 namespace {
-
-class SortedSuffixes {
- public:
-  Status sort(Bytes text) {
-    if (!order_.resize(text.size()) || !agreeing_.resize(text.size())) return Status::out_of_memory;
-    const Status status = suffix_array(text, {order_.data(), order_.size()});
-    if (status == Status::ok) {
-      common_prefixes(text, order_.view(), {agreeing_.data(), agreeing_.size()});
-    }
-    return status;
-  }
-
-  std::size_t size() const { return order_.size(); }
-  std::size_t offset(std::size_t rank) const { return static_cast<std::size_t>(order_[rank]); }
-  // Letters that the suffix at `offset` shares with the one sorted just before.
-  std::size_t agreeing(std::size_t offset) const {
-    return static_cast<std::size_t>(agreeing_[offset]);
-  }
-
- private:
-  Buffer<std::int32_t> order_;
-  Buffer<std::int32_t> agreeing_;
-};
 
 // The longest prefix of a suffix of s that begins a suffix of t, over all suffixes of s.
 class LongestMatch {
@@ -88,16 +63,8 @@ Result<std::uint64_t> count_factors(Bytes word, std::size_t length) {
 
 Result<Bytes> longest_common_factor(Bytes s, Bytes t) {
   if (s.empty() || t.empty()) return Bytes{};
-  Buffer<Byte> both;  // the byte between them stands in neither
-  if (s.size() >= kSuffixLimit || !both.resize(s.size() + 1 + t.size())) {
-    return Status::out_of_memory;
-  }
-  const MutableBytes rest = copy_into({both.data(), both.size()}, s);
-  rest[0] = 0;
-  copy_into(rest.subspan(1), t);
-
   SortedSuffixes suffixes;
-  const Status status = suffixes.sort(both.view());
+  const Status status = suffixes.sort(s, t);
   if (status != Status::ok) return status;
   LongestMatch match(s.size() + 1);
   std::size_t agreeing = 0;
