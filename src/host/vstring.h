@@ -579,13 +579,13 @@ VSTRING_COMMAND(vstring_debruijn);    /* (alphabet, n): least de Bruijn word */
 VSTRING_COMMAND(vstring_lyndonwords); /* (alphabet, n): Lyndon words of length n */
 
 /* Sequences, alignment, statistics. */
-VSTRING_COMMAND(vstring_tally);   /* (s | [s, ...] [, n]): [thing = number, ...] */
-VSTRING_COMMAND(vstring_entropy); /* (s): bits a letter, as a float */
-VSTRING_COMMAND(vstring_wc);      /* (s): [newlines, tokens, bytes] */
-VSTRING_COMMAND(vstring_edits);   /* (s, t): cigar of the least edits */
-VSTRING_COMMAND(vstring_lcs);     /* (s, t): longest common subsequence */
-VSTRING_COMMAND(
-    vstring_align); /* (s, t [, match = n, mismatch = n, gap = n]): [score, cigar, s, t] */
+VSTRING_COMMAND(vstring_tally);      /* (s | [s, ...] [, n]): [thing = number, ...] */
+VSTRING_COMMAND(vstring_entropy);    /* (s): bits a letter, as a float */
+VSTRING_COMMAND(vstring_wc);         /* (s): [newlines, tokens, bytes] */
+VSTRING_COMMAND(vstring_edits);      /* (s, t): cigar of the least edits */
+VSTRING_COMMAND(vstring_lcs);        /* (s, t): longest common subsequence */
+VSTRING_COMMAND(vstring_align);      /* (s, t [, match = n, mismatch = n, gap = n]):
+                                        [score, cigar, s, t] */
 VSTRING_COMMAND(vstring_localalign); /* likewise, of factors: [score, i, j, cigar, s, t] */
 VSTRING_COMMAND(vstring_revcomp);    /* (s [, dna | rna]): reverse complement */
 VSTRING_COMMAND(vstring_translate);  /* (s): protein of a nucleotide sequence */

@@ -31,32 +31,40 @@ const std::map<char, Kind> kKinds = {
 const std::pair<const char*, const char*> kCommands[] = {
     {"s", "capitalise leewt length metaphone ord porter reverse stem syllen"},
     {"t",
-     "border borderarray borderlen casesplit expandCharClass isprim issorted lancaster lynfac max "
-     "min minconj monfac period prestem primroot pstem sort soundex"},
+     "border borderarray borderlen bwt casesplit entropy expandCharClass isprim issorted lancaster "
+     "lynfac max min minconj monfac nextperm period prestem primroot pstem repetitions rle sort "
+     "soundex suffixarray translate wc"},
     {"t[r",
      "hasalpha hasalphaNumeric hasascii hasbdigit hascntrl hasdigit hasdna hasgraph hasident "
      "hasident1 haslower hasodigit hasprint haspunct hasspace hasupper hasvowel hasxdigit isalpha "
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
     {"s[r", "explode lowercase uppercase"},
-    {"s[s", "split"},
+    {"s[s", "revcomp split"},
+    {"s[i", "factorcount"},
     {"i", "random randperm"},
+    {"i[s", "fibword thuemorse"},
     {"l", "casejoin join"},
-    {"si", "fill isperiod repeat shift"},
+    {"si", "debruijn fill isperiod lyndonwords repeat shift unbwt"},
+    {"sl[is", "closest"},
     {"sr", "substr"},
     {"ss",
-     "compare compareci conjp editdist has hd isprefix issuffix leedist levenshtein lrpo numboccur "
-     "overlap prefixdist regsplit rrpo search searchx snarf strchr strrchr suffixdist wild"},
+     "align compare compareci conjp damerau editdist edits has hd indel isanagram isprefix "
+     "issuffix "
+     "jaro jarowinkler lcs lcsubstring leedist levenshtein localalign lrpo numboccur osa overlap "
+     "partialratio prefixdist ratio regsplit rrpo search searchx snarf strchr strrchr suffixdist "
+     "tokenset tokensort wild"},
     {"ss[s", "lex revlex shortlex shortrevlex"},
     {"sss", "cap regsub subst substx tr"},
     {"sis", "insert"},
     {"sii", "exchange"},
-    {"ssi", "asearch asearchx hsearch hsearchx psearch psearchx"},
+    {"ii[s", "christoffel"},
+    {"ssi", "asearch asearchx cosine hsearch hsearchx psearch psearchx"},
     {"ssi?", "asearchb asearchxb"},
     {"ss?", "wreathorder wslo"},
-    {"s?", "drop rotate take"},
+    {"s?", "drop morphism rotate take"},
     {"i?", "dictObjSearch"},
-    {"?", "char dictCreate dictObjFree dictObjSize implode"},
+    {"?", "char dictCreate dictObjFree dictObjSize implode tally"},
     {"??", "dictObjGet regmatch regsubs"},
 };
 

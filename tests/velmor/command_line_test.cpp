@@ -326,7 +326,9 @@ TEST_F(CommandLine, Help) {
   expect(
       "$V help '?complement'", 0,
       "  tr               s with every byte found in from replaced by the one at the same position "
-      "of to.\n                     tr(\"ACGT\", \"TGCA\", \"GATTACA\") gives \"CTAATGT\"\n",
+      "of to.\n                     tr(\"ACGT\", \"TGCA\", \"GATTACA\") gives \"CTAATGT\"\n"
+      "  revcomp          The reverse complement of a nucleotide sequence, IUPAC codes included.\n"
+      "                     revcomp(\"GATTACA\") gives \"TGTAATC\"\n",
       "");
   const std::pair<const char*, const char*> searches[] = {{"fuzzy", "\n  asearch "},
                                                           {"mismatch", "  hsearch "},

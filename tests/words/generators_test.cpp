@@ -86,7 +86,6 @@ TEST(Arrangements, ValuesAndRefusals) {
       {R"(length(morphism("a", ["a" = "aa"], 14)))", "16384"},
   });
   CheckRefusals({
-      {"argument must be a string", "nextperm(5); rle([a])"},
       {"second argument must be a list of equations",
        R"(morphism("a", {"a" = "b"}); morphism("a", "a" = "b"); morphism("a", [7 = 8, 9], x))"},
       {"left sides of equations must be one-byte strings",
@@ -115,11 +114,8 @@ TEST(Generators, ValuesAndRefusals) {
       {R"(length(debruijn("01", 13)), debruijn("\377\001", 1))", R"(8192, "\377\001")"},
   });
   CheckRefusals({
-      {"first argument must be a 32-bit integer",
-       R"(fibword("1"); thuemorse(a, 7); christoffel(2147483648, x))"},
       {"first argument must be non-negative", "fibword(-1, 7); thuemorse(-1); christoffel(-1, x)"},
       {"second argument must be non-negative", "christoffel(1, -1)"},
-      {"second argument must be a string", "fibword(1, 2); thuemorse(1, 2)"},
       {"second argument must have 2 bytes", R"(fibword(2147483647, "abc"); fibword(0, ""))"},
       {"second argument must have at least 2 bytes", R"(thuemorse(2147483647, "a"))"},
       {"third argument must have 2 bytes", R"(christoffel(1, 1, "abc"))"},
@@ -130,8 +126,6 @@ TEST(Generators, ValuesAndRefusals) {
        "fibword(2147483647); thuemorse(1073741825); christoffel(1073741824, 1); "
        R"(christoffel(2147483647, 2147483647); debruijn("01", 31); debruijn("abc", 2147483647); )"
        R"(lyndonwords("ab", 29); lyndonwords("abc", 2147483647))"},
-      {"expecting one argument, but got 0", "fibword(); thuemorse()"},
-      {"expecting 2 arguments, but got 1", R"(christoffel(7); debruijn("a"); lyndonwords(7))"},
   });
 }
 

@@ -43,5 +43,42 @@ TEST(LargeWords, PowersAndDistances) {
   EXPECT_EQ("0", within(kLittle, vstring_hd, {w, w}));
 }
 
+// The transform of a Fibonacci word is sorted, b before a (S. Mantaci, A. Restivo, M. Sciortino,
+// "Burrows-Wheeler transform and Sturmian words", 2003), and it has n + 1 factors of each length
+// n that is not too long.
+void check_suffixes(std::size_t n, std::size_t letters_b) {
+  const std::size_t cells = 4 * n + 64;
+  const std::string w = fibonacci_word(n);
+  const std::string last = std::string(letters_b, 'b') + std::string(n - letters_b, 'a');
+  const std::string transform = within(cells, vstring_bwt, {w});
+  EXPECT_EQ(quoted(last), transform.substr(1, n + 2));
+  EXPECT_EQ("1001", within(cells, vstring_factorcount, {w, 1000}));
+  const std::int64_t row = std::stoll(transform.substr(n + 5));
+  EXPECT_EQ(quoted(w), within(cells, vstring_unbwt, {last, row}));
+  EXPECT_EQ(quoted(w.substr(0, n / 2)),
+            within(cells, vstring_lcsubstring, {w.substr(0, n / 2), w.substr(0, n / 2)}));
+}
+
+TEST(LargeWords, Suffixes) { check_suffixes(121393, 46368); }
+
+TEST(LargeWordsLongTier, SuffixesOf100MB) { check_suffixes(102334155, 39088169); }
+
+// The same alignment is chosen from bit vectors and from a table of scores, and its cost is the
+// distance.
+void check_alignment(std::size_t n) {
+  const std::size_t linear = 32 * n + 65536;
+  const std::string s = random_word(n, 4, 1);
+  const std::string t = random_word(n - n / 100, 4, 2);
+  const std::string edits = within(linear, vstring_edits, {s, t});
+  const std::string distance = call(vstring_levenshtein, {s, t});
+  const std::string alignment = within(linear, vstring_align, {s, t, equation("match", 0)});
+  EXPECT_EQ("[-" + distance + ", " + edits + ", ",
+            alignment.substr(0, distance.size() + edits.size() + 6));
+}
+
+TEST(LargeWords, Alignments) { check_alignment(3000); }
+
+TEST(LargeWordsLongTier, AlignmentOf100KB) { check_alignment(100000); }
+
 }  // namespace
 }  // namespace vstring_test
