@@ -170,6 +170,23 @@ constexpr Keywords kRows[] = {
     {"christoffel", "slope sturmian"},
     {"debruijn", "cyclic sequence necklace"},
     {"lyndonwords", "necklaces generate list"},
+    {"edits", "alignment cigar diff levenshtein path"},
+    {"lcs", "longest common subsequence diff"},
+    {"align", "alignment global needleman wunsch cigar"},
+    {"localalign", "alignment local smith waterman cigar"},
+    {"revcomp", "reverse complement dna rna nucleotide"},
+    {"translate", "protein codon genetic code dna rna amino acid"},
+    {"damerau", "edit distance transposition levenshtein"},
+    {"osa", "optimal string alignment transposition edit distance"},
+    {"indel", "insertions deletions edit distance lcs"},
+    {"jaro", "similarity names record linkage"},
+    {"jarowinkler", "similarity names record linkage winkler"},
+    {"ratio", "similarity fuzzy likeness"},
+    {"partialratio", "similarity fuzzy likeness substring"},
+    {"tokensort", "similarity fuzzy likeness words"},
+    {"tokenset", "similarity fuzzy likeness words"},
+    {"cosine", "similarity q-grams n-grams vector"},
+    {"closest", "nearest fuzzy spelling suggestion similarity"},
 };
 // clang-format on
 
