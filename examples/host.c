@@ -9,7 +9,7 @@
 #include <vstring.h>
 
 typedef HostObject (*Command)(const HostTable* host, HostObject argseq);
-enum { TAG_SEQUENCE = 0x1e, HEAP_WORDS = 1 << 20, MAX_NAMES = 1000 };
+enum { TAG_FLOAT = 0x03, TAG_SEQUENCE = 0x1e, HEAP_WORDS = 1 << 20, MAX_NAMES = 1000 };
 
 /* ---- Reading and printing objects: into a buffer, which cuts off what is too long ---- */
 static uintptr_t* words_of(HostObject object) { return (uintptr_t*)object; }
@@ -35,6 +35,13 @@ static void put_object(HostObject object) {
     put("\""), put(text_of(object)), put("\"");
   } else if (tag_of(object) == HOST_TAG_NAME) {
     put(text_of(object));
+  } else if (tag_of(object) == TAG_FLOAT) {
+    double value;
+    memcpy(&value, words_of(object) + 1, sizeof value);
+    snprintf(digits, sizeof digits, "%.15g", value);
+    put(digits);
+  } else if (tag_of(object) == HOST_TAG_EQUATION) {
+    put_object(words_of(object)[1]), put(" = "), put_object(words_of(object)[2]);
   } else if (tag_of(object) == HOST_TAG_LIST) {
     put("["), put_object(words_of(object)[1]), put("]");
   } else if (tag_of(object) == TAG_SEQUENCE) {
@@ -94,6 +101,20 @@ static HostObject new_list(int64_t n) {
   const HostObject list = new_object(HOST_TAG_LIST, 2);
   words_of(list)[1] = new_sequence(n);
   return list;
+}
+
+static HostObject new_float(double value) {
+  const HostObject object = new_object(TAG_FLOAT, 2);
+  memcpy(words_of(object) + 1, &value, sizeof value);
+  return object;
+}
+
+static HostObject new_equation(const char* op, HostObject left, HostObject right) {
+  const HostObject equation = new_object(HOST_TAG_EQUATION, 3);
+  (void)op; /* always "=" */
+  words_of(equation)[1] = left;
+  words_of(equation)[2] = right;
+  return equation;
 }
 
 static HostObject new_name(const char* text, int64_t global) { /* one object for each text */
@@ -161,8 +182,10 @@ static const HostTable table = {.HostAssign = assign,
                                 .HostToBoolean = to_boolean,
                                 .HostNewExpSeq = new_sequence,
                                 .HostNewInteger = new_integer,
+                                .HostNewFloat = new_float,
                                 .HostNewName = new_name,
                                 .HostNull = null,
+                                .HostNewExpr = new_equation,
                                 .HostNewString = new_string,
                                 .HostQuote = quote,
                                 .HostUserInfo = user_info,
@@ -198,6 +221,8 @@ int main(void) {
   call("begins with ban", vstring_isprefix, 2, new_string("ban"), banana);
   const HostObject factors = call("factors", vstring_lynfac, 1, banana);
   call("message", vstring_fmtmsg, 3, new_string("%1 is made of %2"), banana, factors);
+  call("letters", vstring_tally, 1, banana);
+  call("entropy", vstring_entropy, 1, new_string("abcd"));
   call("refused", vstring_take, 2, banana, new_integer(-1));
   call("too few", vstring_take, 1, banana);
   vstringRelease(&table); /* the library keeps nothing of this heap: it may go */

@@ -69,6 +69,7 @@ HostObject vstring_morphism(const HostTable* host, HostObject argseq) {
   const words::Morphism morphism = morphism_of(args, 2);
   const std::int32_t n = args.has(3) ? args.non_negative(3) : 1;
   if (n > kHighestPower) args.raise("third argument is too large");
+  if (n == 0) return args.object(1);
   HeldArray<Byte> image;
   const Status status = morphism.apply(word, static_cast<std::size_t>(n), kLongestMade, image);
   if (status == Status::refused) args.raise(messages::kResultTooLong);
