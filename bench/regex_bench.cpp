@@ -1,6 +1,6 @@
-// Regular expressions beside PCRE2 with its compiler and RE2: first match, absence, all matches and
-// replacing them all, in a megabyte of prose and one of source code; and patterns that backtracking
-// does not survive. By engine, without the host.
+// Regular expressions beside PCRE2 with its compiler, RE2 and Hyperscan: first match, absence, all
+// matches and replacing them all, in a megabyte of prose and one of source code; and patterns that
+// backtracking does not survive. By engine, without the host.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -15,6 +15,9 @@
 #endif
 #ifdef VSTRING_PEER_RE2
 #include <re2/re2.h>
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+#include <hs.h>
 #endif
 
 namespace {
@@ -54,6 +57,9 @@ constexpr Pattern kPatterns[] = {
     {"alternatives", "license|software|patent", licences},
     {"ending", "[a-z]+ing", licences},
     {"between", "the ([a-z]+) of", licences},
+    {"pair", "([A-Za-z]+) ([A-Za-z]+)", licences},
+    {"letters", "(a|e|i)(b|c|d|n|s)", licences},
+    {"last", "[a-z]+$", licences},
     {"number", "[0-9]+", source},
     {"call", "([A-Za-z_]+) *\\(", source},
     {"comment", "/\\*[^*]*\\*/", source},
@@ -173,6 +179,39 @@ class Re2 {
 };
 #endif
 
+#ifdef VSTRING_PEER_HYPERSCAN
+// Tells only that there is a match, and where it ends.
+class Hyperscan {
+ public:
+  explicit Hyperscan(const std::string& pattern) {
+    hs_compile_error_t* error = nullptr;
+    hs_compile(pattern.c_str(), HS_FLAG_DOTALL | HS_FLAG_SINGLEMATCH | HS_FLAG_ALLOWEMPTY,
+               HS_MODE_BLOCK, nullptr, &database_, &error);
+    hs_free_compile_error(error);
+    if (database_ != nullptr) hs_alloc_scratch(database_, &scratch_);
+  }
+  ~Hyperscan() {
+    hs_free_scratch(scratch_);
+    hs_free_database(database_);
+  }
+  Hyperscan(const Hyperscan&) = delete;
+  Hyperscan& operator=(const Hyperscan&) = delete;
+
+  bool first(const std::string& text) const {
+    const auto stop = [](unsigned, unsigned long long, unsigned long long, unsigned, void*) {
+      return 1;
+    };
+    return database_ != nullptr &&
+           hs_scan(database_, text.data(), static_cast<unsigned>(text.size()), 0, scratch_, stop,
+                   nullptr) == HS_SCAN_TERMINATED;
+  }
+
+ private:
+  hs_database_t* database_ = nullptr;
+  hs_scratch_t* scratch_ = nullptr;
+};
+#endif
+
 template <typename Engine>
 void add(const std::string& engine) {
   const auto name = [&](const char* job, const char* pattern) {
@@ -193,9 +232,11 @@ void add(const std::string& engine) {
     job("first", pattern.text, [](const Engine& e, const std::string& t) { return e.first(t); });
     job("absent", "(" + std::string(pattern.text) + ")\1",
         [](const Engine& e, const std::string& t) { return e.first(t); });
-    job("all", pattern.text, [](const Engine& e, const std::string& t) { return e.all(t); });
-    job("replace", pattern.text,
-        [](const Engine& e, const std::string& t) { return e.replace(t); });
+    if constexpr (requires(Engine e, std::string t) { e.replace(t); }) {
+      job("all", pattern.text, [](const Engine& e, const std::string& t) { return e.all(t); });
+      job("replace", pattern.text,
+          [](const Engine& e, const std::string& t) { return e.replace(t); });
+    }
   }
   // Refused for want of a byte, or only after all has been tried.
   for (const char* const worst : {"(a|aa)+b", "(a+a+)+[yz]", "((a|b)*c)*[de]", "(a|aa)+(b|c)",
@@ -215,6 +256,9 @@ void add(const std::string& engine) {
 #endif
 #ifdef VSTRING_PEER_RE2
   add<Re2>("re2");
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+  add<Hyperscan>("hyperscan");
 #endif
   return true;
 }();
