@@ -42,14 +42,27 @@ inline bool is_equation(HostObject object) { return tag_of(object) == HOST_TAG_E
 // A string or a name: what counts as a string wherever one is asked for.
 inline bool is_text(HostObject object) { return is_string(object) || is_name(object); }
 
-// Bytes of a string or name. The length follows from the header and the zero bytes that fill the
-// last word, without a scan of the text.
+// How many bytes of a word stand before its first zero byte. Requires one. (A. Mycroft's test, of
+// 1987: the lowest bit that it sets is exact.)
+inline std::size_t bytes_before_zero(std::uint64_t word) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  const std::uint64_t zeros = (word - kOnes) & ~word & (kOnes << 7);
+  return static_cast<std::size_t>(std::countr_zero(zeros)) / 8;
+}
+
+// Bytes of a string or name. The length follows from the header and the last word, which holds the
+// terminator, without a scan of the text; whatever stands behind the terminator does not count.
+// Only where the host may have rounded the object's size up is the text scanned.
 inline Bytes text_of(HostObject object) {
   const std::uint64_t* const words = words_of(object);
   const std::size_t n = word_count(object);
   if (n <= kTextWord) return bytes_of("");
-  const auto padding = static_cast<std::size_t>(std::countl_zero(words[n - 1])) / 8;
-  return {reinterpret_cast<const Byte*>(words + kTextWord), 8 * (n - kTextWord) - padding};
+  const auto* const text = reinterpret_cast<const Byte*>(words + kTextWord);
+  const std::size_t before = 8 * (n - kTextWord - 1);
+  const std::size_t last = bytes_before_zero(words[n - 1]);
+  if (last == 0 && before > 0 && text[before - 1] == 0) [[unlikely]]
+    return bytes_of(chars(text));
+  return {text, before + last};
 }
 
 // The same text as the host stores it, NUL-terminated.

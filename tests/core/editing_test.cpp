@@ -79,7 +79,8 @@ TEST(Editing, ReturnsTheArgumentItself) {
                   "exchange(x, 1, 2); shift(x, 0); reverse(x)"}});
 }
 
-// 2^34 bytes times 2^30 is no size at all. The text is a header and pages that are never touched.
+// 2^34 bytes times 2^30 is no size at all. The text is a header, its last byte, and pages that are
+// never touched.
 TEST(Editing, RepeatBeyondAllSizes) {
   constexpr std::uint64_t kTextBytes = std::uint64_t{1} << 34;
   constexpr std::uint64_t kWords = kTextBytes / 8 + 4;  // three before the text, one after it
@@ -87,6 +88,7 @@ TEST(Editing, RepeatBeyondAllSizes) {
                            MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   ASSERT_NE(MAP_FAILED, block);
   *static_cast<std::uint64_t*>(block) = std::uint64_t{HOST_TAG_STRING} << 32 | kWords;
+  static_cast<char*>(block)[8 * (kWords - 1) - 1] = 'x';
   VelmorHeap* const heap = velmor_heap_new();
   const HostObject arguments[] = {reinterpret_cast<HostObject>(block),
                                   velmor_integer(heap, 1 << 30)};

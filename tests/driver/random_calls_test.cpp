@@ -17,9 +17,10 @@ constexpr std::size_t kMemoryLimit = std::size_t{1} << 21;
 
 // What is wrong with so many calls, the first of it. Some commands write to the process's own
 // streams.
-std::string run(std::size_t calls) {
+std::string run(std::size_t calls, std::size_t rounding = 1, unsigned char filler = 0) {
   std::mt19937 engine(20260117);
   RandomCalls random([&](std::size_t n) { return engine() % n; });
+  velmor_set_text_layout(random.heap(), rounding, filler);
   std::string problem;
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
@@ -43,6 +44,16 @@ TEST(RandomCalls, AreSound) {
   const std::size_t before = live_blocks();
   EXPECT_EQ("", run(calls));
   EXPECT_EQ(before, live_blocks());
+  limit_allocation(limit);
+}
+
+// Objects of sizes rounded up, and memory behind a terminator that is not cleared: what is printed
+// is the same.
+TEST(RandomCalls, AreSoundWhateverStandsBehindATerminator) {
+  const std::size_t limit = limit_allocation(kMemoryLimit);
+  EXPECT_EQ("", run(20000, 8));
+  EXPECT_EQ("", run(20000, 1, 'x'));
+  EXPECT_EQ("", run(20000, 1, 0xff));
   limit_allocation(limit);
 }
 

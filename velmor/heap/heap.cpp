@@ -14,15 +14,21 @@
 namespace velmor {
 namespace {
 
-// Writes header, empty slots, text and padding over `length` words.
-void lay_out_text(std::uint64_t* object, int tag, std::size_t length, std::string_view text) {
-  object[length - 1] = 0;
-  object[0] = header(tag, length);
-  object[1] = object[2] = 0;
-  if (!text.empty()) std::memcpy(object + kTextWord, text.data(), text.size());
+std::size_t words_for_text(std::string_view text, const TextLayout& layout) {
+  const std::size_t needed = kTextWord + text.size() / 8 + 1;
+  return (needed + layout.multiple - 1) / layout.multiple * layout.multiple;
 }
 
-std::size_t words_for_text(std::string_view text) { return kTextWord + text.size() / 8 + 1; }
+// Writes header, empty slots, text and what follows it over `length` words.
+void lay_out_text(std::uint64_t* object, int tag, std::size_t length, std::string_view text,
+                  const TextLayout& layout) {
+  object[0] = header(tag, length);
+  object[1] = object[2] = 0;
+  auto* const bytes = reinterpret_cast<char*>(object + kTextWord);
+  if (!text.empty()) std::memcpy(bytes, text.data(), text.size());
+  std::memset(bytes + text.size(), layout.filler, 8 * (length - kTextWord) - text.size());
+  bytes[text.size()] = '\0';
+}
 
 }  // namespace
 
@@ -71,18 +77,18 @@ HostObject Heap::floating(double value) {
 
 HostObject Heap::string(std::string_view text) {
   text = text.substr(0, text.find('\0'));
-  const std::size_t length = words_for_text(text);
+  const std::size_t length = words_for_text(text, text_layout);
   std::uint64_t* object = allocate(HOST_TAG_STRING, length);
-  lay_out_text(object, HOST_TAG_STRING, length, text);
+  lay_out_text(object, HOST_TAG_STRING, length, text, text_layout);
   return object_of(object);
 }
 
 HostObject Heap::name(std::string_view text) {
   text = text.substr(0, text.find('\0'));
   if (const auto found = names_.find(text); found != names_.end()) return found->second;
-  const std::size_t length = words_for_text(text);
+  const std::size_t length = words_for_text(text, text_layout);
   std::uint64_t* object = blocks_.take(length);
-  lay_out_text(object, HOST_TAG_NAME, length, text);
+  lay_out_text(object, HOST_TAG_NAME, length, text, text_layout);
   const HostObject name = object_of(object);
   try {
     names_.emplace(text_view(name), name);

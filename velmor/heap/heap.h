@@ -28,6 +28,13 @@ class CountedObjects {
   std::unordered_map<HostObject, std::size_t> counts_;
 };
 
+// The size of a text's object in words is a multiple of this, and what follows the terminator is
+// so.
+struct TextLayout {
+  std::size_t multiple = 1;
+  unsigned char filler = 0;
+};
+
 // What makes an object throws std::bad_alloc, or std::length_error when the header cannot state
 // its length.
 class Heap {
@@ -54,6 +61,8 @@ class Heap {
     return record(kTagProcedure, {text, data});
   }
   HostObject quoted(HostObject object) { return record(kTagQuoted, {object}); }
+
+  TextLayout text_layout;
 
   HostObject null() const { return null_; }
   HostObject boolean(std::int64_t value) const;  // 0 false, -1 FAIL, else true

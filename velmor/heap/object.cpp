@@ -1,15 +1,10 @@
 #include "object.h"
 
-#include <bit>
+#include <cstring>
 
 namespace velmor {
 
-std::size_t text_length(HostObject object) {
-  const std::size_t length = length_in_words(object);
-  const std::uint64_t last = words(object)[length - 1];
-  // Little-endian: the zero bytes at the end of the word are the leading zeros of its value.
-  return 8 * (length - kTextWord) - static_cast<std::size_t>(std::countl_zero(last)) / 8;
-}
+std::size_t text_length(HostObject object) { return std::strlen(text_of(object)); }
 
 std::span<HostObject> references(HostObject object) {
   switch (tag_of(object)) {

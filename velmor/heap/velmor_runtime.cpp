@@ -204,6 +204,10 @@ const char* velmor_faults(const VelmorHeap* heap) { return heap->faults.c_str();
 
 void velmor_clear_faults(VelmorHeap* heap) { heap->faults.clear(); }
 
+void velmor_set_text_layout(VelmorHeap* heap, size_t words, unsigned char filler) {
+  heap->objects.text_layout = {words, filler};
+}
+
 void velmor_set_attribute(VelmorHeap* heap, HostObject name, HostObject value) {
   heap->objects.set_attribute(name, value);
 }

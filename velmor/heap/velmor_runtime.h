@@ -121,6 +121,9 @@ size_t velmor_operation_count(const VelmorHeap* heap); /* of those operations, e
  * of the wrong kind handed to an operation), a line each; empty when there were none. */
 const char* velmor_faults(const VelmorHeap* heap);
 void velmor_clear_faults(VelmorHeap* heap);
+/* Makes texts as hosts do that are less strict: objects rounded up to a multiple of `words` words,
+ * the added ones 0, or, with words = 1, `filler` in every byte behind the terminator. */
+void velmor_set_text_layout(VelmorHeap* heap, size_t words, unsigned char filler);
 /* Fills the attribute slot of a name (word 2 of the object), which is 0 otherwise. */
 void velmor_set_attribute(VelmorHeap* heap, HostObject name, HostObject value);
 
