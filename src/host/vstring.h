@@ -1,13 +1,20 @@
 /* vstring: string processing for computer-algebra hosts.
  *
- * This is the library's whole public interface, for C and C++. A host
- *   1. fills a HostTable with its own operations,
- *   2. resolves the commands it wants by name (dlsym),
- *   3. calls each as  HostObject vstring_x(const HostTable *, HostObject argseq).
+ * This is the library's whole public interface, for C and C++, and all that a host author must
+ * know. A host
+ *   1. lays its objects out as described below,
+ *   2. fills a HostTable with its own operations,
+ *   3. links with the library, or loads it and resolves the commands that it wants by name (dlsym),
+ *   4. calls each as  HostObject vstring_x(const HostTable *, HostObject argseq).
  *
- * Every command reads its arguments in place, checks them in order, and either returns a new host
- * object or raises through HostError, which never returns. Texts are bytes ended by a zero byte;
- * positions are 1-based, -1 is the last byte. One thread at a time. */
+ * A command reads its arguments in place, checks them in order, ignores surplus ones, and either
+ * returns a host object or raises through HostError. It changes no argument; where it says that it
+ * returns an argument, that is the object itself. Texts are bytes from 1 to 255, ended by a zero
+ * byte; positions count from 1, and -1 is the last byte.
+ *
+ * Compatibility: within 5.x functions are added, and nothing that is declared here changes its
+ * meaning; positions of the table never move, and those marked "not called" may be called later.
+ * 64-bit little-endian only. */
 #ifndef VSTRING_H
 #define VSTRING_H
 
@@ -25,16 +32,34 @@
 extern "C" {
 #endif
 
+/* The version of this header; vstringVersion tells that of the library. */
+#define VSTRING_VERSION_MAJOR 5
+#define VSTRING_VERSION_MINOR 0
+#define VSTRING_VERSION_PATCH 0
+
 /* ---- Host objects ---------------------------------------------------------------------------
  *
- * A word whose lowest bit is set is an immediate integer; its sign is the word's sign. Any other
- * word points to an object that begins with a header word: bits 0..31 hold the length in 64-bit
- * words (header included), bits 32..37 the tag.
+ * A HostObject is one machine word. If its lowest bit is set it is the integer v with the word
+ * 2v + 1. Any other word but 0, which is no object, points to an object that begins with a header
+ * word: bits 0 to 31 hold the object's length in 64-bit words, the header included; bits 32 to 37
+ * the tag; the other bits are the host's. The words after it:
  *
- * Strings and names hold their NUL-terminated text from word 3 on; the last word holds the
- * terminator and zero padding. In an expression sequence, word i holds element i (1-based); word 1
- * of a list or set points to such a sequence. Words 1 and 2 of an equation or range are its sides.
- */
+ *   string, name   text of n bytes from word 3 on, a zero byte, then zero bytes to the end. No zero
+ *                  byte within the text. The length is 3 + n/8 + 1 words, rounded down. Hosts may
+ *                  round it up if they clear what that adds, or leave what follows the zero byte in
+ *                  the last word as it was, but not both.
+ *                  Words 1 and 2 of a string, and word 1 of a name, are the host's. Word 2 of a
+ * name holds 0 or an object (its attribute). Unless that has tag 0x1e and length 1, the name has a
+ * spelling of its own, which `fmtmsg` asks the host for; a word with its lowest bit set is ignored.
+ *   expression sequence   word i is element i, from 1 to length - 1; any tag
+ *   list, set      word 1: the expression sequence of the elements
+ *   range a .. b, equation a = b   word 1: a, word 2: b
+ *   anything else  whatever the host likes
+ *
+ * true, false and FAIL are names with these texts. Lists are immutable: one that was read may be
+ * remembered by its address. An object stays in its place while a command runs that can reach it
+ * from its arguments, or made it (a collector that moves objects pins them, or does not run
+ * meanwhile), and for as long as it is protected. A text lives as long as its object. */
 typedef uintptr_t HostObject;
 
 enum {
@@ -52,78 +77,139 @@ enum {
 
 /* ---- The host function table ----------------------------------------------------------------
  *
- * Position N is the N-th machine word, counted from 0. The library never calls an unlisted
- * position. Operations marked (raises) may leave by longjmp or a C++ exception; so may any that
- * allocates. Truth values are 0 or not 0. */
+ * Position N is the N-th machine word, counted from 0. An unlisted position is never called and may
+ * hold anything, and so may those marked "not called"; all others must be filled. (vstringVersion
+ * calls HostNewInteger alone.) Truth values are 0 or not 0. A table stays as it is during a call. A
+ * host may use several, as long as all lead to the same heap: an object that was protected through
+ * one may be allowed through another. Before another heap is used, vstringRelease lets go of what
+ * is kept of the first.
+ *
+ * Raising. HostError never returns: it leaves the command by longjmp or by a C++ exception, and so
+ * may every operation marked (r). Nothing leaks, whichever way is taken, and the library is in
+ * order for the next call: what the abandoned one held is let go of by the next command that begins
+ * at the same depth of the stack or above. The library holds no locks.
+ *
+ * Nesting. An operation may call commands while the command that called it waits: from a
+ * finaliser, or from a procedure that is evaluated. It does so on the stack of the command that
+ * waits, and has returned from them when it returns. A text that is handed to an operation is good
+ * until the operation returns, whatever it calls.
+ *
+ * Threads. One call at a time in the whole process. The calls of a sequence may come from different
+ * threads; a command that waits and the commands called meanwhile may not, nor may a command begin
+ * on one stack and go on on another (a coroutine). */
 typedef void (*HostUnlisted)(void);
 
+/* clang-format off */
 typedef struct HostTable {
   HostUnlisted unlisted0[2];
-  void (*HostAssign)(HostObject name, HostObject value); /*   2 */
+  /*   2 (r) Assigns a value to a name: `regmatch` does. */
+  void (*HostAssign)(HostObject name, HostObject value);
   HostUnlisted unlisted3[2];
-  void (*HostError)(const char* message, ...);      /*   5: never returns */
-  HostObject (*HostSeqToList)(HostObject sequence); /*   6 */
+  /*   5 (r) Raises the message, to be copied before the call is left, with %1 to %3 replaced by the
+   *   HostObjects that follow it (as many as it asks for), in the host's syntax, and %-1 to %-3 by
+   *   ordinal words. Never returns. */
+  void (*HostError)(const char* message, ...);
+  /*   6 not called */
+  HostObject (*HostSeqToList)(HostObject sequence);
   HostUnlisted unlisted7[2];
-  HostObject (*HostEvalProc)(HostObject procedure, int64_t n, ...); /*   9 */
+  /*   9 (r) The value of a procedure for n objects that follow. Called by `fmtmsg` alone, and with
+   *   n = 2: the name `convert`, of any object, quoted, and the name `string`, quoted; the name
+   *   `sprintf`, of the string "%a" and a name. Both must give a string or name, the text. */
+  HostObject (*HostEvalProc)(HostObject procedure, int64_t n, ...);
   HostUnlisted unlisted10[4];
-  int (*HostIsInteger)(HostObject object); /*  14 */
+  /*  14 Whether it is an integer of any size. */
+  int (*HostIsInteger)(HostObject object);
   HostUnlisted unlisted15[2];
-  int (*HostIsInteger32)(HostObject object); /*  17 */
+  /*  17 Whether it is an integer from -2^31 to 2^31 - 1. */
+  int (*HostIsInteger32)(HostObject object);
   HostUnlisted unlisted18[2];
-  int (*HostIsName)(HostObject object); /*  20 */
+  /*  20 not called */
+  int (*HostIsName)(HostObject object);
   HostUnlisted unlisted21[4];
-  int (*HostIsRTable)(HostObject object); /*  25 */
-  int (*HostIsString)(HostObject object); /*  26 */
+  /*  25 not called */
+  int (*HostIsRTable)(HostObject object);
+  /*  26 Whether it is a string; not for a name. */
+  int (*HostIsString)(HostObject object);
   HostUnlisted unlisted27[3];
-  HostObject (*HostNewList)(int64_t n);                                   /*  30 */
-  void (*HostListAssign)(HostObject list, int64_t i, HostObject element); /*  31 */
+  /*  30 (r) A new list of n elements, 0 or more, which HostListAssign fills in. */
+  HostObject (*HostNewList)(int64_t n);
+  /*  31 Makes it element i, from 1 to n, of a list that HostNewList gave. */
+  void (*HostListAssign)(HostObject list, int64_t i, HostObject element);
   HostUnlisted unlisted32[1];
-  void (*HostGcAllow)(HostObject object);   /*  33 */
-  void (*HostGcProtect)(HostObject object); /*  34 */
+  /*  33 Ends one HostGcProtect of the object. Must not raise. */
+  void (*HostGcAllow)(HostObject object);
+  /*  34 (r) Keeps the object, and what it leads to, alive and in its place until HostGcAllow has
+   *   been called as often: they count. */
+  void (*HostGcProtect)(HostObject object);
   HostUnlisted unlisted35[7];
-  int32_t (*HostToInteger32)(HostObject integer); /*  42 */
+  /*  42 Its value; asked of what HostIsInteger32 has said yes to. */
+  int32_t (*HostToInteger32)(HostObject integer);
   HostUnlisted unlisted43[4];
-  char* (*HostToCString)(HostObject string); /*  47 */
-  int64_t (*HostNumArgs)(HostObject argseq); /*  48 */
+  /*  47 not called */
+  char* (*HostToCString)(HostObject string);
+  /*  48 How many elements an argument sequence has. */
+  int64_t (*HostNumArgs)(HostObject argseq);
   HostUnlisted unlisted49[6];
-  HostObject (*HostRTableCreate)(void* settings, ...);              /*  55 */
-  void* (*HostRTableData)(HostObject rtable);                       /*  56 */
-  void (*HostRTableSettings)(void* settings);                       /*  57 */
-  void (*HostRTableGetSettings)(void* settings, HostObject rtable); /*  58 */
+  /*  55 to 63 not called */
+  HostObject (*HostRTableCreate)(void* settings, ...);
+  void* (*HostRTableData)(HostObject rtable);
+  void (*HostRTableSettings)(void* settings);
+  void (*HostRTableGetSettings)(void* settings, HostObject rtable);
   HostUnlisted unlisted59[4];
-  int64_t (*HostRTableNumElements)(HostObject rtable); /*  63 */
+  int64_t (*HostRTableNumElements)(HostObject rtable);
   HostUnlisted unlisted64[21];
-  HostObject (*HostToBoolean)(int64_t value); /*  85: 0 false, 1 true, -1 FAIL */
+  /*  85 The name true for 1, false for 0, FAIL for -1. */
+  HostObject (*HostToBoolean)(int64_t value);
   HostUnlisted unlisted86[3];
-  HostObject (*HostNewExpSeq)(int64_t n);      /*  89 */
-  HostObject (*HostNewSeqOf)(int64_t n, ...);  /*  90 */
-  HostObject (*HostNewInteger)(int64_t value); /*  91 */
+  /*  89 (r) A new expression sequence of n elements, 1 or more. The library itself writes element i
+   *   to word i, one after another, and makes the next one in between: a collector that runs
+   *   meanwhile must find objects, or what it passes over, in the words not written yet. */
+  HostObject (*HostNewExpSeq)(int64_t n);
+  /*  90 not called */
+  HostObject (*HostNewSeqOf)(int64_t n, ...);
+  /*  91 (r) An integer. */
+  HostObject (*HostNewInteger)(int64_t value);
   HostUnlisted unlisted92[1];
-  HostObject (*HostNewFloat)(double value);                    /*  93 */
-  HostObject (*HostNewName)(const char* text, int64_t global); /*  94 */
-  HostObject (*HostNull)(void);                                /*  95 */
+  /*  93 (r) A float. */
+  HostObject (*HostNewFloat)(double value);
+  /*  94 (r) The global name with this text; `global` is 1. */
+  HostObject (*HostNewName)(const char* text, int64_t global);
+  /*  95 The empty expression sequence, NULL: what a command without a value returns. */
+  HostObject (*HostNull)(void);
   HostUnlisted unlisted96[2];
-  HostObject (*HostNewExpr)(const char* op, HostObject left, HostObject right); /*  98 */
-  HostObject (*HostNewString)(const char* text);                                /*  99: copies */
-  HostObject (*HostQuote)(HostObject object);                                   /* 100 */
+  /*  98 (r) An equation; `op` is "=". */
+  HostObject (*HostNewExpr)(const char* op, HostObject left, HostObject right);
+  /*  99 (r) A new string with a copy of this text. */
+  HostObject (*HostNewString)(const char* text);
+  /* 100 (r) An object that HostEvalProc hands on as this one, without evaluating it. */
+  HostObject (*HostQuote)(HostObject object);
   HostUnlisted unlisted101[1];
-  void (*HostUserInfo)(int64_t level, const char* package, const char* text); /* 102 */
+  /* 102 (r) Shows a message to users who want those of this level: 3 of "Lexiva" (`regmatch`), 10
+   *   of "PatternDictionary" (`dictObjFree`). */
+  void (*HostUserInfo)(int64_t level, const char* package, const char* text);
   HostUnlisted unlisted103[15];
-  void (*HostPrintf)(const char* format, ...); /* 118 */
+  /* 118 (r) Prints as printf does: `config` does. */
+  void (*HostPrintf)(const char* format, ...);
 } HostTable;
+/* clang-format on */
 
-/* ---- Identity -------------------------------------------------------------------------------- */
+/* ---- Identity, start and end ----------------------------------------------------------------- */
 
-/* Prepares the process once: sets the "C" locale for all categories. 1 when the first call
- * succeeded, 0 when it failed and at every later call. */
+/* Optional. Sets the locale of the process to "C" for all categories, the first time: 1 when that
+ * succeeded, 0 when it failed and at every later call. `regmatch` and `regsub` call it. */
 VSTRING_API int64_t vstringInit(void);
 
-/* Lets go of all that the library keeps from call to call. */
+/* Lets go of all that the library keeps from call to call: allows every host object that it has
+ * protected, frees dictionaries, the compiled pattern and remembered weights, and puts the random
+ * stream, the filter alphabet, the classes `last`, the Lancaster trace and the recorded message of
+ * the regular expressions back to their start. What vstringInit did stays, and so do cclbm and y2k.
+ * For a host that frees its heap or unloads the library; not from within a command. The library may
+ * be used again, with this table or another one. Unloading it frees its own memory by itself. */
 VSTRING_API void vstringRelease(const HostTable* host);
 
 #define VSTRING_COMMAND(name) VSTRING_API HostObject name(const HostTable* host, HostObject argseq)
 
-VSTRING_COMMAND(vstringVersion); /* the major version, 5 */
+VSTRING_COMMAND(vstringVersion); /* VSTRING_VERSION_MAJOR; argseq is not read */
 VSTRING_COMMAND(vstring_config); /* prints the build's configuration; no value */
 
 /* ---- Decoding arguments ---------------------------------------------------------------------- */
@@ -431,35 +517,51 @@ VSTRING_API size_t my_strftime(char* buffer, size_t size, const char* format,
 
 /* ---- Commands --------------------------------------------------------------------------------
  *
- * Square brackets mark optional arguments. `velmor help NAME` says more and shows an example. */
+ * Square brackets mark optional arguments, a bar alternatives; texts are strings or names. A result
+ * is a new string, an integer, or true or false as the description has it, unless it says
+ * otherwise; "sequence" is an expression sequence of one or more elements. A host that wants lists
+ * wraps it. `velmor help NAME` says more and shows an example. */
 
 /* Substrings and editing. */
-VSTRING_COMMAND(vstring_length);  /* (s): number of bytes */
-VSTRING_COMMAND(vstring_substr);  /* (s, a .. b): the bytes in the range */
-VSTRING_COMMAND(vstring_take);    /* (s, n | chars): prefix of n bytes, or up to one of chars */
-VSTRING_COMMAND(vstring_drop);    /* (s, n | chars): the rest after n bytes, or the last of chars */
-VSTRING_COMMAND(vstring_insert);  /* (s, p, t): t inserted after p bytes of s */
-VSTRING_COMMAND(vstring_repeat);  /* (s, n): s repeated n times */
+VSTRING_COMMAND(vstring_length); /* (s): number of bytes */
+/* (s, a .. b): the bytes from a to b; empty for b = a - 1; s itself for all of it */
+VSTRING_COMMAND(vstring_substr);
+/* (s, n | chars): the first n bytes, s itself for n beyond the length; or those before the first
+ * of chars */
+VSTRING_COMMAND(vstring_take);
+/* (s, n | chars): the bytes after the first n, or after the last of chars (all when there is
+ * none) */
+VSTRING_COMMAND(vstring_drop);
+/* (s, n, t): the first n bytes of s, then t, then the rest; a negative n counts from the end */
+VSTRING_COMMAND(vstring_insert);
+VSTRING_COMMAND(vstring_repeat);  /* (s, n): s repeated n times; s itself for n = 1 */
 VSTRING_COMMAND(vstring_reverse); /* (s): the bytes in reverse order */
-VSTRING_COMMAND(vstring_rotate);  /* (s, n): rotated to the right by |n| */
-VSTRING_COMMAND(vstring_shift);   /* (s, n): n added to every byte, modulo 256 */
-VSTRING_COMMAND(vstring_exchange);  /* (s, i, j): bytes i and j swapped */
-VSTRING_COMMAND(vstring_snarf);     /* (s, chars | class): longest prefix made of them */
-VSTRING_COMMAND(vstring_isprefix);  /* (p, s): p begins s */
-VSTRING_COMMAND(vstring_issuffix);  /* (p, s): p ends s */
-VSTRING_COMMAND(vstring_has);       /* (c, s): the first byte of c occurs in s */
-VSTRING_COMMAND(vstring_strchr);    /* (c, s): its first position, or 0 */
-VSTRING_COMMAND(vstring_strrchr);   /* (c, s): its last position, or 0 */
-VSTRING_COMMAND(vstring_ord);       /* (s): code of the first byte */
-VSTRING_COMMAND(vstring_char);      /* (n): the byte with code n */
+VSTRING_COMMAND(vstring_rotate);  /* (s, n): rotated to the right by |n|; s itself for n = 0 */
+/* (s, n): n added to every byte, modulo 256; a byte that becomes 0 ends the result */
+VSTRING_COMMAND(vstring_shift);
+/* (s, i, j): the bytes at i and j swapped; s itself when they are equal */
+VSTRING_COMMAND(vstring_exchange);
+/* (s, chars | class): the longest prefix made of these bytes, or of the class of that name */
+VSTRING_COMMAND(vstring_snarf);
+VSTRING_COMMAND(vstring_isprefix); /* (p, s): p begins s */
+VSTRING_COMMAND(vstring_issuffix); /* (p, s): p ends s */
+VSTRING_COMMAND(vstring_has);      /* (c, s): the first byte of c occurs in s */
+/* (c, s): position of the first byte of s that is the first of c; 0 when there is none; the
+ * length + 1 for an empty c */
+VSTRING_COMMAND(vstring_strchr);
+VSTRING_COMMAND(vstring_strrchr);   /* (c, s): the same for the last one */
+VSTRING_COMMAND(vstring_ord);       /* (s): code of the first byte; 0 when s is empty */
+VSTRING_COMMAND(vstring_char);      /* (n): the byte with code n; empty for 0 */
 VSTRING_COMMAND(vstring_cap);       /* (s, left, right): s between left and right */
 VSTRING_COMMAND(vstring_numboccur); /* (s, c): how often the first byte of c occurs */
-VSTRING_COMMAND(vstring_max);       /* (s): largest byte */
-VSTRING_COMMAND(vstring_min);       /* (s): smallest byte */
-VSTRING_COMMAND(vstring_iota);      /* (n | a .. b | a, b): consecutive bytes */
+VSTRING_COMMAND(vstring_max);       /* (s): the largest byte; code 1 for a text of fewer than two */
+VSTRING_COMMAND(vstring_min); /* (s): the smallest byte; code 255 for a text of fewer than two */
+/* (n | a .. b | a, b): the bytes with the codes 1 to n, or a to b (integers or texts) */
+VSTRING_COMMAND(vstring_iota);
 
 /* Characters. */
-VSTRING_COMMAND(vstring_expandCharClass); /* (spec): the members of a class */
+/* (spec): the members of a class such as "[a-z]" or "[^:alpha:]" */
+VSTRING_COMMAND(vstring_expandCharClass);
 /* (s [, a .. b]): every byte (is), some byte (has) belongs to the class. */
 VSTRING_COMMAND(vstring_islower);
 VSTRING_COMMAND(vstring_isupper);
@@ -503,65 +605,109 @@ VSTRING_COMMAND(vstring_capitalise); /* (s): every word capitalised */
 VSTRING_COMMAND(vstring_tr);         /* (from, to, s): bytes of from become those of to */
 
 /* Joining, splitting, orders. */
-VSTRING_COMMAND(vstring_join);        /* ([s, ...] [, separator]): one string */
-VSTRING_COMMAND(vstring_implode);     /* ([s, ...]): first bytes */
-VSTRING_COMMAND(vstring_explode);     /* (s [, a .. b]): list of one-byte strings */
-VSTRING_COMMAND(vstring_split);       /* (s [, separators]): list of fields */
-VSTRING_COMMAND(vstring_casejoin);    /* ([s, ...]): joined in mixed case */
-VSTRING_COMMAND(vstring_casesplit);   /* (s): pieces at its capitals */
-VSTRING_COMMAND(vstring_lex);         /* (s, t [, support]): lexicographic order, -1, 0 or 1 */
-VSTRING_COMMAND(vstring_revlex);      /* (s, t [, support]): from the last byte */
+/* ([s, ...] [, separator]): one string, with a blank or the separator between; the element
+ * itself of a list of one */
+VSTRING_COMMAND(vstring_join);
+VSTRING_COMMAND(vstring_implode); /* ([s, ...]): first bytes */
+VSTRING_COMMAND(vstring_explode); /* (s [, a .. b]): list of its bytes as strings */
+/* (s [, separators]): list of the fields between separator bytes, empty ones included */
+VSTRING_COMMAND(vstring_split);
+VSTRING_COMMAND(vstring_casejoin); /* ([s, ...]): joined, each with its first letter a capital */
+/* (s): sequence of pieces, each but the first beginning with a capital; one new string when
+ * there is no other capital */
+VSTRING_COMMAND(vstring_casesplit);
+/* (s, t [, support]): lexicographic order: -1, 0 or 1 as s comes before t, equals it, comes
+ * after it; support lists the letters in order */
+VSTRING_COMMAND(vstring_lex);
+/* (s, t [, support]): the same from the last byte; a suffix equals the whole */
+VSTRING_COMMAND(vstring_revlex);
 VSTRING_COMMAND(vstring_shortlex);    /* (s, t [, support]): shorter first, then lex */
 VSTRING_COMMAND(vstring_shortrevlex); /* (s, t [, support]): shorter first, then revlex */
-VSTRING_COMMAND(vstring_wslo);        /* (s, t, weights): lighter first, then lex */
-VSTRING_COMMAND(vstring_wreathorder); /* (s, t, weights): wreath order */
-VSTRING_COMMAND(vstring_lrpo);        /* (s, t): recursive path order from the last byte */
-VSTRING_COMMAND(vstring_rrpo);        /* (s, t): recursive path order from the first byte */
-VSTRING_COMMAND(vstring_compare);     /* (s, t): s comes before t or equals it */
-VSTRING_COMMAND(vstring_compareci);   /* (s, t): the same, case ignored */
-VSTRING_COMMAND(vstring_sort);        /* (s): its bytes in increasing order */
-VSTRING_COMMAND(vstring_issorted);    /* (s): they stand in non-decreasing order */
-VSTRING_COMMAND(vstring_fmtmsg);      /* (format, ...): message with %1 .. %9, %-1 .. %-9, %0 */
+/* (s, t, [letter = weight, ...]): lighter first, then lex: -1, 0 or 1. The list is remembered,
+ * and protected, until another one comes */
+VSTRING_COMMAND(vstring_wslo);
+/* (s, t, [letter = weight, ...]): wreath order: -1, 0 or 1; likewise */
+VSTRING_COMMAND(vstring_wreathorder);
+VSTRING_COMMAND(vstring_lrpo);    /* (s, t): recursive path order from the last byte: -1, 0 or 1 */
+VSTRING_COMMAND(vstring_rrpo);    /* (s, t): recursive path order from the first byte: -1, 0 or 1 */
+VSTRING_COMMAND(vstring_compare); /* (s, t): whether s comes before t or equals it */
+VSTRING_COMMAND(vstring_compareci); /* (s, t): the same, case ignored */
+/* (s): its bytes in increasing order; s itself when it has fewer than two */
+VSTRING_COMMAND(vstring_sort);
+VSTRING_COMMAND(vstring_issorted); /* (s): they stand in non-decreasing order */
+/* (format, ...): the format with %1 to %9 replaced by arguments, %-1 to %-9 by ordinals, %0 by
+ * all; a string without % is returned itself. Calls HostEvalProc */
+VSTRING_COMMAND(vstring_fmtmsg);
 
 /* Searching. */
-VSTRING_COMMAND(vstring_search);      /* (pattern, text): first occurrence; either may be a list */
-VSTRING_COMMAND(vstring_searchx);     /* (pattern, text): all occurrences */
-VSTRING_COMMAND(vstring_hsearch);     /* (pattern, text, k): first with at most k mismatches */
-VSTRING_COMMAND(vstring_hsearchx);    /* (pattern, text, k): all, with their mismatches */
-VSTRING_COMMAND(vstring_psearch);     /* as hsearch */
-VSTRING_COMMAND(vstring_psearchx);    /* as hsearchx */
-VSTRING_COMMAND(vstring_asearch);     /* (pattern, text, k): first end within k edits */
-VSTRING_COMMAND(vstring_asearchx);    /* (pattern, text, k): all ends */
-VSTRING_COMMAND(vstring_asearchb);    /* (pattern, text, k, selector): by algorithm 1, 2 or 3 */
-VSTRING_COMMAND(vstring_asearchxb);   /* (pattern, text, k, selector): likewise, all ends */
-VSTRING_COMMAND(vstring_dictCreate);  /* ([s, ...] | builtin): number of a new dictionary */
+/* (pattern, text): position of the first occurrence, or 0. (pattern, [text, ...]): list of
+ * these. ([pattern, ...], text): list [position, pattern number] of the occurrence that ends
+ * first, or [0, 0] */
+VSTRING_COMMAND(vstring_search);
+/* (pattern, text): sequence of the positions of all occurrences, overlapping ones too. (pattern,
+ * [text, ...]): list of lists of them. ([pattern, ...], text): sequence of lists [position,
+ * pattern number], by where they end. [] when nothing is found */
+VSTRING_COMMAND(vstring_searchx);
+/* (pattern, text, k): position of the first stretch that differs in at most k bytes, or 0 */
+VSTRING_COMMAND(vstring_hsearch);
+/* (pattern, text, k): sequence of lists [position, differences] of all, or [] */
+VSTRING_COMMAND(vstring_hsearchx);
+VSTRING_COMMAND(vstring_psearch);  /* (pattern, text, k): as hsearch */
+VSTRING_COMMAND(vstring_psearchx); /* (pattern, text, k): as hsearchx */
+/* (pattern, text, k): where the first stretch ends that is within k edits, or 0 */
+VSTRING_COMMAND(vstring_asearch);
+/* (pattern, text, k): sequence of all such ends, in increasing order, or [] */
+VSTRING_COMMAND(vstring_asearchx);
+/* (pattern, text, k, selector): as asearch, by algorithm 1, 2 or 3 */
+VSTRING_COMMAND(vstring_asearchb);
+/* (pattern, text, k, selector): as asearchx, by algorithm 1, 2 or 3 */
+VSTRING_COMMAND(vstring_asearchxb);
+/* ([s, ...] | builtin): number of a new dictionary, 1 to 511, or 0 for the builtin one. The list
+ * is protected until it is freed */
+VSTRING_COMMAND(vstring_dictCreate);
 VSTRING_COMMAND(vstring_dictObjSize); /* (id): number of words */
-VSTRING_COMMAND(vstring_dictObjGet);  /* (id, k): word k */
-VSTRING_COMMAND(vstring_dictObjSearch); /* (id, text): [position, word number], ... */
-VSTRING_COMMAND(vstring_dictObjFree);   /* (id): 1 when freed */
-VSTRING_COMMAND(vstring_regmatch);      /* (pattern, text [, name0, ...]): groups into names */
-VSTRING_COMMAND(vstring_regsub);        /* (pattern, text, template): template of the first match */
-VSTRING_COMMAND(vstring_regsubs);       /* (pattern = template, text): every match replaced */
-VSTRING_COMMAND(vstring_regsplit);      /* (pattern, text): pieces between matches */
-VSTRING_COMMAND(vstring_wild);          /* (pattern, text): wildcard match of the whole text */
-VSTRING_COMMAND(vstring_wildTest);      /* (): runs the wildcard test table */
-VSTRING_COMMAND(vstring_wildTester);    /* (): prints that table as a script */
-VSTRING_COMMAND(vstring_subst);         /* (text, pattern, replacement): the first occurrence */
-VSTRING_COMMAND(vstring_substx);        /* (text, pattern, replacement): every occurrence */
+/* (id, k): word k; empty when k is 0 or there is no such dictionary */
+VSTRING_COMMAND(vstring_dictObjGet);
+/* (id, text): sequence of lists [position, word number], by where they end, or [] */
+VSTRING_COMMAND(vstring_dictObjSearch);
+/* (id): 1, or 0 for a builtin dictionary that was not in use */
+VSTRING_COMMAND(vstring_dictObjFree);
+/* (pattern, text [, name0, ..., name9]): whether it matches somewhere. name0 is assigned the
+ * match, name1 to name9 its groups; names whose group took no part, and all of them when nothing
+ * matches, are left untouched */
+VSTRING_COMMAND(vstring_regmatch);
+/* (pattern, text, template): the template for the first match; FAIL when there is none */
+VSTRING_COMMAND(vstring_regsub);
+/* (pattern = template, text): a new string with every match replaced */
+VSTRING_COMMAND(vstring_regsubs);
+/* (pattern, text): sequence of the pieces between matches; text itself when nothing matches,
+ * NULL for the empty one */
+VSTRING_COMMAND(vstring_regsplit);
+/* (pattern, text): whether the whole text matches; * any bytes, ? any byte, [a-z] [^a-z] sets */
+VSTRING_COMMAND(vstring_wild);
+/* (): runs a table of wildcard cases: true when all are right */
+VSTRING_COMMAND(vstring_wildTest);
+/* (): prints that table as a script to standard output; no value */
+VSTRING_COMMAND(vstring_wildTester);
+/* (text, pattern, replacement): the first occurrence replaced; text when there is none */
+VSTRING_COMMAND(vstring_subst);
+/* (text, pattern, replacement): every occurrence, from left to right; text when there is none */
+VSTRING_COMMAND(vstring_substx);
 
 /* Combinatorics on words. */
-VSTRING_COMMAND(vstring_period);      /* (w): least period */
-VSTRING_COMMAND(vstring_isperiod);    /* (w, p): p is a period */
-VSTRING_COMMAND(vstring_border);      /* (w): longest proper border */
-VSTRING_COMMAND(vstring_borderlen);   /* (w): its length */
-VSTRING_COMMAND(vstring_borderarray); /* (w): that of every prefix */
-VSTRING_COMMAND(vstring_overlap);     /* (s, t): longest suffix of s that begins t */
-VSTRING_COMMAND(vstring_lynfac);      /* (w): Lyndon factorisation */
-VSTRING_COMMAND(vstring_minconj);     /* (w): least conjugate */
+VSTRING_COMMAND(vstring_period);    /* (w): least period; the length when there is no shorter one */
+VSTRING_COMMAND(vstring_isperiod);  /* (w, p): whether p, from 1 to the length, is a period */
+VSTRING_COMMAND(vstring_border);    /* (w): longest proper border; empty when there is none */
+VSTRING_COMMAND(vstring_borderlen); /* (w): its length */
+VSTRING_COMMAND(vstring_borderarray); /* (w): list of that of every prefix */
+VSTRING_COMMAND(vstring_overlap);     /* (s, t): length of the longest suffix of s that begins t */
+/* (w): list of the factors of the Lyndon factorisation, non-increasing */
+VSTRING_COMMAND(vstring_lynfac);
+VSTRING_COMMAND(vstring_minconj);     /* (w): least conjugate, by bytes as signed numbers */
 VSTRING_COMMAND(vstring_conjp);       /* (v, w): they are conjugate */
 VSTRING_COMMAND(vstring_isprim);      /* (w): primitive */
-VSTRING_COMMAND(vstring_primroot);    /* (w): primitive root */
-VSTRING_COMMAND(vstring_monfac);      /* (w): monotone factors */
+VSTRING_COMMAND(vstring_primroot);    /* (w): primitive root; w itself when it is primitive */
+VSTRING_COMMAND(vstring_monfac);      /* (w): list of monotone factors */
 VSTRING_COMMAND(vstring_suffixarray); /* (s): positions of the suffixes in increasing order */
 VSTRING_COMMAND(vstring_factorcount); /* (s [, n]): number of distinct factors [of length n] */
 VSTRING_COMMAND(vstring_repetitions); /* (s): maximal ones as [position, length, period] */
@@ -611,24 +757,37 @@ VSTRING_COMMAND(vstring_cosine);       /* (s, t, q): of the numbers of q-grams *
 VSTRING_COMMAND(vstring_closest); /* (word, [s, ...] [, k [, metric]]): [element, value], ... */
 
 /* Randomness and digests. */
-VSTRING_COMMAND(vstring_random);    /* (n [, class]): random string */
-VSTRING_COMMAND(vstring_randperm);  /* (n): random permutation of 1 .. n */
-VSTRING_COMMAND(vstring_randomise); /* ([seed]): reseeds the generator */
-VSTRING_COMMAND(vstring_hash);      /* (s [, method = md5 | md4]): digest in hexadecimal */
+/* (n [, class]): n random bytes, of a class by name, an alphabet, `binary`, or `last`: the class
+ * before */
+VSTRING_COMMAND(vstring_random);
+VSTRING_COMMAND(vstring_randperm); /* (n): list of 1 to n in random order */
+/* ([seed]): starts the stream of a seed other than 0, or of the time; no value */
+VSTRING_COMMAND(vstring_randomise);
+VSTRING_COMMAND(vstring_hash); /* (s [, method = md5 | md4]): digest in hexadecimal */
 
 /* Layout, language, time. */
-VSTRING_COMMAND(vstring_wrap);   /* (text [, width [, options]]): lines of at most width columns */
-VSTRING_COMMAND(vstring_fill);   /* (c, n): n copies of the first byte of c */
-VSTRING_COMMAND(vstring_porter); /* (word): Porter stem */
+/* (text [, width [, option = true | false, ...]]): lines of at most width columns, 80 by
+ * default; text itself when it has no more bytes. Options: countbytes, expandtabs, obeylines,
+ * obeyspaces */
+VSTRING_COMMAND(vstring_wrap);
+VSTRING_COMMAND(vstring_fill);      /* (c, n): n copies of the first byte of c */
+VSTRING_COMMAND(vstring_porter);    /* (word): Porter stem */
 VSTRING_COMMAND(vstring_lancaster); /* (word): Lancaster (Paice/Husk) stem */
-VSTRING_COMMAND(vstring_pstem);     /* (word): singular */
+VSTRING_COMMAND(vstring_pstem);     /* (word): singular; without plural ending the word */
 VSTRING_COMMAND(vstring_prestem);   /* (word): without its prefixes */
-VSTRING_COMMAND(vstring_stem);      /* (word [, stemmer = name [, trace]]): by the named stemmer */
-VSTRING_COMMAND(vstring_soundex);   /* (name): Soundex key */
-VSTRING_COMMAND(vstring_metaphone); /* (word): Metaphone key */
-VSTRING_COMMAND(vstring_syllen);    /* (word): number of syllables */
+/* (word [, stemmer = porter | lancaster | paice | plural | prefix [, trace_rules |
+ * no_trace_rules]]): by the named stemmer; the trace, which stays switched, goes to standard
+ * error */
+VSTRING_COMMAND(vstring_stem);
+/* (name): Soundex key, a letter and three digits; "Z000" without letters */
+VSTRING_COMMAND(vstring_soundex);
+VSTRING_COMMAND(vstring_metaphone); /* (word): Metaphone key; empty without letters */
+VSTRING_COMMAND(vstring_syllen);    /* (word): estimated number of syllables; 0 for the empty one */
 VSTRING_COMMAND(vstring_ipsum);     /* ([paragraphs | words | characters = n]): placeholder text */
-VSTRING_COMMAND(vstring_fmttime);   /* ([format [, when]]): date and time as text */
+/* ([format [, seconds | offset = seconds | timestamp = seconds]]): the local time, so much
+ * later, or of that time since the epoch, by the conversions of my_strftime; "%Y-%m-%d" by
+ * default */
+VSTRING_COMMAND(vstring_fmttime);
 
 #ifdef __cplusplus
 }

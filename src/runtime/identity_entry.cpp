@@ -10,10 +10,12 @@ int64_t vstringInit() {
   return std::setlocale(LC_ALL, "C") == nullptr ? 0 : 1;
 }
 
-HostObject vstringVersion(const HostTable* host, HostObject) { return host->HostNewInteger(5); }
+HostObject vstringVersion(const HostTable* host, HostObject) {
+  return host->HostNewInteger(VSTRING_VERSION_MAJOR);
+}
 
 HostObject vstring_config(const HostTable* host, HostObject) {
-  host->HostPrintf("Package: %s-%d.%d\n", "vstring", 5, 0);
+  host->HostPrintf("Package: %s-%d.%d\n", "vstring", VSTRING_VERSION_MAJOR, VSTRING_VERSION_MINOR);
   host->HostPrintf("Word Size: %d\n", 64);
   host->HostPrintf("Byte Sex: LITTLEENDIAN\n");
   host->HostPrintf("SMALL_BUFFER_BASE_SIZE = %u\n", unsigned{SMALL_BUFFER_BASE_SIZE});
