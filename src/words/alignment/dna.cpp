@@ -1,6 +1,7 @@
 #include "words/alignment/dna.h"
 
 #include <array>
+#include <bit>
 
 namespace vstring::words {
 namespace {
@@ -66,13 +67,21 @@ using Acids = std::array<Byte, 4096>;
 
 consteval Acids amino_acids() {
   Acids acids = {};
-  for (unsigned codon = 0; codon < 64; ++codon) {
-    const auto acid = static_cast<Byte>(kAminoAcids[codon]);
-    for (unsigned sets = 0; sets < acids.size(); ++sets) {
-      const bool allows =
-          (sets >> (8 + codon / 16) & sets >> (4 + codon / 4 % 4) & sets >> (codon % 4) & 1) != 0;
-      if (allows) acids[sets] = acids[sets] == 0 || acids[sets] == acid ? acid : Byte{'X'};
+  for (unsigned sets = 0; sets < acids.size(); ++sets) {
+    const unsigned places[] = {sets & 15, sets >> 4 & 15, sets >> 8};
+    if (places[0] == 0 || places[1] == 0 || places[2] == 0) continue;
+    unsigned several = 0;  // the first place with more than one base
+    while (several < 3 && std::has_single_bit(places[several])) ++several;
+    if (several == 3) {
+      const int codon = 16 * std::countr_zero(places[2]) + 4 * std::countr_zero(places[1]) +
+                        std::countr_zero(places[0]);
+      acids[sets] = static_cast<Byte>(kAminoAcids[codon]);
+      continue;
     }
+    // One of its bases, and the others: both are smaller numbers.
+    const unsigned one = (places[several] & -places[several]) << (4 * several);
+    const Byte acid = acids[(sets & ~(15U << (4 * several))) | one];
+    acids[sets] = acid == acids[sets ^ one] ? acid : Byte{'X'};
   }
   return acids;
 }
@@ -90,7 +99,9 @@ void reverse_complement(Bytes sequence, Nucleic kind, MutableBytes complement) {
 std::size_t translate(Bytes sequence, MutableBytes protein) {
   for (std::size_t k = 0; k < protein.size(); ++k) {
     const Bytes codon = sequence.subspan(3 * k, 3);
-    protein[k] = kAcids[kBaseSets[codon[0]] << 8 | kBaseSets[codon[1]] << 4 | kBaseSets[codon[2]]];
+    const unsigned first = kBaseSets[codon[0]];
+    const unsigned second = kBaseSets[codon[1]];
+    protein[k] = kAcids[first << 8 | second << 4 | kBaseSets[codon[2]]];
     if (protein[k] != 0) continue;
     if (!equal(codon, "---")) return 3 * k;
     protein[k] = '-';
