@@ -545,7 +545,8 @@ VSTRING_COMMAND(vstring_exchange);
 VSTRING_COMMAND(vstring_snarf);
 VSTRING_COMMAND(vstring_isprefix); /* (p, s): p begins s */
 VSTRING_COMMAND(vstring_issuffix); /* (p, s): p ends s */
-VSTRING_COMMAND(vstring_has);      /* (c, s): the first byte of c occurs in s */
+/* (c, s): whether the first byte of c, which may not be empty, occurs in s */
+VSTRING_COMMAND(vstring_has);
 /* (c, s): position of the first byte of s that is the first of c; 0 when there is none; the
  * length + 1 for an empty c */
 VSTRING_COMMAND(vstring_strchr);
@@ -703,38 +704,48 @@ VSTRING_COMMAND(vstring_borderarray); /* (w): list of that of every prefix */
 VSTRING_COMMAND(vstring_overlap);     /* (s, t): length of the longest suffix of s that begins t */
 /* (w): list of the factors of the Lyndon factorisation, non-increasing */
 VSTRING_COMMAND(vstring_lynfac);
-VSTRING_COMMAND(vstring_minconj);     /* (w): least conjugate, by bytes as signed numbers */
-VSTRING_COMMAND(vstring_conjp);       /* (v, w): they are conjugate */
-VSTRING_COMMAND(vstring_isprim);      /* (w): primitive */
-VSTRING_COMMAND(vstring_primroot);    /* (w): primitive root; w itself when it is primitive */
-VSTRING_COMMAND(vstring_monfac);      /* (w): list of monotone factors */
-VSTRING_COMMAND(vstring_suffixarray); /* (s): positions of the suffixes in increasing order */
-VSTRING_COMMAND(vstring_factorcount); /* (s [, n]): number of distinct factors [of length n] */
-VSTRING_COMMAND(vstring_repetitions); /* (s): maximal ones as [position, length, period] */
-VSTRING_COMMAND(vstring_lcsubstring); /* (s, t): longest common factor */
-VSTRING_COMMAND(vstring_bwt);         /* (s): [last letters of the sorted rotations, row of s] */
-VSTRING_COMMAND(vstring_unbwt);       /* (t, k): the word whose transform is t with row k */
-VSTRING_COMMAND(vstring_isanagram);   /* (s, t): same letters equally often */
+VSTRING_COMMAND(vstring_minconj);  /* (w): least conjugate, by bytes as signed numbers */
+VSTRING_COMMAND(vstring_conjp);    /* (v, w): they are conjugate */
+VSTRING_COMMAND(vstring_isprim);   /* (w): primitive */
+VSTRING_COMMAND(vstring_primroot); /* (w): primitive root; w itself when it is primitive */
+VSTRING_COMMAND(vstring_monfac);   /* (w): list of monotone factors */
+/* (s): list of the positions of the suffixes, in increasing order of these */
+VSTRING_COMMAND(vstring_suffixarray);
+/* (s [, n]): number of distinct factors, the empty one included, or of those of length n */
+VSTRING_COMMAND(vstring_factorcount);
+/* (s): list of lists [position, length, least period] of the maximal ones */
+VSTRING_COMMAND(vstring_repetitions);
+/* (s, t): longest common factor, of several the first in s; empty when there is none */
+VSTRING_COMMAND(vstring_lcsubstring);
+VSTRING_COMMAND(vstring_bwt);       /* (s): list [last letters of the sorted rotations, row of s] */
+VSTRING_COMMAND(vstring_unbwt);     /* (t, k): the word whose transform is t with row k */
+VSTRING_COMMAND(vstring_isanagram); /* (s, t): same letters equally often */
 VSTRING_COMMAND(vstring_nextperm);  /* (s): next arrangement of its letters; FAIL behind the last */
-VSTRING_COMMAND(vstring_rle);       /* (s): runs as [letter, length] */
+VSTRING_COMMAND(vstring_rle);       /* (s): list of lists [letter, length] */
 VSTRING_COMMAND(vstring_morphism);  /* (s, [letter = image, ...] [, n]): image under its power */
 VSTRING_COMMAND(vstring_fibword);   /* (n [, alphabet]): prefix of the Fibonacci word */
 VSTRING_COMMAND(vstring_thuemorse); /* (n [, alphabet]): prefix of the Thue-Morse word */
 VSTRING_COMMAND(vstring_christoffel); /* (p, q [, alphabet]): lower Christoffel word */
 VSTRING_COMMAND(vstring_debruijn);    /* (alphabet, n): least de Bruijn word */
-VSTRING_COMMAND(vstring_lyndonwords); /* (alphabet, n): Lyndon words of length n */
+/* (alphabet, n): list of the Lyndon words of length n, in increasing order */
+VSTRING_COMMAND(vstring_lyndonwords);
 
 /* Sequences, alignment, statistics. */
-VSTRING_COMMAND(vstring_tally);      /* (s | [s, ...] [, n]): [thing = number, ...] */
-VSTRING_COMMAND(vstring_entropy);    /* (s): bits a letter, as a float */
-VSTRING_COMMAND(vstring_wc);         /* (s): [newlines, tokens, bytes] */
-VSTRING_COMMAND(vstring_edits);      /* (s, t): cigar of the least edits */
-VSTRING_COMMAND(vstring_lcs);        /* (s, t): longest common subsequence */
-VSTRING_COMMAND(vstring_align);      /* (s, t [, match = n, mismatch = n, gap = n]):
-                                        [score, cigar, s, t] */
-VSTRING_COMMAND(vstring_localalign); /* likewise, of factors: [score, i, j, cigar, s, t] */
-VSTRING_COMMAND(vstring_revcomp);    /* (s [, dna | rna]): reverse complement */
-VSTRING_COMMAND(vstring_translate);  /* (s): protein of a nucleotide sequence */
+/* (s | [s, ...] [, n]): list of equations thing = number, in order of first appearance; with n
+ * of the n most frequent ones */
+VSTRING_COMMAND(vstring_tally);
+VSTRING_COMMAND(vstring_entropy); /* (s): bits a letter, as a float */
+VSTRING_COMMAND(vstring_wc);      /* (s): list [newlines, tokens, bytes] */
+/* (s, t): the least edits as a cigar of D, I, = and X; empty when both are */
+VSTRING_COMMAND(vstring_edits);
+VSTRING_COMMAND(vstring_lcs); /* (s, t): a longest common subsequence; empty when there is none */
+/* (s, t [, match = n] [, mismatch = n] [, gap = n]): list [score, cigar, s, t], with - for gaps */
+VSTRING_COMMAND(vstring_align);
+/* (s, t [, match = n] [, mismatch = n] [, gap = n]): list [score, position in s, position in t,
+ * cigar, factor of s, factor of t] */
+VSTRING_COMMAND(vstring_localalign);
+VSTRING_COMMAND(vstring_revcomp);   /* (s [, dna | rna]): reverse complement */
+VSTRING_COMMAND(vstring_translate); /* (s): protein of a nucleotide sequence */
 
 /* Distances and likeness. */
 VSTRING_COMMAND(vstring_hd);           /* (s, t): Hamming distance */
@@ -747,14 +758,16 @@ VSTRING_COMMAND(vstring_editdist);     /* (s, t): |s| + |t| - 2 levenshtein(s, t
 VSTRING_COMMAND(vstring_damerau);      /* (s, t): Damerau's distance */
 VSTRING_COMMAND(vstring_osa);          /* (s, t): optimal string alignment */
 VSTRING_COMMAND(vstring_indel);        /* (s, t): insertions and deletions */
-VSTRING_COMMAND(vstring_jaro);         /* (s, t): likeness, 0.0 to 1.0 */
+VSTRING_COMMAND(vstring_jaro);         /* (s, t): likeness, a float from 0.0 to 1.0 */
 VSTRING_COMMAND(vstring_jarowinkler);  /* (s, t): raised for a common prefix */
-VSTRING_COMMAND(vstring_ratio);        /* (s, t): likeness, 0.0 to 100.0 */
+VSTRING_COMMAND(vstring_ratio);        /* (s, t): likeness, a float from 0.0 to 100.0 */
 VSTRING_COMMAND(vstring_partialratio); /* (s, t): best of the shorter with a piece of the longer */
 VSTRING_COMMAND(vstring_tokensort);    /* (s, t): ratio of the sorted tokens */
 VSTRING_COMMAND(vstring_tokenset);     /* (s, t): by the sets of tokens */
 VSTRING_COMMAND(vstring_cosine);       /* (s, t, q): of the numbers of q-grams */
-VSTRING_COMMAND(vstring_closest); /* (word, [s, ...] [, k [, metric]]): [element, value], ... */
+/* (word, [s, ...] [, k [, metric]]): list of lists [element, value] of the k nearest, nearest
+ * first; [] for the empty list */
+VSTRING_COMMAND(vstring_closest);
 
 /* Randomness and digests. */
 /* (n [, class]): n random bytes, of a class by name, an alphabet, `binary`, or `last`: the class
