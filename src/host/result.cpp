@@ -29,6 +29,12 @@ HostObject TextResult::object(std::size_t length) {
   return string;
 }
 
+HostObject TextResult::object_or_argument(const Args& args, int position, std::size_t length) {
+  if (!equal({text_, length}, args.text(position))) return object(length);
+  block_.free();
+  return args.object(position);
+}
+
 HostObject new_string(const Args& args, Bytes bytes) {
   TextResult result(args, bytes.size());
   copy_into(result.bytes(), bytes);

@@ -27,6 +27,11 @@ class TextResult {
   // The host string of what bytes() holds, or of its first `length` bytes. Ends the result.
   HostObject object() { return object(length_); }
   HostObject object(std::size_t length);
+  // The same, or argument `position` of the call itself when that has the same bytes.
+  HostObject object_or_argument(const Args& args, int position, std::size_t length);
+  HostObject object_or_argument(const Args& args, int position) {
+    return object_or_argument(args, position, length_);
+  }
 
  private:
   const HostTable* host_;

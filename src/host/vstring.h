@@ -604,6 +604,10 @@ VSTRING_COMMAND(vstring_lowercase);  /* (s [, a .. b]): lower case */
 VSTRING_COMMAND(vstring_uppercase);  /* (s [, a .. b]): upper case */
 VSTRING_COMMAND(vstring_capitalise); /* (s): every word capitalised */
 VSTRING_COMMAND(vstring_tr);         /* (from, to, s): bytes of from become those of to */
+VSTRING_COMMAND(vstring_support);    /* (s): its distinct bytes in increasing order */
+VSTRING_COMMAND(vstring_squeeze);    /* (s [, chars]): runs of a byte become one */
+VSTRING_COMMAND(vstring_delete);     /* (s, chars): s without the bytes of chars */
+VSTRING_COMMAND(vstring_unaccent);   /* (s [, utf8 | latin1]): letters without their marks */
 
 /* Joining, splitting, orders. */
 /* ([s, ...] [, separator]): one string, with a blank or the separator between; the element

@@ -33,14 +33,14 @@ const std::pair<const char*, const char*> kCommands[] = {
     {"t",
      "border borderarray borderlen bwt casesplit entropy expandCharClass isprim issorted lancaster "
      "lynfac max min minconj monfac nextperm period prestem primroot pstem repetitions rle sort "
-     "soundex suffixarray translate wc"},
+     "soundex suffixarray support translate wc"},
     {"t[r",
      "hasalpha hasalphaNumeric hasascii hasbdigit hascntrl hasdigit hasdna hasgraph hasident "
      "hasident1 haslower hasodigit hasprint haspunct hasspace hasupper hasvowel hasxdigit isalpha "
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
     {"s[r", "explode lowercase uppercase"},
-    {"s[s", "revcomp split"},
+    {"s[s", "revcomp split squeeze unaccent"},
     {"s[i", "factorcount"},
     {"i", "random randperm"},
     {"i[s", "fibword thuemorse"},
@@ -49,7 +49,7 @@ const std::pair<const char*, const char*> kCommands[] = {
     {"sl[is", "closest"},
     {"sr", "substr"},
     {"ss",
-     "align compare compareci conjp damerau editdist edits has hd indel isanagram isprefix "
+     "align compare compareci conjp damerau delete editdist edits has hd indel isanagram isprefix "
      "issuffix "
      "jaro jarowinkler lcs lcsubstring leedist levenshtein localalign lrpo numboccur osa overlap "
      "partialratio prefixdist ratio regsplit rrpo search searchx snarf strchr strrchr suffixdist "

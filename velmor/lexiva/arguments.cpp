@@ -54,6 +54,7 @@ constexpr Argument kKinds[] = {
      "levenshtein, damerau, osa, indel, hamming, jaro, jarowinkler, ratio, partialratio, "
      "tokensort or tokenset"},
     {"kind", "dna or rna"},
+    {"charset", "utf8 or latin1"},
     {"name0", "a quoted name"},
 };
 

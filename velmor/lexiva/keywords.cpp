@@ -186,6 +186,10 @@ constexpr Keywords kRows[] = {
     {"tokensort", "similarity fuzzy likeness words"},
     {"tokenset", "similarity fuzzy likeness words"},
     {"cosine", "similarity q-grams n-grams vector"},
+    {"support", "distinct unique characters letters alphabet set"},
+    {"squeeze", "runs repeated duplicates collapse blanks"},
+    {"delete", "remove characters strip letters"},
+    {"unaccent", "accents diacritics marks ascii transliterate umlaut"},
     {"closest", "nearest fuzzy spelling suggestion similarity"},
 };
 // clang-format on
