@@ -57,6 +57,7 @@ inline constexpr const char* kInvalidRange = "invalid range";
 inline constexpr const char* kResultTooLong = "result would be too long";
 inline constexpr const char* kRepeatedCharacter = "repeated character `%1' found";
 inline constexpr const char* kInvalidOption = "invalid option: %1";
+inline constexpr const char* kZeroByteDecoded = "decoded text contains a zero byte";
 inline constexpr const char* kOutOfMemory = "out of memory";
 inline constexpr const char* kWordTooLong = "word is too long";
 inline constexpr const char* kWordNotAlphabetic =

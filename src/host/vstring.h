@@ -609,6 +609,16 @@ VSTRING_COMMAND(vstring_squeeze);    /* (s [, chars]): runs of a byte become one
 VSTRING_COMMAND(vstring_delete);     /* (s, chars): s without the bytes of chars */
 VSTRING_COMMAND(vstring_unaccent);   /* (s [, utf8 | latin1]): letters without their marks */
 
+/* Encodings and escapes. */
+VSTRING_COMMAND(vstring_encode);    /* (s, scheme): null, hex, base64, base64url, base32, rot13,
+                                       percent or quoted */
+VSTRING_COMMAND(vstring_decode);    /* (s, scheme): what was encoded */
+VSTRING_COMMAND(vstring_visible);   /* (s): control characters as ^A, high bytes as M-a */
+VSTRING_COMMAND(vstring_escape);    /* (s): as it stands in a literal */
+VSTRING_COMMAND(vstring_unescape);  /* (s): escape sequences read */
+VSTRING_COMMAND(vstring_bytes);     /* (s [, a .. b]): list of byte codes */
+VSTRING_COMMAND(vstring_frombytes); /* ([code, ...]): string of these codes */
+
 /* Joining, splitting, orders. */
 /* ([s, ...] [, separator]): one string, with a blank or the separator between; the element
  * itself of a list of one */

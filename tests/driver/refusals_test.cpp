@@ -31,15 +31,16 @@ const std::map<char, Kind> kKinds = {
 const std::pair<const char*, const char*> kCommands[] = {
     {"s", "capitalise leewt length metaphone ord porter reverse stem syllen"},
     {"t",
-     "border borderarray borderlen bwt casesplit entropy expandCharClass isprim issorted lancaster "
+     "border borderarray borderlen bwt casesplit entropy escape expandCharClass isprim issorted "
+     "lancaster "
      "lynfac max min minconj monfac nextperm period prestem primroot pstem repetitions rle sort "
-     "soundex suffixarray support translate wc"},
+     "soundex suffixarray support translate unescape visible wc"},
     {"t[r",
      "hasalpha hasalphaNumeric hasascii hasbdigit hascntrl hasdigit hasdna hasgraph hasident "
      "hasident1 haslower hasodigit hasprint haspunct hasspace hasupper hasvowel hasxdigit isalpha "
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
-    {"s[r", "explode lowercase uppercase"},
+    {"s[r", "bytes explode lowercase uppercase"},
     {"s[s", "revcomp split squeeze unaccent"},
     {"s[i", "factorcount"},
     {"i", "random randperm"},
@@ -49,7 +50,8 @@ const std::pair<const char*, const char*> kCommands[] = {
     {"sl[is", "closest"},
     {"sr", "substr"},
     {"ss",
-     "align compare compareci conjp damerau delete editdist edits has hd indel isanagram isprefix "
+     "align compare compareci conjp damerau decode delete editdist edits encode has hd indel "
+     "isanagram isprefix "
      "issuffix "
      "jaro jarowinkler lcs lcsubstring leedist levenshtein localalign lrpo numboccur osa overlap "
      "partialratio prefixdist ratio regsplit rrpo search searchx snarf strchr strrchr suffixdist "
@@ -64,7 +66,7 @@ const std::pair<const char*, const char*> kCommands[] = {
     {"ss?", "wreathorder wslo"},
     {"s?", "drop morphism rotate take"},
     {"i?", "dictObjSearch"},
-    {"?", "char dictCreate dictObjFree dictObjSize implode tally"},
+    {"?", "char dictCreate dictObjFree dictObjSize frombytes implode tally"},
     {"??", "dictObjGet regmatch regsubs"},
 };
 

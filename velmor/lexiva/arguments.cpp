@@ -55,6 +55,8 @@ constexpr Argument kKinds[] = {
      "tokensort or tokenset"},
     {"kind", "dna or rna"},
     {"charset", "utf8 or latin1"},
+    {"scheme", "null, hex, base64, base64url, base32, rot13, percent or quoted"},
+    {"code", "an integer from 1 to 255"},
     {"name0", "a quoted name"},
 };
 

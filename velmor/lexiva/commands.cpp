@@ -14,6 +14,9 @@ constexpr Rows kEditing = {
 constexpr Rows kCharacters = {
 #include "lexiva/rows/characters.inc"
 };
+constexpr Rows kEncodings = {
+#include "lexiva/rows/encodings.inc"
+};
 constexpr Rows kJoining = {
 #include "lexiva/rows/joining.inc"
 };
@@ -47,6 +50,7 @@ constexpr std::span<const Command> span_of(Rows rows) { return {rows.begin(), ro
 constexpr Family kFamilies[] = {
     {"Substrings and editing", span_of(kEditing)},
     {"Character classes, case and translation", span_of(kCharacters)},
+    {"Encodings and escapes", span_of(kEncodings)},
     {"Joining, splitting, orders", span_of(kJoining)},
     {"Searching and replacing", span_of(kFinding)},
     {"Regular expressions and wildcards", span_of(kRegex)},

@@ -190,6 +190,13 @@ constexpr Keywords kRows[] = {
     {"squeeze", "runs repeated duplicates collapse blanks"},
     {"delete", "remove characters strip letters"},
     {"unaccent", "accents diacritics marks ascii transliterate umlaut"},
+    {"encode", "base64 base32 hex hexadecimal percent url quoted printable rot13 mime"},
+    {"decode", "base64 base32 hex hexadecimal percent url quoted printable rot13 mime"},
+    {"visible", "control characters unprintable show cat caret"},
+    {"escape", "backslash literal quote octal"},
+    {"unescape", "backslash literal octal sequences"},
+    {"bytes", "codes ascii numbers ord"},
+    {"frombytes", "codes ascii numbers chr"},
     {"closest", "nearest fuzzy spelling suggestion similarity"},
 };
 // clang-format on
