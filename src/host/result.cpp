@@ -56,4 +56,11 @@ HostObject new_string(const Args& args, GrowingText& text) {
   return string;
 }
 
+HostObject new_text_list(const Args& args, HeldArray<Bytes>& texts) {
+  const HostObject list =
+      new_list(args, texts.size(), [&](std::size_t i) { return new_string(args, texts[i]); });
+  texts.free();
+  return list;
+}
+
 }  // namespace vstring

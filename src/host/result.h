@@ -86,6 +86,9 @@ inline HostObject new_list_of(const Args& args, std::initializer_list<HostObject
   return new_list(args, objects.size(), [&](std::size_t i) { return objects.begin()[i]; });
 }
 
+// A new list of new strings. Ends `texts`.
+HostObject new_text_list(const Args& args, HeldArray<Bytes>& texts);
+
 // A new equation.
 inline HostObject new_equation(const Args& args, HostObject left, HostObject right) {
   return args.host()->HostNewExpr("=", left, right);

@@ -797,7 +797,19 @@ VSTRING_COMMAND(vstring_hash); /* (s [, method = md5 | md4]): digest in hexadeci
  * default; text itself when it has no more bytes. Options: countbytes, expandtabs, obeylines,
  * obeyspaces */
 VSTRING_COMMAND(vstring_wrap);
-VSTRING_COMMAND(vstring_fill);      /* (c, n): n copies of the first byte of c */
+VSTRING_COMMAND(vstring_fill); /* (c, n): n copies of the first byte of c */
+/* Those from pad to dedent give s itself when nothing changes. */
+/* (s, width [, left | right | both [, fill]]): s and copies of the byte fill, a blank by default,
+ * up to width bytes; right by default */
+VSTRING_COMMAND(vstring_pad);
+/* (s [, chars [, left | right | both]]): s without bytes of chars, white space by default, at its
+ * ends; both by default */
+VSTRING_COMMAND(vstring_trim);
+VSTRING_COMMAND(vstring_expand);    /* (s [, tab]): blanks for tabs; stops at multiples of tab, 8 */
+VSTRING_COMMAND(vstring_unexpand);  /* (s [, tab]): tabs for the blanks that begin a line */
+VSTRING_COMMAND(vstring_indent);    /* (s, prefix | n): prefix or n blanks before each line */
+VSTRING_COMMAND(vstring_dedent);    /* (s): without the blanks and tabs that all lines begin with */
+VSTRING_COMMAND(vstring_lines);     /* (s): list of the lines, without their ends */
 VSTRING_COMMAND(vstring_porter);    /* (word): Porter stem */
 VSTRING_COMMAND(vstring_lancaster); /* (word): Lancaster (Paice/Husk) stem */
 VSTRING_COMMAND(vstring_pstem);     /* (word): singular; without plural ending the word */
@@ -809,8 +821,18 @@ VSTRING_COMMAND(vstring_stem);
 /* (name): Soundex key, a letter and three digits; "Z000" without letters */
 VSTRING_COMMAND(vstring_soundex);
 VSTRING_COMMAND(vstring_metaphone); /* (word): Metaphone key; empty without letters */
+/* (name): key of the New York State Identification and Intelligence System; empty without
+ * letters */
+VSTRING_COMMAND(vstring_nysiis);
 VSTRING_COMMAND(vstring_syllen);    /* (word): estimated number of syllables; 0 for the empty one */
-VSTRING_COMMAND(vstring_ipsum);     /* ([paragraphs | words | characters = n]): placeholder text */
+VSTRING_COMMAND(vstring_words);     /* (s): list of the words, don't being one */
+VSTRING_COMMAND(vstring_sentences); /* (s): list of the sentences */
+/* (s | [s, ...], n): list of the factors of length n; or of n consecutive texts, joined with
+ * blanks */
+VSTRING_COMMAND(vstring_ngrams);
+/* (s [, ease | grade]): Flesch's reading ease or Kincaid's grade, as a float; FAIL without words */
+VSTRING_COMMAND(vstring_readability);
+VSTRING_COMMAND(vstring_ipsum); /* ([paragraphs | words | characters = n]): placeholder text */
 /* ([format [, seconds | offset = seconds | timestamp = seconds]]): the local time, so much
  * later, or of that time since the epoch, by the conversions of my_strftime; "%Y-%m-%d" by
  * default */

@@ -31,23 +31,25 @@ const std::map<char, Kind> kKinds = {
 const std::pair<const char*, const char*> kCommands[] = {
     {"s", "capitalise leewt length metaphone ord porter reverse stem syllen"},
     {"t",
-     "border borderarray borderlen bwt casesplit entropy escape expandCharClass isprim issorted "
-     "lancaster "
-     "lynfac max min minconj monfac nextperm period prestem primroot pstem repetitions rle sort "
-     "soundex suffixarray support translate unescape visible wc"},
+     "border borderarray borderlen bwt casesplit dedent entropy escape expandCharClass isprim "
+     "issorted lancaster lines lynfac max min minconj monfac nextperm nysiis period prestem "
+     "primroot pstem repetitions rle sentences sort soundex suffixarray support translate "
+     "unescape visible wc words"},
     {"t[r",
      "hasalpha hasalphaNumeric hasascii hasbdigit hascntrl hasdigit hasdna hasgraph hasident "
      "hasident1 haslower hasodigit hasprint haspunct hasspace hasupper hasvowel hasxdigit isalpha "
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
     {"s[r", "bytes explode lowercase uppercase"},
-    {"s[s", "revcomp split squeeze unaccent"},
-    {"s[i", "factorcount"},
+    {"s[s", "readability revcomp split squeeze unaccent"},
+    {"s[i", "expand factorcount unexpand"},
     {"i", "random randperm"},
     {"i[s", "fibword thuemorse"},
     {"l", "casejoin join"},
     {"si", "debruijn fill isperiod lyndonwords repeat shift unbwt"},
     {"sl[is", "closest"},
+    {"s[ss", "trim"},
+    {"si[s", "pad"},
     {"sr", "substr"},
     {"ss",
      "align compare compareci conjp damerau decode delete editdist edits encode has hd indel "
@@ -64,7 +66,7 @@ const std::pair<const char*, const char*> kCommands[] = {
     {"ssi", "asearch asearchx cosine hsearch hsearchx psearch psearchx"},
     {"ssi?", "asearchb asearchxb"},
     {"ss?", "wreathorder wslo"},
-    {"s?", "drop morphism rotate take"},
+    {"s?", "drop indent morphism rotate take"},
     {"i?", "dictObjSearch"},
     {"?", "char dictCreate dictObjFree dictObjSize frombytes implode tally"},
     {"??", "dictObjGet regmatch regsubs"},

@@ -1,4 +1,4 @@
-// wrap, fill and placeholder text.
+// Wrapping, filling, ends, tabs, margins and lines of texts, and placeholder text.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -119,6 +119,78 @@ TEST(Wrap, ValuesAndRefusals) {
       {"wrap(7, 0, obeyspaces = yes)",
        "error: the `obeyspaces' value must be either `true' or `false', but received yes"},
   });
+}
+
+TEST(Ends, ValuesAndRefusals) {
+  Check({
+      {R"(pad("ab", 5), pad("7", 3, left, "0"), pad("ab", 5, "both", "*"), pad("", 2))",
+       R"("ab   ", "007", "*ab**", "  ")"},
+      {R"(length(pad("a", 20000, both)), pad(a, 2, right, x), pad("a", 4, both, "\377"))",
+       R"(20000, "ax", "\377a\377\377")"},
+      {R"(trim("  hi \n"), trim("xxhixx", "x", left), trim("xyhiyx", "xy"), trim(" \t "))",
+       R"("hi", "hixx", "hi", "")"},
+      {R"(trim("\240a"), trim(`xax`, "x", right), trim("abba", "ab", both), trim("a-b", "a-b"))",
+       R"("\240a", "xa", "", "")"},
+      {R"(pad("a", 3, centre))", "error: unrecognised side `centre'"},
+      {R"(trim("a", "b", "Left"))", "error: unrecognised side `\"Left\"'"},
+      {R"(pad("a", 3, left, 5))", "error: fourth argument must be a string"},
+      {R"(pad("a", 2147483647))", "error: result would be too long"},
+  });
+  CheckRefusals({
+      {"fourth argument must be a single byte",
+       R"(pad("a", 3, left, "ab"); pad("a", 0, left, ""))"},
+      {"second argument must be non-negative", R"(pad("a", -1, centre); indent("a", -1))"},
+  });
+}
+
+TEST(Tabs, ValuesAndRefusals) {
+  Check({
+      {R"(expand("a\tb"), expand("ab\tc\n\td", 4), expand("\b\tx", 4), expand("abcd\r\t", 4))",
+       R"("a       b", "ab  c\n    d", "\b   x", "abcd\r    ")"},
+      {R"(expand("\t\ta\t", 1), expand(`\t`, 3), length(expand(repeat("a\t", 3000))))",
+       R"("  a ", "   ", 24000)"},
+      {R"(unexpand("         x  y"), unexpand("  \tx\n    y", 4), unexpand("a        b"))",
+       R"("\t x  y", "\tx\n\ty", "a        b")"},
+      {R"(unexpand("  \r   ", 2), unexpand(` x`, 1), unexpand("\n  \t  x", 3))",
+       R"("\t\r\t ", "\tx", "\n\t  x")"},
+      {R"(expand("\t", 1073741825))", "error: result would be too long"},
+      {R"(expand("\t\t", 536870913))", "error: result would be too long"},
+  });
+  CheckRefusals({{"second argument must be positive", R"(expand("\t", 0); unexpand("a", -1))"}});
+}
+
+TEST(Margins, ValuesAndRefusals) {
+  Check({
+      {R"(indent("a\n\nb\n", 2), indent("a\n b", "> "), indent("\v\na\n \r\n", x))",
+       R"("  a\n\n  b\n", "> a\n>  b", "\v\nxa\n \r\n")"},
+      {R"(dedent("  a\n    b\n \n  c"), dedent("\ta\n  b"), dedent(" a\n"), dedent("   "))",
+       R"("a\n  b\n\nc", "\ta\n  b", "a\n", "")"},
+      {R"(dedent(" \tx\n \t\ty\n\t\v"), dedent("\va\n \vb"), dedent(` a`))",
+       R"("x\n\ty\n\v", "\va\n \vb", "a")"},
+      {R"(length(indent(repeat("a\n", 500), 300)), indent("\n", 2147483647))", R"(151000, "\n")"},
+      {R"(indent("a", 1073741824))", "error: result would be too long"},
+  });
+  CheckRefusals({{"second argument must be an integer or a string",
+                  R"(indent("a", 2.5); indent("a", 2147483648); indent("a", ["a"]))"}});
+}
+
+TEST(Layout, WhatDoesNotChangeIsTheArgument) {
+  CheckIdentity({
+      {"a",
+       "pad(x, 1); pad(x, 0, left, b); trim(x); trim(x, \"\", left); trim(x, b, right); "
+       "expand(x); unexpand(x); indent(x, \"\"); indent(x, 0); dedent(x)",
+       "", "pad(x, 2); trim(x, x); indent(x, 1)"},
+      {" a\n\tb", "trim(x, \"a\"); unexpand(x); indent(x, 0); dedent(x)", "",
+       "trim(x, x); trim(x, ` `); expand(x); unexpand(x, 1); indent(x, b)"},
+      {"", "pad(x, 0); trim(x); expand(x, 3); unexpand(x); indent(x, a); dedent(x)", "",
+       "pad(x, 1)"},
+  });
+}
+
+TEST(Lines, EndAtNewlines) {
+  Check({{R"(lines("a\nb"), lines("a\r\n\n"), lines(""), lines("\n"), lines("a\rb\r"))",
+          R"(["a", "b"], ["a", ""], [], [""], ["a\rb\r"])"},
+         {R"(lines("\r\r\nb\n\r"), lines(`x`))", R"(["\r", "b", "\r"], ["x"])"}});
 }
 
 TEST(Fill, ValuesAndRefusals) {

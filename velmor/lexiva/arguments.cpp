@@ -57,6 +57,11 @@ constexpr Argument kKinds[] = {
     {"charset", "utf8 or latin1"},
     {"scheme", "null, hex, base64, base64url, base32, rot13, percent or quoted"},
     {"code", "an integer from 1 to 255"},
+    {"measure", "ease or grade"},
+    {"side", "left, right or both"},
+    {"fill", "a string of one byte"},
+    {"tab", "an integer"},
+    {"margin", "a string, or an integer for so many blanks"},
     {"name0", "a quoted name"},
 };
 

@@ -1,7 +1,8 @@
-// Entry points: soundex, metaphone, syllen.
+// Entry points: soundex, metaphone, nysiis, syllen.
 #include "host/args.h"
 #include "host/result.h"
 #include "text/language/metaphone.h"
+#include "text/language/nysiis.h"
 #include "text/language/soundex.h"
 #include "text/language/syllables.h"
 
@@ -18,6 +19,13 @@ HostObject vstring_metaphone(const HostTable* host, HostObject argseq) {
   // Every key fits into the scratch buffer.
   TextResult key(args, text::kLongestMetaphoneKey, SMALL_BUFFER_BASE_SIZE);
   return key.object(text::metaphone(text, key.bytes()));
+}
+
+HostObject vstring_nysiis(const HostTable* host, HostObject argseq) {
+  const Args args(host, argseq, kOneText);
+  const Bytes name = args.text(1);
+  TextResult key(args, name.size());
+  return key.object(text::nysiis(name, key.bytes()));
 }
 
 HostObject vstring_syllen(const HostTable* host, HostObject argseq) {
