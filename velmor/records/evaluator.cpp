@@ -37,11 +37,14 @@ void Evaluator::answer(const Chunk& chunk, Answers& answers) {
   answers_ = &answers;
   RecordReader reader(job_.format, chunk);
   Record record;
-  while (reader.next(record)) answer(record, chunk.file);
-  if (const std::size_t line = reader.line_with_carriage_return();
-      line != 0 && !std::exchange(told_of_carriage_return_, true))
-    note(Message::Kind::kCarriageReturn,
-         "Warning, a carriage return ends a line; --crlf drops it" + place(chunk.file, line));
+  while (reader.next(record)) {
+    // Ahead of the record's own messages, so that their order does not depend on the chunks.
+    if (const std::size_t line = reader.line_with_carriage_return();
+        line != 0 && !std::exchange(told_of_carriage_return_, true))
+      note(Message::Kind::kCarriageReturn,
+           "Warning, a carriage return ends a line; --crlf drops it" + place(chunk.file, line));
+    answer(record, chunk.file);
+  }
 }
 
 void Evaluator::answer(const Record& record, std::size_t file) {
