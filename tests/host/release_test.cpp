@@ -21,11 +21,12 @@ const std::string kRemembering =
     "random(9, digit), random(9, last), stem(\"maximum\", stemmer = lancaster)";
 
 TEST(Release, PutsAllBackToItsStart) {
+  constexpr int kMark = '!';
   VelmorHeap* const heap = session().heap();
   vstringRelease(velmor_table(heap));
   const std::size_t protected_before = velmor_protected_count(heap);
   const std::size_t blocks_before = live_blocks();
-  cclbm['!'] |= 1;
+  cclbm[kMark] |= 1;
   const std::string first = evaluate(kRemembering);
   EXPECT_NE(first, evaluate(kRemembering));
   vrx_regcomp("(");
@@ -38,10 +39,10 @@ TEST(Release, PutsAllBackToItsStart) {
     EXPECT_STREQ("", vrx_regerror(nullptr));
     EXPECT_EQ(1, AlphabetFilter('q'));
     EXPECT_EQ("error: invalid dictionary ID", evaluate("dictObjSize(1)"));
-    EXPECT_EQ(1, ccl_islower('!'));
+    EXPECT_EQ(1, ccl_islower(kMark));
     EXPECT_EQ(first, evaluate(kRemembering));
   }
-  cclbm['!'] &= ~1U;
+  cclbm[kMark] &= ~1U;
   vstringRelease(velmor_table(heap));
   EXPECT_STREQ("", velmor_faults(heap));
 }
