@@ -91,7 +91,7 @@ TEST(List, AppendsInOrderAndIsFreedTwice) {
 void check_iteration(auto* list, auto append, auto iterate, auto release, auto up_to_three) {
   int calls = 0;
   EXPECT_EQ(1, iterate(list, up_to_three, &calls));
-  for (int i = 0; i < 10; ++i) append(list, i);
+  for (std::uintptr_t i = 0; i < 10; ++i) append(list, i);
   EXPECT_EQ(0, iterate(list, up_to_three, &calls)) << "it stops when told to";
   EXPECT_EQ(4, calls);
   EXPECT_EQ(1, iterate(
@@ -112,7 +112,7 @@ TEST(List, IterationStopsAndAnswers) {
     return *value < '3' ? 1 : 0;
   };
   check_iteration(list_create(), list_append, list_iter, list_free, number);
-  const auto append_digit = [](VstringStringList* list, int i) {
+  const auto append_digit = [](VstringStringList* list, std::uintptr_t i) {
     sl_append(list, std::to_string(i).c_str());
   };
   check_iteration(sl_create(), append_digit, sl_iter, sl_free, text);
