@@ -9,7 +9,7 @@
 #include <vstring.h>
 
 typedef HostObject (*Command)(const HostTable* host, HostObject argseq);
-enum { TAG_FLOAT = 0x03, TAG_SEQUENCE = 0x1e, HEAP_WORDS = 1 << 20, MAX_NAMES = 1000 };
+enum { TAG_FLOAT = 0x03, HEAP_WORDS = 1 << 20, MAX_NAMES = 1000 };
 
 /* ---- Reading and printing objects: into a buffer, which cuts off what is too long ---- */
 static uintptr_t* words_of(HostObject object) { return (uintptr_t*)object; }
@@ -44,7 +44,7 @@ static void put_object(HostObject object) {
     put_object(words_of(object)[1]), put(" = "), put_object(words_of(object)[2]);
   } else if (tag_of(object) == HOST_TAG_LIST) {
     put("["), put_object(words_of(object)[1]), put("]");
-  } else if (tag_of(object) == TAG_SEQUENCE) {
+  } else if (tag_of(object) == HOST_TAG_SEQUENCE) {
     for (int64_t i = 1; i <= size_of(object); ++i) {
       if (i > 1) put(", ");
       put_object(words_of(object)[i]);
@@ -94,7 +94,7 @@ static HostObject new_text(int tag, const char* text) {
 
 static HostObject new_integer(int64_t value) { return (HostObject)value * 2 + 1; }
 static HostObject new_string(const char* text) { return new_text(HOST_TAG_STRING, text); }
-static HostObject new_sequence(int64_t n) { return new_object(TAG_SEQUENCE, (size_t)n + 1); }
+static HostObject new_sequence(int64_t n) { return new_object(HOST_TAG_SEQUENCE, (size_t)n + 1); }
 static HostObject null(void) { return new_sequence(0); }
 
 static HostObject new_list(int64_t n) {

@@ -49,9 +49,11 @@ extern "C" {
  *                  round it up if they clear what that adds, or leave what follows the zero byte in
  *                  the last word as it was, but not both.
  *                  Words 1 and 2 of a string, and word 1 of a name, are the host's. Word 2 of a
- * name holds 0 or an object (its attribute). Unless that has tag 0x1e and length 1, the name has a
- * spelling of its own, which `fmtmsg` asks the host for; a word with its lowest bit set is ignored.
- *   expression sequence   word i is element i, from 1 to length - 1; any tag
+ * name holds 0 or an object (its attribute). Unless that has HOST_TAG_SEQUENCE and length 1, the
+ * name has a spelling of its own, which `fmtmsg` asks the host for; a word with its lowest bit set
+ * is ignored.
+ *   expression sequence   word i is element i, from 1 to length - 1; any tag, HOST_TAG_SEQUENCE or
+ *                  another
  *   list, set      word 1: the expression sequence of the elements
  *   range a .. b, equation a = b   word 1: a, word 2: b
  *   anything else  whatever the host likes
@@ -69,6 +71,7 @@ enum {
   HOST_TAG_NAME = 0x08,
   HOST_TAG_CALL = 0x0a,
   HOST_TAG_EQUATION = 0x15,
+  HOST_TAG_SEQUENCE = 0x1e,
   HOST_TAG_LIST = 0x1f,
   HOST_TAG_RANGE = 0x24,
   HOST_TAG_SET = 0x25,

@@ -158,10 +158,9 @@ class Message {
   // Whether the host prints the name in a way of its own: it then keeps an object in the word
   // before the text, other than the empty attribute.
   static bool has_own_spelling(HostObject name) {
-    constexpr int kAttributeTag = 0x1e;
     const HostObject attribute = word_of(name, 2);
     if (attribute == 0 || is_immediate(attribute)) return false;
-    return tag_of(attribute) != kAttributeTag || word_count(attribute) != 1;
+    return tag_of(attribute) != HOST_TAG_SEQUENCE || word_count(attribute) != 1;
   }
 
   HostObject evaluate(HostObject procedure, HostObject a, HostObject b) const {

@@ -112,7 +112,7 @@ TEST_F(OwnEvaluation, NamesWithASpellingOfTheirOwn) {
   const HostObject name = vstring_test::name("fmtmsg_name");
   auto* const attribute = reinterpret_cast<HostObject*>(name) + 2;
   ASSERT_EQ(0U, *attribute);
-  const std::uint64_t empty = (std::uint64_t{0x1e} << 32) | 1;
+  const std::uint64_t empty = (std::uint64_t{HOST_TAG_SEQUENCE} << 32) | 1;
   *attribute = velmor_float(heap(), 1.5);
   EXPECT_EQ("\"local fmtmsg_name, fmtmsg_name\"", fmtmsg(spelling, {"%1, %0", name}));
   // Neither the empty attribute nor what is no object tells of one.

@@ -40,7 +40,7 @@ bool CountedObjects::remove(HostObject object) {
 }
 
 Heap::Heap()
-    : null_words_{header(kTagSequence, 1)},
+    : null_words_{header(HOST_TAG_SEQUENCE, 1)},
       null_(object_of(null_words_)),
       true_(name("true")),
       false_(name("false")),
@@ -101,14 +101,14 @@ HostObject Heap::name(std::string_view text) {
 
 HostObject Heap::sequence(std::size_t n) {
   if (n == 0) return null_;
-  std::uint64_t* object = allocate(kTagSequence, n + 1);
+  std::uint64_t* object = allocate(HOST_TAG_SEQUENCE, n + 1);
   std::fill_n(object + 1, n, null_);
   return object_of(object);
 }
 
 HostObject Heap::sequence(std::span<const HostObject> items) {
   const auto elements = [](const HostObject& item) {
-    return tag_of(item) == kTagSequence ? references(item) : std::span(&item, 1);
+    return tag_of(item) == HOST_TAG_SEQUENCE ? references(item) : std::span(&item, 1);
   };
   std::size_t n = 0;
   for (const HostObject& item : items) n += elements(item).size();

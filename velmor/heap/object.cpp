@@ -8,7 +8,7 @@ std::size_t text_length(HostObject object) { return std::strlen(text_of(object))
 
 std::span<HostObject> references(HostObject object) {
   switch (tag_of(object)) {
-    case kTagSequence:
+    case HOST_TAG_SEQUENCE:
     case HOST_TAG_LIST:
     case HOST_TAG_SET:
     case kTagQuoted:
@@ -24,7 +24,7 @@ std::span<HostObject> references(HostObject object) {
 
 HostObject elements_of(HostObject object) {
   const int tag = tag_of(object);
-  if (tag == kTagSequence) return object;
+  if (tag == HOST_TAG_SEQUENCE) return object;
   return tag == HOST_TAG_LIST || tag == HOST_TAG_SET ? words(object)[1] : 0;
 }
 

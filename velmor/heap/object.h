@@ -17,7 +17,6 @@ namespace velmor {
 constexpr int kTagFloat = 0x03;
 constexpr int kTagQuoted = 0x12;     // guards word 1 from evaluation
 constexpr int kTagProcedure = 0x2c;  // word 1 is its text, a string; word 2 its evaluator's data
-constexpr int kTagSequence = 0x1e;   // the elements from word 1 on; NULL is the one of no elements
 
 constexpr std::uint64_t kMarkBit = std::uint64_t{1} << 63;   // the collector has reached it
 constexpr std::uint64_t kBoundBit = std::uint64_t{1} << 62;  // a name that has had a slot filled

@@ -95,7 +95,7 @@ class Printer {
   void push_binary(HostObject object, const char* op, bool within_range) {
     const auto needs_parentheses = [=](HostObject operand) {
       const int tag = tag_of(operand);
-      return tag == HOST_TAG_EQUATION || tag == kTagSequence || tag == kTagProcedure ||
+      return tag == HOST_TAG_EQUATION || tag == HOST_TAG_SEQUENCE || tag == kTagProcedure ||
              (within_range && tag == HOST_TAG_RANGE);
     };
     const auto push_operand = [&](HostObject operand) {
@@ -114,7 +114,7 @@ class Printer {
     const auto elements = references(sequence);
     bool any = false;
     for (auto it = elements.rbegin(); it != elements.rend(); ++it) {
-      if (tag_of(*it) == kTagSequence && sequence_size(*it) == 0) continue;
+      if (tag_of(*it) == HOST_TAG_SEQUENCE && sequence_size(*it) == 0) continue;
       if (any) push(", ");
       push(*it);
       any = true;
@@ -154,7 +154,7 @@ class Printer {
       case HOST_TAG_SET:
         push_all({"{", words(object)[1], "}"});
         break;
-      case kTagSequence:
+      case HOST_TAG_SEQUENCE:
         push_elements(object);
         break;
       case kTagProcedure:

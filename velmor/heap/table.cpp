@@ -150,7 +150,7 @@ char* host_to_c_string(HostObject object) {
 
 std::int64_t host_num_args(HostObject argseq) {
   return checked([=](VelmorHeap&) {
-    require(tag_of(argseq) == kTagSequence, "HostNumArgs of no sequence");
+    require(tag_of(argseq) == HOST_TAG_SEQUENCE, "HostNumArgs of no sequence");
     return static_cast<std::int64_t>(sequence_size(argseq));
   });
 }
@@ -206,7 +206,7 @@ HostObject host_new_sequence_of(std::int64_t n, ...) {
 
 HostObject host_sequence_to_list(HostObject sequence) {
   return raising([=](VelmorHeap& heap) {
-    require(tag_of(sequence) == kTagSequence, "HostSeqToList of no sequence");
+    require(tag_of(sequence) == HOST_TAG_SEQUENCE, "HostSeqToList of no sequence");
     return heap.objects.list(sequence);
   });
 }

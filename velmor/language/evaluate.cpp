@@ -22,7 +22,7 @@ bool is_constant(NodeKind kind) {
 
 // A sequence of one element is that element.
 HostObject simplified(HostObject object) {
-  if (velmor_tag(object) == kTagSequence && velmor_size(object) == 1)
+  if (velmor_tag(object) == HOST_TAG_SEQUENCE && velmor_size(object) == 1)
     return velmor_element(object, 1);
   return object;
 }
@@ -173,7 +173,7 @@ HostObject Session::collection(const Node& tree, bool evaluated) {
 
 HostObject Session::side(const Node& tree, bool evaluated, const char* op) {
   const HostObject object = evaluated ? value(tree) : unevaluated(tree);
-  if (velmor_tag(object) == kTagSequence)
+  if (velmor_tag(object) == HOST_TAG_SEQUENCE)
     throw Failure(std::string("expecting one value on each side of `") + op + "'");
   return object;
 }

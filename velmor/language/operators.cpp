@@ -128,7 +128,7 @@ HostObject Session::slice(HostObject whole, std::size_t begin, std::size_t count
     part = tag_of(whole) == HOST_TAG_LIST  ? velmor_list(heap(), count, items)
            : tag_of(whole) == HOST_TAG_SET ? velmor_set(heap(), count, items)
                                            : velmor_sequence(heap(), count, items);
-    if (tag_of(part) == kTagSequence && velmor_size(part) == 1) part = velmor_element(part, 1);
+    if (tag_of(part) == HOST_TAG_SEQUENCE && velmor_size(part) == 1) part = velmor_element(part, 1);
   }
   if (part == 0) throw Failure("out of memory");
   return part;

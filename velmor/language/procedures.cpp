@@ -98,7 +98,7 @@ int Session::evaluate_procedure(void* context, VelmorHeap* heap, HostObject proc
   ++session.nesting_;
   try {
     const HostObject value = session.call_value(procedure, argseq);
-    *result = velmor_tag(value) == kTagSequence && velmor_size(value) == 1
+    *result = velmor_tag(value) == HOST_TAG_SEQUENCE && velmor_size(value) == 1
                   ? velmor_element(value, 1)
                   : value;
   } catch (const Failure& failure) {

@@ -152,7 +152,7 @@ std::string Session::print(HostObject object) {
 }
 
 bool Session::is_null(HostObject object) {
-  return velmor_tag(object) == kTagSequence && velmor_size(object) == 0;
+  return velmor_tag(object) == HOST_TAG_SEQUENCE && velmor_size(object) == 0;
 }
 
 void Session::collect_garbage() {

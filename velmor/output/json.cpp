@@ -58,7 +58,7 @@ class JsonPrinter {
   // Writes a leaf, or opens an array whose elements are still to come.
   void write(HostObject value) {
     if (const HostObject elements = elements_of(value); elements != 0) {
-      if (tag_of(value) == kTagSequence && sequence_size(value) == 0) {
+      if (tag_of(value) == HOST_TAG_SEQUENCE && sequence_size(value) == 0) {
         writer_.Null();
       } else {
         writer_.StartArray();
