@@ -7,6 +7,7 @@
 #include <string>
 
 #include "search/regex/matcher.h"
+#include "search/regex/prepare.h"
 #include "search/regex/replace.h"
 #include "texts.h"
 #ifdef VSTRING_PEER_PCRE2

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "search/regex/matcher.h"
+#include "search/regex/prepare.h"
 #include "search/regex/program.h"
 
 namespace {

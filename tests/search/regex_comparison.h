@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "search/regex/matcher.h"
+#include "search/regex/prepare.h"
 #include "search/regex/replace.h"
 #include "search/regex_reference.h"
 

@@ -272,7 +272,7 @@ Part Compiler::literal() {
 }
 
 // What lets the matcher skip most starts, when there is a single top-level branch.
-void find_hints(VstringRegex* regex, bool starts_with_star) {
+void find_shortcuts(VstringRegex* regex, bool starts_with_star) {
   const Byte* const program = regex->program;
   constexpr std::size_t kFirstBranch = 1;
   if (program[next_of(program, kFirstBranch)] != kEnd) return;
@@ -315,6 +315,6 @@ VstringRegex* vrx_regcomp(const char* pattern) {
   }
   regex->size = static_cast<std::uint16_t>(size);
   const Part whole = Compiler(pattern, regex->program).pattern();
-  find_hints(regex, whole.starts_with_star);
+  find_shortcuts(regex, whole.starts_with_star);
   return regex;
 }

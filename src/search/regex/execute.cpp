@@ -6,6 +6,7 @@
 #include "search/regex/error.h"
 #include "search/regex/matcher.h"
 #include "search/regex/plan.h"
+#include "search/regex/prepare.h"
 
 namespace vstring::regex {
 namespace {

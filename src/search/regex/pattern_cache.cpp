@@ -5,6 +5,7 @@
 
 #include "host/vstring.h"
 #include "search/regex/error.h"
+#include "search/regex/prepare.h"
 
 namespace vstring::regex {
 namespace {

@@ -19,7 +19,7 @@ using StateNumber = std::uint32_t;
 
 enum class Op : std::uint8_t {
   fail,
-  report,   // records message `other`, then goes on
+  report,   // records the message of fault `other`, then goes on
   accept,   // the end of a match
   bol,      // goes on at the start of the text
   eol,      // goes on at the end of the text
@@ -64,6 +64,9 @@ struct LookAhead {
 };
 
 inline constexpr StateNumber kFailState = 0;
+
+// What may be wrong with a program. The state of that number in every plan reports it.
+enum Fault : StateNumber { kBrokenChain = kFailState + 1, kBadOpcode, kBadOperand, kFaults };
 
 // The states that one leads to, the preferred one first.
 struct Successors {
@@ -164,15 +167,6 @@ struct Plan {
     return !hints.has_first || (at < text.size() && hints.first.has(text[at]));
   }
 };
-
-// To find all hints takes longer than the rest of a plan, and than to search so many bytes.
-inline constexpr std::size_t kWorthHints = 512;
-
-// One block from malloc, for free(); null when memory fails. O(program).
-Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
-
-// Finds all hints of a plan that was made without. False when memory fails.
-bool add_hints(Plan& plan, const VstringRegex& regex);
 
 // Records the message of a report state.
 void report(const State& state);

@@ -1,0 +1,73 @@
+#include "search/regex/prepare.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "search/regex/decode.h"
+#include "search/regex/hints.h"
+
+namespace vstring::regex {
+namespace {
+
+// The first byte that the record gives holds, also when the program has been changed since.
+void believe_first_byte(Hints& hints, const Byte& first) {
+  if (first == 0 || (!hints.prefix.empty() && hints.prefix[0] == first)) return;
+  hints.prefix = Bytes(&first, 1);
+  hints.prefix_length = 0;
+  hints.has_first = true;
+  hints.first = ByteScan(ByteSet(hints.prefix));
+}
+
+// Passes over saves, noting their captures.
+StateNumber pass_saves(const Plan& plan, StateNumber s, std::uint32_t& slots) {
+  for (int i = 0; i < 2 * kGroups && plan.states[s].op == Op::save; ++i, s = plan.states[s].next) {
+    slots |= 1U << plan.states[s].slot;
+  }
+  return s;
+}
+
+void find_single(Plan& plan) {
+  const Hints& hints = plan.hints;
+  plan.start_slots = 1;
+  const StateNumber s = pass_saves(plan, plan.start, plan.start_slots);
+  const State& state = plan.states[s];
+  const bool is_single =
+      state.op == Op::literal || state.op == Op::one || (state.op == Op::plus && state.takes_all);
+  if (!is_single || plan.anchored || hints.required_count > 0) return;
+  std::uint32_t end_slots = 0;
+  const StateNumber last = pass_saves(plan, state.next, end_slots);
+  if (plan.states[last].op != Op::accept) return;
+  const bool is_known = state.op == Op::literal && state.other > 1
+                            ? equal(hints.prefix, plan.literal(state))
+                            : hints.has_first && hints.first.set() == plan.first_bytes(state);
+  if (!is_known) return;
+  plan.single = s;
+  plan.start_slots &= ~end_slots;
+}
+
+// False when memory fails.
+bool learn(Plan& plan, const VstringRegex& regex, bool all_hints) {
+  Bytes must;
+  if (regex.must != nullptr && regex.must_length > 0) {
+    const auto length = static_cast<std::size_t>(regex.must_length);
+    must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
+  }
+  plan.hints = {};
+  if (!find_hints(plan, must, all_hints)) return false;
+  believe_first_byte(plan.hints, regex.first_byte);
+  find_single(plan);
+  return true;
+}
+
+}  // namespace
+
+Plan* make_plan(const VstringRegex& regex, bool all_hints) {
+  Plan* const plan = decode(regex);
+  if (plan == nullptr || learn(*plan, regex, all_hints)) return plan;
+  std::free(plan);
+  return nullptr;
+}
+
+bool add_hints(Plan& plan, const VstringRegex& regex) { return learn(plan, regex, true); }
+
+}  // namespace vstring::regex

@@ -1,0 +1,19 @@
+// From a compiled expression to a plan with its hints.
+#pragma once
+#include <cstddef>
+
+#include "host/vstring.h"
+#include "search/regex/plan.h"
+
+namespace vstring::regex {
+
+// To find all hints takes longer than the rest of a plan, and than to search so many bytes.
+inline constexpr std::size_t kWorthHints = 512;
+
+// One block from malloc, for free(); null when memory fails. O(program).
+Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
+
+// Finds all hints of a plan that was made without. False when memory fails.
+bool add_hints(Plan& plan, const VstringRegex& regex);
+
+}  // namespace vstring::regex
