@@ -244,7 +244,7 @@ TEST_F(Runtime, ArgumentsAreEvaluated) {
   EXPECT_EQ(convert(name("x")), "\"9\"");
   velmor_assign(heap, name("y"), name("x"));
   velmor_assign(heap, name("x"), name("y"));
-  EXPECT_EQ(convert(name("x")), "error: recursive assignment of x");
+  EXPECT_EQ(convert(name("x")), "error: name defined by itself: x");
   EXPECT_EQ(call(kEvaluate, {name("convert"), string("s"), name("list")}),
             "error: convert is not a procedure");
 }

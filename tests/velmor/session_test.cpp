@@ -85,6 +85,8 @@ TEST_F(SessionTest, NamesAndQuotes) {
          {"a := 'b'", "b"},
          {"b := 'a'", "a"},
          {"a", "error: name defined by itself: a"},
+         {"c := 'a'", "a"},
+         {"c", "error: name defined by itself: c"},
          {"n := 5", "5"},
          {"n(1)", "error: n is not a function but 5"},
          {"take := 1", "error: cannot assign to take"}});

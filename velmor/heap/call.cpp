@@ -41,15 +41,13 @@ bool is_name(HostObject object, std::string_view text) {
   return tag_of(object) == HOST_TAG_NAME && text_view(object) == text;
 }
 
-// A name stands for its value, unless quoted; names that stand for each other have none.
+// A name stands for its value, unless quoted.
 HostObject value_of_argument(HostObject argument) {
   if (tag_of(argument) == kTagQuoted) return words(argument)[1];
-  constexpr int kLongestChain = 1000;
-  for (int i = 0; i < kLongestChain; ++i) {
-    if (tag_of(argument) != HOST_TAG_NAME || words(argument)[kValueWord] == 0) return argument;
-    argument = words(argument)[kValueWord];
-  }
-  throw std::runtime_error("recursive assignment of " + print(argument));
+  if (tag_of(argument) != HOST_TAG_NAME) return argument;
+  const HostObject value = value_of_name(argument);
+  if (value == 0) throw std::runtime_error(kDefinedByItself + print(argument));
+  return value;
 }
 
 // convert(x, string): a string as it is, a name's text, else the printed form.

@@ -6,6 +6,18 @@ namespace velmor {
 
 std::size_t text_length(HostObject object) { return std::strlen(text_of(object)); }
 
+HostObject value_of_name(HostObject name) {
+  HostObject behind = name;  // goes half as fast: a circle brings both together (R. W. Floyd, 1967)
+  for (bool follows = false;; follows = !follows) {
+    const HostObject value = words(name)[kValueWord];
+    if (value == 0 || value == name) return name;
+    if (tag_of(value) != HOST_TAG_NAME) return value;
+    name = value;
+    if (follows) behind = words(behind)[kValueWord];
+    if (name == behind) return 0;
+  }
+}
+
 std::span<HostObject> references(HostObject object) {
   switch (tag_of(object)) {
     case HOST_TAG_SEQUENCE:

@@ -72,6 +72,11 @@ inline std::string_view text_view(HostObject object) {
   return {text_of(object), text_length(object)};
 }
 
+// The value of a name, or that of the name which is its value, and so on; the last of these names
+// when that has none. 0 when they stand for each other: say so with kDefinedByItself and the name.
+HostObject value_of_name(HostObject name);
+inline constexpr const char* kDefinedByItself = "name defined by itself: ";
+
 // The words of a compound object that refer to others; the elements, for a sequence. Empty for
 // the rest, names included.
 std::span<HostObject> references(HostObject object);

@@ -9,8 +9,6 @@
 namespace velmor {
 namespace {
 
-constexpr int kLongestChainOfNames = 100;
-
 HostObject made(HostObject object) {
   if (object == 0) throw Failure("out of memory");
   return object;
@@ -198,16 +196,11 @@ HostObject Session::arithmetic(const Node& tree, bool evaluated) {
   return made(velmor_integer(heap(), result));
 }
 
-// The value of a name, or that of the name which is its value, and so on.
 HostObject Session::value_of_name(HostObject name) {
   if (name == null_name_) return null_;
-  for (int i = 0; i < kLongestChainOfNames; ++i) {
-    const HostObject found = velmor_value(heap(), name);
-    if (found == 0 || found == name) return name;
-    if (velmor_tag(found) != HOST_TAG_NAME) return found;
-    name = found;
-  }
-  throw Failure("name defined by itself: " + print(name));
+  const HostObject value = velmor::value_of_name(name);
+  if (value == 0) throw Failure(kDefinedByItself + print(name));
+  return value;
 }
 
 HostObject Session::assign(const Node& tree) {
