@@ -34,7 +34,7 @@ VSTRING_AVX2 std::uint64_t bits(const Hits& hits) {
   return low | std::uint64_t{high} << 32;
 }
 
-// Goes over whole blocks of alignments, N probes for each.
+// Goes over whole blocks of alignments, one at least, N probes for each.
 template <std::size_t N>
 VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std::size_t end,
                                           const Probes& probes, Budget& ahead) {
@@ -46,24 +46,34 @@ VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std
     bytes[i] = _mm256_set1_epi8(static_cast<char>(probes.bytes[i]));
     texts[i] = text + probes.offsets[i];
   }
+  const auto look_ahead = [&](std::size_t place) VSTRING_AVX2 {
+    Hits hits = probe(texts[0] + place, bytes[0]);
+    for (std::size_t i = 1; i < kAhead; ++i) hits = both(hits, probe(texts[i] + place, bytes[i]));
+    return hits;
+  };
+  const auto leaves_nothing = [](const Hits& hits) VSTRING_AVX2 {
+    const __m256i any = _mm256_or_si256(hits.low, hits.high);
+    return _mm256_testz_si256(any, any) != 0;
+  };
+  const std::size_t last = end - kProbeBlock;
+  std::size_t place = at;
   Budget budget = ahead;
   std::uint64_t found = 0;
-  for (; end - at >= kProbeBlock; at += kProbeBlock) {
-    Hits hits = probe(texts[0] + at, bytes[0]);
-    for (std::size_t i = 1; i < kAhead; ++i) hits = both(hits, probe(texts[i] + at, bytes[i]));
+  for (; found == 0 && place <= last; place += found == 0 ? kProbeBlock : 0) {
+    Hits hits = look_ahead(place);
     if (N > kAhead && !budget.is_used_up()) {
-      const __m256i any = _mm256_or_si256(hits.low, hits.high);
-      if (_mm256_testz_si256(any, any) != 0) {
-        budget.earn(1);
-        continue;
+      const std::size_t first = place;
+      while (leaves_nothing(hits) && place + kProbeBlock <= last) {
+        hits = look_ahead(place += kProbeBlock);
       }
+      budget.earn((place - first) / kProbeBlock);
       budget.spend(kLookCost);
     }
 #pragma GCC unroll 8
-    for (std::size_t i = kAhead; i < N; ++i) hits = both(hits, probe(texts[i] + at, bytes[i]));
+    for (std::size_t i = kAhead; i < N; ++i) hits = both(hits, probe(texts[i] + place, bytes[i]));
     found = bits(hits);
-    if (found != 0) break;
   }
+  at = place;
   ahead = budget;
   return found;
 }
