@@ -29,7 +29,8 @@ class TableCursor {
   bool odd_ = false;
 };
 
-// Where a scan takes the short cut of going straight to the next place where a pattern may begin.
+// Where a scan takes the short cut of going straight to the next place where a pattern begins with
+// as many bytes as the skip table knows.
 //
 // In a state so shallow that no pattern is as short as its depth, nothing but the few bytes that
 // led there is under way, so the scan may start over from there. Each place lies behind the one
@@ -37,39 +38,61 @@ class TableCursor {
 // full of beginnings, the automaton goes on alone.
 class ShortCuts {
  public:
-  ShortCuts(const ScanTable& table, Bytes text) : table_(table), text_(text) {
-    shallow_end_ = table.skips.is_ready() ? table.third : 1;
-  }
+  ShortCuts(const ScanTable& table, Bytes text)
+      : table_(table),
+        text_(text),
+        hashed_(table.skips.hashed()),
+        shallow_end_(table.depth_begin[hashed_]) {}
 
   // A short cut may be taken from states below this one.
   StateNumber shallow_end() const { return shallow_end_; }
 
-  // Moves `state`, which was reached before the byte at `at`, to where the scan goes on.
+  // Moves `state`, which was reached before the byte at `at`, to where the scan goes on. That is
+  // one byte short of what is hashed: no longer suffix of the text can be under way there.
   void take(StateNumber& state, std::size_t& at) {
-    const std::size_t begin = at - (state >= 1) - (state >= table_.second);
+    const std::size_t begin = at - depth_of(state);
     if (begin < unseen_) return;
-    const std::size_t next = next_candidate(begin);
-    unseen_ = next + 1;
-    budget_.earn(next - begin);
-    budget_.spend(kCost);
-    if (budget_.is_used_up()) shallow_end_ = 0;
-    if (next == begin) return;
-    at = next;
+    std::size_t from = begin;
+    while (shallow_end_ != 0 && text_.size() - from >= hashed_) {
+      const std::size_t place = table_.skips.next_place(text_, from);
+      budget_.earn(place - from);
+      budget_.spend(kCost);
+      if (budget_.is_used_up()) shallow_end_ = 0;
+      if (text_.size() - place < hashed_) break;
+      from = unseen_ = place + 1;
+      if (!begins_at(place, state)) continue;
+      at = place + hashed_ - 1;
+      return;
+    }
+    // Nothing is under way.
     state = 0;
+    at = shallow_end_ != 0 ? text_.size() : from;
   }
 
  private:
-  std::size_t next_candidate(std::size_t from) const {
-    if (table_.skips.is_ready()) return table_.skips.next_candidate(text_, from);
-    while (from < text_.size() && table_.rows[table_.class_of[text_[from]]] == 0) ++from;
-    return from;
+  static constexpr std::size_t kCost = 8;
+  static constexpr std::size_t kFree = 1000;
+
+  // Requires a shallow state.
+  std::size_t depth_of(StateNumber state) const {
+    std::size_t depth = 0;
+    while (depth + 1 < hashed_ && state >= table_.depth_begin[depth + 1]) ++depth;
+    return depth;
   }
 
-  static constexpr std::size_t kCost = 6;
-  static constexpr std::size_t kFree = 1000;
+  // Whether the bytes at `place` lead one step deeper each, for all but the last that is hashed.
+  bool begins_at(std::size_t place, StateNumber& state) const {
+    state = 0;
+    for (std::size_t depth = 1; depth < hashed_; ++depth) {
+      state = step(table_, state, text_[place + depth - 1]) & ~kHit;
+      if (state < table_.depth_begin[depth]) return false;
+    }
+    return true;
+  }
 
   const ScanTable& table_;
   Bytes text_;
+  std::size_t hashed_;
   StateNumber shallow_end_;
   std::size_t unseen_ = 0;  // places before have been taken
   Budget budget_{kFree};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <iterator>
 
 #include "runtime/memory.h"
 #include "search/many/trie.h"
@@ -96,8 +97,9 @@ const ScanTable* prepare_table(VstringAutomaton* automaton) {
     return nullptr;
   }
   number_states(*automaton, *table, order.data());
-  table->second = table->links[1].first_child;
-  table->third = table->links[table->second].first_child;
+  for (std::size_t depth = 1; depth < std::size(table->depth_begin); ++depth) {
+    table->depth_begin[depth] = table->links[table->depth_begin[depth - 1]].first_child;
+  }
   if (!table->skips.prepare(pool, {table->patterns + 1, counts.patterns})) return nullptr;
 
   const std::size_t row_length = std::bit_ceil(classify(*table, states));

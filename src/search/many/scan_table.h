@@ -39,8 +39,7 @@ struct ScanTable {
   Byte* label;              // the byte that leads to a state; kLabelPadding bytes behind the last
   Pattern* patterns;        // from 1 on
   SkipTable skips;
-  StateNumber second;  // the first state at depth 2
-  StateNumber third;   // the first state at depth 3
+  StateNumber depth_begin[SkipTable::kMostHashed + 1];  // the first state at a depth
   Byte class_of[256];
 };
 inline constexpr std::size_t kLabelPadding = 8;
