@@ -35,15 +35,21 @@ std::string_view RecordReader::next_line(bool& ended) {
   return line;
 }
 
-bool RecordReader::next_paragraph(Record& record) {
+// The next line that is not empty, where a record of several lines begins; empty at the end.
+std::string_view RecordReader::first_line(Record& record) {
   bool ended = false;
-  std::string_view first;
-  while (first.empty()) {
-    if (rest_.empty()) return false;
+  std::string_view line;
+  while (line.empty() && !rest_.empty()) {
     record.line = line_;
-    first = next_line(ended);
+    line = next_line(ended);
   }
-  joined_ = first;
+  return line;
+}
+
+bool RecordReader::next_paragraph(Record& record) {
+  joined_ = first_line(record);
+  if (joined_.empty()) return false;
+  bool ended = false;
   for (std::string_view line; !rest_.empty() && !(line = next_line(ended)).empty();) {
     joined_ += '\n';
     joined_ += line;
@@ -53,17 +59,13 @@ bool RecordReader::next_paragraph(Record& record) {
 }
 
 bool RecordReader::next_fasta(Record& record) {
-  bool ended = false;
-  std::string_view first;
-  while (first.empty()) {
-    if (rest_.empty()) return false;
-    record.line = line_;
-    first = next_line(ended);
-  }
+  const std::string_view first = first_line(record);
+  if (first.empty()) return false;
   const bool headed = first.starts_with('>');
   record.header = headed ? first : std::string_view();
   joined_ = headed ? std::string_view() : first;
   std::string_view last = first;
+  bool ended = false;
   while (!rest_.empty() && !rest_.starts_with('>')) {
     const std::string_view line = next_line(ended);
     if (line.empty()) continue;

@@ -31,6 +31,7 @@ class RecordReader {
 
  private:
   std::string_view next_line(bool& ended);
+  std::string_view first_line(Record& record);
   bool next_paragraph(Record& record);
   bool next_fasta(Record& record);
 
