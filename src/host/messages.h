@@ -7,47 +7,20 @@ namespace vstring::messages {
 inline constexpr int kPositions = 4;
 
 // The ordinary refusals, by argument position.
+#define VSTRING_BY_POSITION(text) \
+  "first argument " text, "second argument " text, "third argument " text, "fourth argument " text
 inline constexpr const char* kStringExpected[kPositions] = {
-    "first argument must be a string",
-    "second argument must be a string",
-    "third argument must be a string",
-    "fourth argument must be a string",
-};
-
+    VSTRING_BY_POSITION("must be a string")};
 inline constexpr const char* kInteger32Expected[kPositions] = {
-    "first argument must be a 32-bit integer",
-    "second argument must be a 32-bit integer",
-    "third argument must be a 32-bit integer",
-    "fourth argument must be a 32-bit integer",
-};
-
-inline constexpr const char* kRangeExpected[kPositions] = {
-    "first argument must be a range",
-    "second argument must be a range",
-    "third argument must be a range",
-    "fourth argument must be a range",
-};
-
+    VSTRING_BY_POSITION("must be a 32-bit integer")};
+inline constexpr const char* kRangeExpected[kPositions] = {VSTRING_BY_POSITION("must be a range")};
 inline constexpr const char* kStringsExpected[kPositions] = {
-    "first argument must be a list of strings",
-    "second argument must be a list of strings",
-    "third argument must be a list of strings",
-    "fourth argument must be a list of strings",
-};
-
+    VSTRING_BY_POSITION("must be a list of strings")};
 inline constexpr const char* kNonNegativeExpected[kPositions] = {
-    "first argument must be non-negative",
-    "second argument must be non-negative",
-    "third argument must be non-negative",
-    "fourth argument must be non-negative",
-};
-
+    VSTRING_BY_POSITION("must be non-negative")};
 inline constexpr const char* kPositiveExpected[kPositions] = {
-    "first argument must be positive",
-    "second argument must be positive",
-    "third argument must be positive",
-    "fourth argument must be positive",
-};
+    VSTRING_BY_POSITION("must be positive")};
+#undef VSTRING_BY_POSITION
 
 // Of commands whose only argument needs no number.
 inline constexpr const char* kArgumentString = "argument must be a string";
