@@ -1,9 +1,11 @@
 // Entry points: length, substr, take, drop, insert, repeat, reverse, rotate, shift, exchange,
 // snarf, isprefix, issuffix, has, strchr, strrchr, ord, char, cap, numboccur, max, min.
+#include <optional>
 #include <utility>
 
 #include "core/editing.h"
 #include "host/args.h"
+#include "host/measure.h"
 #include "host/result.h"
 
 using namespace vstring;
@@ -22,6 +24,8 @@ HostObject vstring_substr(const HostTable* host, HostObject argseq) {
   return new_string(args, text.subspan(range.first, range.count));
 }
 
+namespace {
+
 // The prefix or suffix commands take a count or a set of bytes as second argument.
 constexpr Signature kTake = {2,
                              {{},
@@ -31,34 +35,31 @@ constexpr Signature kDrop = {2,
                              {{},
                               {"second argument must be a positive integer or a string",
                                "second argument must be positive"}}};
+
 constexpr const char* kSecondTooLarge = "second argument is too large";
+
+std::optional<std::size_t> count_argument(const Args& args) {
+  if (args.is_integer32(args.object(2))) return static_cast<std::size_t>(args.non_negative(2));
+  if (args.is_integer(args.object(2))) args.raise(kSecondTooLarge);
+  return std::nullopt;
+}
+
+}  // namespace
 
 HostObject vstring_take(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kTake);
   const Bytes text = args.text(1);
-  const HostObject wanted = args.object(2);
-  if (args.is_integer32(wanted)) {
-    const auto n = static_cast<std::size_t>(args.non_negative(2));
-    if (n > text.size()) return args.object(1);
-    return new_string(args, text.first(n));
-  }
-  if (args.is_integer(wanted)) args.raise(kSecondTooLarge);
-  const Bytes stops = args.text(2);
-  return new_string(args, text.first(core::prefix_without(text, stops)));
+  const std::optional<std::size_t> n = count_argument(args);
+  if (n > text.size()) return args.object(1);
+  return new_string(args, text.first(n ? *n : core::prefix_without(text, args.text(2))));
 }
 
 HostObject vstring_drop(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kDrop);
   const Bytes text = args.text(1);
-  const HostObject wanted = args.object(2);
-  if (args.is_integer32(wanted)) {
-    const auto n = static_cast<std::size_t>(args.non_negative(2));
-    if (n > text.size()) return empty_string(args);
-    return new_string(args, text.subspan(n));
-  }
-  if (args.is_integer(wanted)) args.raise(kSecondTooLarge);
-  const Bytes stops = args.text(2);
-  return new_string(args, text.subspan(core::after_last_of(text, stops)));
+  const std::optional<std::size_t> n = count_argument(args);
+  if (n > text.size()) return empty_string(args);
+  return new_string(args, text.subspan(n ? *n : core::after_last_of(text, args.text(2))));
 }
 
 HostObject vstring_insert(const HostTable* host, HostObject argseq) {
@@ -152,15 +153,11 @@ HostObject vstring_snarf(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_isprefix(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes prefix = args.text(1);
-  return new_boolean(args, core::is_prefix(prefix, args.text(2)));
+  return measured<core::is_prefix>(host, argseq);
 }
 
 HostObject vstring_issuffix(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes suffix = args.text(1);
-  return new_boolean(args, core::is_suffix(suffix, args.text(2)));
+  return measured<core::is_suffix>(host, argseq);
 }
 
 // The wording is what scripts compare with; it means that the argument may not be empty.

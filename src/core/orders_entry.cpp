@@ -3,14 +3,13 @@
 #include "bytes/byte_set.h"
 #include "core/orders.h"
 #include "host/args.h"
+#include "host/measure.h"
 #include "host/release.h"
 #include "host/result.h"
 
 using namespace vstring;
 
 namespace {
-
-HostObject order_result(const Args& args, int order) { return args.host()->HostNewInteger(order); }
 
 // The orders that take a support string as an optional third argument.
 using SupportedOrder = Result<int> (*)(Bytes s, Bytes t, const core::Support& support);
@@ -29,7 +28,7 @@ HostObject supported(const HostTable* host, HostObject argseq, SupportedOrder or
   }
   const Result<int> result = order(s, t, support);
   if (!result.ok()) args.raise("invalid support string");
-  return order_result(args, *result);
+  return new_value(args, *result);
 }
 
 // The weights read last, and the list object that they were read from: sorting a list of words
@@ -94,23 +93,7 @@ HostObject weighted(const HostTable* host, HostObject argseq, WeightedOrder orde
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   core::Weights read;
-  return order_result(args, order(s, t, weights_argument(args, 3, read)));
-}
-
-using PlainOrder = int (*)(Bytes s, Bytes t);
-
-HostObject plain(const HostTable* host, HostObject argseq, PlainOrder order) {
-  const Args args(host, argseq, kTwo);
-  const Bytes s = args.text(1);
-  return order_result(args, order(s, args.text(2)));
-}
-
-using Precedence = bool (*)(Bytes s, Bytes t);
-
-HostObject compared(const HostTable* host, HostObject argseq, Precedence precedes) {
-  const Args args(host, argseq, kTwo);
-  const Bytes s = args.text(1);
-  return new_boolean(args, precedes(s, args.text(2)));
+  return new_value(args, order(s, t, weights_argument(args, 3, read)));
 }
 
 }  // namespace
@@ -146,19 +129,19 @@ HostObject vstring_wreathorder(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_lrpo(const HostTable* host, HostObject argseq) {
-  return plain(host, argseq, core::recursive_path_from_right);
+  return measured<core::recursive_path_from_right>(host, argseq);
 }
 
 HostObject vstring_rrpo(const HostTable* host, HostObject argseq) {
-  return plain(host, argseq, core::recursive_path_from_left);
+  return measured<core::recursive_path_from_left>(host, argseq);
 }
 
 HostObject vstring_compare(const HostTable* host, HostObject argseq) {
-  return compared(host, argseq, core::precedes);
+  return measured<core::precedes>(host, argseq);
 }
 
 HostObject vstring_compareci(const HostTable* host, HostObject argseq) {
-  return compared(host, argseq, core::precedes_ignoring_case);
+  return measured<core::precedes_ignoring_case>(host, argseq);
 }
 
 HostObject vstring_sort(const HostTable* host, HostObject argseq) {

@@ -96,6 +96,12 @@ class Args {
   Elements strings(int position, bool sets_too = false) const;
   // A word to choose from these, by its place among them. The refusal of another one shows it.
   std::size_t choice(int position, std::span<const char* const> words) const;
+  // The same, of the values of an enumeration in their order; `otherwise` when there is no
+  // argument.
+  template <typename Enum>
+  Enum choice(int position, std::span<const char* const> words, Enum otherwise) const {
+    return has(position) ? static_cast<Enum>(choice(position, words)) : otherwise;
+  }
 
   bool is_integer32(HostObject object) const { return host_->HostIsInteger32(object) != 0; }
   bool is_integer(HostObject object) const { return host_->HostIsInteger(object) != 0; }

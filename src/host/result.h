@@ -41,6 +41,16 @@ class TextResult {
 };
 static_assert(std::is_trivially_destructible_v<TextResult>);
 
+// A new string of `length` bytes that `write` fills in, where little can make much: refused when it
+// would be too long.
+template <typename Write>
+HostObject new_long_text(const Args& args, std::uint64_t length, Write write) {
+  args.limit_length(length);
+  TextResult text(args, length);
+  write(text.bytes());
+  return text.object();
+}
+
 // An empty text that grows out of the scratch buffer.
 inline GrowingText scratch_text() {
   return scratch_is_free() ? GrowingText(scratch, kScratchLimit) : GrowingText();
@@ -65,6 +75,23 @@ inline HostObject new_position(const Args& args, std::size_t offset) {
 }
 inline HostObject new_boolean(const Args& args, bool value) {
   return args.host()->HostToBoolean(value ? 1 : 0);
+}
+
+// A new truth value, float or integer, as the value itself is. Raises when there is none.
+template <typename Value>
+HostObject new_value(const Args& args, const Value& value) {
+  if constexpr (std::is_same_v<Value, bool>) {
+    return new_boolean(args, value);
+  } else if constexpr (std::is_floating_point_v<Value>) {
+    return args.host()->HostNewFloat(value);
+  } else {
+    return args.host()->HostNewInteger(static_cast<std::int64_t>(value));
+  }
+}
+template <typename Value>
+HostObject new_value(const Args& args, const Result<Value>& value) {
+  args.require(value.status());
+  return new_value(args, *value);
 }
 
 // A new list whose element i (0-based) is make(i).

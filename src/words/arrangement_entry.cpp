@@ -1,5 +1,6 @@
 // Entry points: isanagram, nextperm, rle, morphism.
 #include "host/args.h"
+#include "host/measure.h"
 #include "host/result.h"
 #include "words/arrangement.h"
 #include "words/morphism.h"
@@ -8,9 +9,7 @@
 using namespace vstring;
 
 HostObject vstring_isanagram(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes s = args.text(1);
-  return new_boolean(args, words::are_anagrams(s, args.text(2)));
+  return measured<words::are_anagrams>(host, argseq);
 }
 
 HostObject vstring_nextperm(const HostTable* host, HostObject argseq) {

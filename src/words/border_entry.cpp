@@ -56,7 +56,5 @@ HostObject vstring_overlap(const HostTable* host, HostObject argseq) {
   const Bytes s = args.text(1);
   const Bytes t = args.text(2);
   if (args.object(1) == args.object(2)) return new_integer(args, s.size());
-  const Result<std::size_t> length = words::overlap(s, t);
-  args.require(length.status());
-  return new_integer(args, *length);
+  return new_value(args, words::overlap(s, t));
 }

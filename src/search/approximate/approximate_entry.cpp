@@ -40,9 +40,7 @@ Query decoded_with_selector(const Args& args) {
 }
 
 HostObject first_position(const Args& args, const Query& q) {
-  const Result<std::size_t> end = search::first_end(q.pattern, q.text, q.k, q.model);
-  args.require(end.status());
-  return new_integer(args, *end);
+  return new_value(args, search::first_end(q.pattern, q.text, q.k, q.model));
 }
 
 HostObject all_positions(const Args& args, const Query& q) {

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "host/args.h"
+#include "host/measure.h"
 #include "host/result.h"
 #include "search/wildcard/cases.h"
 #include "search/wildcard/wildcard.h"
@@ -39,11 +40,7 @@ int print_tests(std::span<const WildcardCase> cases, int number, const char* exp
 }  // namespace
 
 HostObject vstring_wild(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes pattern = args.text(1);
-  const Result<bool> matches = search::wildcard_match(pattern, args.text(2));
-  args.require(matches.status());
-  return new_boolean(args, *matches);
+  return measured<search::wildcard_match>(host, argseq);
 }
 
 HostObject vstring_wildTest(const HostTable* host, HostObject) {

@@ -83,7 +83,7 @@ constexpr Signature kReadability = {1, {{}, {nullptr, "unrecognised measure `%1'
 HostObject vstring_readability(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kReadability);
   const Bytes text = args.text(1);
-  const auto measure = static_cast<text::Measure>(args.has(2) ? args.choice(2, kMeasures) : 0);
+  const text::Measure measure = args.choice(2, kMeasures, text::Measure::ease);
   HeldArray<Bytes> words;
   HeldArray<Bytes> sentences;
   args.require(text::find_words(text, words));

@@ -14,10 +14,6 @@ namespace {
 // In the order of text::Side.
 constexpr const char* kSides[] = {"left", "right", "both"};
 
-text::Side side_or(const Args& args, int position, text::Side otherwise) {
-  return args.has(position) ? static_cast<text::Side>(args.choice(position, kSides)) : otherwise;
-}
-
 constexpr ArgumentText kSide = {nullptr, "unrecognised side `%1'"};
 constexpr Signature kPad = {2, {{}, {}, kSide, {nullptr, "fourth argument must be a single byte"}}};
 constexpr Signature kTrim = {1, {{}, {}, kSide}};
@@ -35,21 +31,19 @@ HostObject vstring_pad(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kPad);
   const Bytes text = args.text(1);
   const auto width = static_cast<std::size_t>(args.non_negative(2));
-  const text::Side side = side_or(args, 3, text::Side::right);
+  const text::Side side = args.choice(3, kSides, text::Side::right);
   const Bytes fill = args.has(4) ? args.text(4) : bytes_of(" ");
   if (fill.size() != 1) args.refuse(4);
   if (width <= text.size()) return args.object(1);
-  args.limit_length(width);
-  TextResult padded(args, width);
-  text::pad(text, side, fill[0], padded.bytes());
-  return padded.object();
+  return new_long_text(args, width,
+                       [&](MutableBytes padded) { text::pad(text, side, fill[0], padded); });
 }
 
 HostObject vstring_trim(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kTrim);
   const Bytes text = args.text(1);
   const Bytes chars = args.has(2) ? args.text(2) : Bytes();
-  const text::Side side = side_or(args, 3, text::Side::both);
+  const text::Side side = args.choice(3, kSides, text::Side::both);
   const Bytes trimmed =
       args.has(2) ? text::trim_chars(text, chars, side) : text::trim_space(text, side);
   return trimmed.size() == text.size() ? args.object(1) : new_string(args, trimmed);
@@ -60,11 +54,8 @@ HostObject vstring_expand(const HostTable* host, HostObject argseq) {
   const Bytes text = args.text(1);
   const std::size_t tab = tab_of(args);
   if (core::find_first(text, '\t') == npos) return args.object(1);
-  const std::uint64_t length = text::expanded_length(text, tab);
-  args.limit_length(length);
-  TextResult expanded(args, length);
-  text::expand_tabs(text, tab, expanded.bytes());
-  return expanded.object();
+  return new_long_text(args, text::expanded_length(text, tab),
+                       [&](MutableBytes expanded) { text::expand_tabs(text, tab, expanded); });
 }
 
 HostObject vstring_unexpand(const HostTable* host, HostObject argseq) {
@@ -87,10 +78,8 @@ HostObject vstring_indent(const HostTable* host, HostObject argseq) {
   }
   const std::uint64_t length = text::indented_length(text, margin);
   if (length == text.size()) return args.object(1);
-  args.limit_length(length);
-  TextResult indented(args, length);
-  text::indent(text, margin, indented.bytes());
-  return indented.object();
+  return new_long_text(args, length,
+                       [&](MutableBytes indented) { text::indent(text, margin, indented); });
 }
 
 HostObject vstring_dedent(const HostTable* host, HostObject argseq) {

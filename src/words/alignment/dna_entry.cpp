@@ -13,7 +13,7 @@ constexpr Signature kRevcomp = {1, {{}, {nullptr, "unrecognised kind `%1'"}}};
 HostObject vstring_revcomp(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kRevcomp);
   const Bytes sequence = args.text(1);
-  const auto kind = static_cast<words::Nucleic>(args.has(2) ? args.choice(2, kKinds) : 0);
+  const words::Nucleic kind = args.choice(2, kKinds, words::Nucleic::dna);
   TextResult complement(args, sequence.size());
   words::reverse_complement(sequence, kind, complement.bytes());
   return complement.object();

@@ -1,34 +1,22 @@
 // Entry points: hd, leedist, leewt, prefixdist, suffixdist, levenshtein, editdist.
 #include "host/args.h"
+#include "host/measure.h"
 #include "host/result.h"
 #include "words/likeness/distance.h"
 #include "words/likeness/levenshtein.h"
 
 using namespace vstring;
 
-namespace {
-
-// The metrics of two texts differ only in what is measured.
-HostObject distance(const HostTable* host, HostObject argseq,
-                    std::size_t (*measure)(Bytes, Bytes)) {
-  const Args args(host, argseq, kTwo);
-  const Bytes s = args.text(1);
-  const Bytes t = args.text(2);
-  return new_integer(args, measure(s, t));
-}
-
-}  // namespace
-
 HostObject vstring_hd(const HostTable* host, HostObject argseq) {
-  return distance(host, argseq, words::hamming_distance);
+  return measured<words::hamming_distance>(host, argseq);
 }
 
 HostObject vstring_prefixdist(const HostTable* host, HostObject argseq) {
-  return distance(host, argseq, words::prefix_distance);
+  return measured<words::prefix_distance>(host, argseq);
 }
 
 HostObject vstring_suffixdist(const HostTable* host, HostObject argseq) {
-  return distance(host, argseq, words::suffix_distance);
+  return measured<words::suffix_distance>(host, argseq);
 }
 
 constexpr Signature kLeedist = {2, {{}, {nullptr, "strings must be of equal length"}}};
@@ -47,12 +35,7 @@ HostObject vstring_leewt(const HostTable* host, HostObject argseq) {
 }
 
 HostObject vstring_levenshtein(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kTwo);
-  const Bytes s = args.text(1);
-  const Bytes t = args.text(2);
-  const Result<std::size_t> edits = words::levenshtein(s, t);
-  args.require(edits.status());
-  return new_integer(args, *edits);
+  return measured<[](Bytes s, Bytes t) { return words::levenshtein(s, t); }>(host, argseq);
 }
 
 HostObject vstring_editdist(const HostTable* host, HostObject argseq) {

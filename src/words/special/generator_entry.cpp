@@ -9,14 +9,25 @@ using namespace vstring;
 
 namespace {
 
-Bytes alphabet_or_ab(const Args& args, int position) {
-  return args.has(position) ? args.text(position) : bytes_of("ab");
-}
-
 constexpr Signature kFibword = {1, {{}, {nullptr, "second argument must have 2 bytes"}}};
 constexpr Signature kThuemorse = {1, {{}, {nullptr, "second argument must have at least 2 bytes"}}};
 constexpr Signature kChristoffel = {2, {{}, {}, {nullptr, "third argument must have 2 bytes"}}};
 constexpr Signature kNecklace = {2, {{nullptr, "first argument must not be empty"}}};
+
+// At least two letters; `most` at the most.
+Bytes alphabet_or_ab(const Args& args, int position, std::size_t most) {
+  const Bytes alphabet = args.has(position) ? args.text(position) : bytes_of("ab");
+  if (alphabet.size() < 2 || alphabet.size() > most) args.refuse(position);
+  return alphabet;
+}
+
+// The first letters of an infinite word.
+HostObject beginning(const Args& args, std::size_t most_letters,
+                     void (*write)(Bytes alphabet, MutableBytes word)) {
+  const auto n = static_cast<std::size_t>(args.non_negative(1));
+  const Bytes alphabet = alphabet_or_ab(args, 2, most_letters);
+  return new_long_text(args, n, [&](MutableBytes word) { write(alphabet, word); });
+}
 
 // Letters in an order of their own.
 Bytes ordered_alphabet(const Args& args, int position) {
@@ -34,36 +45,21 @@ constexpr std::uint64_t kMostWords = 1 << 24;
 
 HostObject vstring_fibword(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kFibword);
-  const auto n = static_cast<std::size_t>(args.non_negative(1));
-  const Bytes alphabet = alphabet_or_ab(args, 2);
-  if (alphabet.size() != 2) args.refuse(2);
-  args.limit_length(n);
-  TextResult word(args, n);
-  words::fibonacci_word(alphabet, word.bytes());
-  return word.object();
+  return beginning(args, 2, words::fibonacci_word);
 }
 
 HostObject vstring_thuemorse(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kThuemorse);
-  const auto n = static_cast<std::size_t>(args.non_negative(1));
-  const Bytes alphabet = alphabet_or_ab(args, 2);
-  if (alphabet.size() < 2) args.refuse(2);
-  args.limit_length(n);
-  TextResult word(args, n);
-  words::thue_morse_word(alphabet, word.bytes());
-  return word.object();
+  return beginning(args, npos, words::thue_morse_word);
 }
 
 HostObject vstring_christoffel(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kChristoffel);
   const auto p = static_cast<std::uint64_t>(args.non_negative(1));
   const auto q = static_cast<std::uint64_t>(args.non_negative(2));
-  const Bytes alphabet = alphabet_or_ab(args, 3);
-  if (alphabet.size() != 2) args.refuse(3);
-  args.limit_length(p + q);
-  TextResult word(args, p + q);
-  words::christoffel_word(p, alphabet, word.bytes());
-  return word.object();
+  const Bytes alphabet = alphabet_or_ab(args, 3, 2);
+  return new_long_text(args, p + q,
+                       [&](MutableBytes word) { words::christoffel_word(p, alphabet, word); });
 }
 
 HostObject vstring_debruijn(const HostTable* host, HostObject argseq) {
@@ -71,10 +67,8 @@ HostObject vstring_debruijn(const HostTable* host, HostObject argseq) {
   const Bytes alphabet = ordered_alphabet(args, 1);
   const auto n = static_cast<std::size_t>(args.positive(2));
   const auto length = words::power_within(alphabet.size(), n, kLongestMade);
-  args.limit_length(length.value_or(UINT64_MAX));
-  TextResult word(args, *length);
-  words::de_bruijn_word(alphabet, n, word.bytes());
-  return word.object();
+  return new_long_text(args, length.value_or(UINT64_MAX),
+                       [&](MutableBytes word) { words::de_bruijn_word(alphabet, n, word); });
 }
 
 HostObject vstring_lyndonwords(const HostTable* host, HostObject argseq) {

@@ -23,11 +23,9 @@ HostObject vstring_suffixarray(const HostTable* host, HostObject argseq) {
 HostObject vstring_factorcount(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Bytes word = args.text(1);
-  const Result<std::uint64_t> count =
-      args.has(2) ? words::count_factors(word, static_cast<std::size_t>(args.non_negative(2)))
-                  : words::count_factors(word);
-  args.require(count.status());
-  return new_integer(args, *count);
+  return new_value(
+      args, args.has(2) ? words::count_factors(word, static_cast<std::size_t>(args.non_negative(2)))
+                        : words::count_factors(word));
 }
 
 HostObject vstring_repetitions(const HostTable* host, HostObject argseq) {
