@@ -52,6 +52,13 @@ bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
   return outcome == Outcome::match;
 }
 
+// Raises unless a whole text was gone through; in these words when a match was empty.
+void require(const Args& args, Outcome outcome, const char* empty_match) {
+  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
+  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
+  if (outcome == Outcome::empty_match) args.raise(empty_match);
+}
+
 // What is in the place of a piece when the scan has built none in the scratch buffer yet: the text
 // that was there before.
 constexpr regex::Cut kEarlierText = {npos, npos};
@@ -102,11 +109,9 @@ HostObject vstring_regmatch(const HostTable* host, HostObject argseq) {
   return new_boolean(args, matched);
 }
 
-constexpr Signature kRegsub = {3};
-
 HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   vstringInit();
-  const Args args(host, argseq, kRegsub);
+  const Args args(host, argseq, kThree);
   const Bytes pattern = args.text(1);
   const Bytes text = args.text(2);
   const Bytes replacement = args.text(3);
@@ -132,10 +137,8 @@ HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   return string;
 }
 
-constexpr Signature kRegsubs = {2};
-
 HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kRegsubs);
+  const Args args(host, argseq, kTwo);
   const HostObject rule = args.object(1);
   if (!is_equation(rule)) {
     args.raise("first argument must be an equation of the form PATTERN = REPLACEMENT");
@@ -152,9 +155,7 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
   HeldArray<Byte> changed;
   const Outcome outcome = regex::replace_all(plan, text, text_of(right_side(rule)), changed);
   if (outcome != Outcome::no_match) changed.free();
-  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
-  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
-  if (outcome == Outcome::empty_match) args.raise("cannot replace an empty match");
+  require(args, outcome, "cannot replace an empty match");
   // A long one is copied by the host alone, a short one passes through the scratch buffer.
   const Bytes result = changed.empty() ? text : changed.view();
   const HostObject string =
@@ -163,10 +164,8 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
   return string;
 }
 
-constexpr Signature kRegsplit = {2};
-
 HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
-  const Args args(host, argseq, kRegsplit);
+  const Args args(host, argseq, kTwo);
   const Bytes pattern = args.text(1);
   const Bytes text = args.text(2);
   const Plan& plan = compiled(args, pattern, text);
@@ -182,9 +181,8 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
     cuts.free();
     earlier.free();
   }
-  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
-  if (outcome == Outcome::out_of_memory || !has_earlier) args.raise(Status::out_of_memory);
-  if (outcome == Outcome::empty_match) args.raise("cannot split");
+  if (!has_earlier && outcome != Outcome::out_of_space) args.raise(Status::out_of_memory);
+  require(args, outcome, "cannot split");
   if (cuts.empty()) return args.object(2);
   const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
   const HostObject pieces = new_sequence(args, n, [&](std::size_t i) {
