@@ -711,6 +711,20 @@ VSTRING_COMMAND(vstring_wildTester);
 VSTRING_COMMAND(vstring_subst);
 /* (text, pattern, replacement): every occurrence, from left to right; text when there is none */
 VSTRING_COMMAND(vstring_substx);
+/* (pattern, text [, overlapping]): how often it occurs, from the left without overlaps, or all */
+VSTRING_COMMAND(vstring_count);
+VSTRING_COMMAND(vstring_commonprefix); /* ([s, ...]): what they all begin with */
+VSTRING_COMMAND(vstring_commonsuffix); /* ([s, ...]): what they all end with */
+VSTRING_COMMAND(vstring_ispalindrome); /* (s): whether it equals its reversal */
+/* (s): the longest factor that is a palindrome, the leftmost of several; s itself when it is one */
+VSTRING_COMMAND(vstring_longestpalindrome);
+/* (s [, m]): list of the maximal palindromes of at least m bytes, by default 2, as lists [position,
+ * length], by where their middles lie */
+VSTRING_COMMAND(vstring_palindromes);
+/* (s [, pairs]): list of lists [i, j] of matching brackets, 0 for what an unmatched one lacks;
+ * pairs are opening and closing bytes in turn, "()[]{}" by default */
+VSTRING_COMMAND(vstring_brackets);
+VSTRING_COMMAND(vstring_isbalanced); /* (s [, pairs]): whether every bracket is matched */
 
 /* Combinatorics on words. */
 VSTRING_COMMAND(vstring_period);    /* (w): least period; the length when there is no shorter one */
@@ -794,6 +808,8 @@ VSTRING_COMMAND(vstring_randperm); /* (n): list of 1 to n in random order */
 /* ([seed]): starts the stream of a seed other than 0, or of the time; no value */
 VSTRING_COMMAND(vstring_randomise);
 VSTRING_COMMAND(vstring_hash); /* (s [, method = md5 | md4]): digest in hexadecimal */
+/* (s [, method = sha256 | sha1 | sha512 | crc32]): likewise */
+VSTRING_COMMAND(vstring_digest);
 
 /* Layout, language, time. */
 /* (text [, width [, option = true | false, ...]]): lines of at most width columns, 80 by

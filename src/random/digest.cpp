@@ -2,7 +2,7 @@
 
 namespace vstring::random {
 
-void write_hexadecimal(const Digest& digest, MutableBytes out) {
+void write_hexadecimal(Bytes digest, MutableBytes out) {
   constexpr char kDigits[] = "0123456789abcdef";
   for (std::size_t i = 0; i < digest.size(); ++i) {
     out[2 * i] = static_cast<Byte>(kDigits[digest[i] >> 4]);

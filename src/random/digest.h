@@ -1,5 +1,5 @@
-// Message digests of 128 bits: MD5 (R. Rivest, RFC 1321, 1992) and MD4 (R. Rivest, RFC 1320, 1992).
-// Fingerprints of texts and interchange with other programs; neither keeps out an adversary.
+// Digests and checksums of messages. Whole blocks are read where they lie; only the padded end of
+// the message is copied.
 #pragma once
 #include <array>
 #include <cstddef>
@@ -8,13 +8,21 @@
 
 namespace vstring::random {
 
-using Digest = std::array<Byte, 16>;
+// MD5 (R. Rivest, RFC 1321, 1992) and MD4 (R. Rivest, RFC 1320, 1992). Fingerprints of texts and
+// interchange with other programs; neither keeps out an adversary, nor does SHA-1 any more.
+std::array<Byte, 16> md5(Bytes message);
+std::array<Byte, 16> md4(Bytes message);
 
-// Whole blocks are read where they lie; only the padded end of the message is copied.
-Digest md5(Bytes message);
-Digest md4(Bytes message);
+// The secure hash standard (FIPS 180-4, 2015).
+std::array<Byte, 20> sha1(Bytes message);
+std::array<Byte, 32> sha256(Bytes message);
+std::array<Byte, 64> sha512(Bytes message);
 
-// Writes `digest` to `out`, of 32 bytes, in lower-case hexadecimal digits.
-void write_hexadecimal(const Digest& digest, MutableBytes out);
+// The cyclic redundancy check of ISO 3309, which gzip and PNG use: polynomial 0xEDB88320 with the
+// lowest bit first, all ones before and after. The highest byte comes first.
+std::array<Byte, 4> crc32(Bytes message);
+
+// Writes `digest` to `out`, of twice its length, in lower-case hexadecimal digits.
+void write_hexadecimal(Bytes digest, MutableBytes out);
 
 }  // namespace vstring::random

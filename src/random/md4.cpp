@@ -1,5 +1,5 @@
 // MD4, RFC 1320. The names are those of its section 3.4.
-#include "random/merkle_damgard.h"
+#include "random/rivest.h"
 
 namespace vstring::random {
 namespace {
@@ -25,7 +25,7 @@ constexpr Round kRounds[3] = {
 
 // a = (a + f(b, c, d) + X[k] + constant) <<< s
 template <auto function, int number>
-void run_round(Chain& v, const BlockWords& X) {
+void run_round(Chain& v, const Words& X) {
   const auto step = [&X](std::uint32_t& a, std::uint32_t b, std::uint32_t c, std::uint32_t d,
                          unsigned i) {
     const std::uint32_t word = X[kRounds[number].words[i]] + kRounds[number].constant;
@@ -34,7 +34,7 @@ void run_round(Chain& v, const BlockWords& X) {
   sixteen_steps(v, step);
 }
 
-Chain compress(const Chain& chain, const BlockWords& X) {
+Chain compress(const Chain& chain, const Words& X) {
   Chain v = chain;
   run_round<F, 0>(v, X);
   run_round<G, 1>(v, X);
@@ -44,6 +44,6 @@ Chain compress(const Chain& chain, const BlockWords& X) {
 
 }  // namespace
 
-Digest md4(Bytes message) { return digest(message, compress); }
+std::array<Byte, 16> md4(Bytes message) { return digest(message, compress); }
 
 }  // namespace vstring::random

@@ -1,5 +1,5 @@
 // MD5, RFC 1321. The names are those of its section 3.4.
-#include "random/merkle_damgard.h"
+#include "random/rivest.h"
 
 namespace vstring::random {
 namespace {
@@ -27,7 +27,7 @@ std::uint32_t I(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return y ^ 
 
 // Sixteen steps; step i of the round takes the word X[(start + stride i) mod 16].
 template <auto function, int round, unsigned start, unsigned stride>
-void run_round(Chain& v, const BlockWords& X) {
+void run_round(Chain& v, const Words& X) {
   // a = b + ((a + f(b, c, d) + X[k] + T[i]) <<< s)
   const auto step = [&X](std::uint32_t& a, std::uint32_t b, std::uint32_t c, std::uint32_t d,
                          unsigned i) {
@@ -37,7 +37,7 @@ void run_round(Chain& v, const BlockWords& X) {
   sixteen_steps(v, step);
 }
 
-Chain compress(const Chain& chain, const BlockWords& X) {
+Chain compress(const Chain& chain, const Words& X) {
   Chain v = chain;
   run_round<F, 0, 0, 1>(v, X);
   run_round<G, 1, 1, 5>(v, X);
@@ -48,6 +48,6 @@ Chain compress(const Chain& chain, const BlockWords& X) {
 
 }  // namespace
 
-Digest md5(Bytes message) { return digest(message, compress); }
+std::array<Byte, 16> md5(Bytes message) { return digest(message, compress); }
 
 }  // namespace vstring::random

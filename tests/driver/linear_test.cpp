@@ -54,6 +54,11 @@ TEST(LinearLongTier, Searching) {
            "search([cap(R, \"\", \"b\"), cap(R, \"b\", \"\")], W(a))",
            "search([\"abac\", \"abaabc\"], W(abaab))",  // beginnings that lead nowhere
            "search([W(a), W(ab)], \"ba\")",
+           "count(cap(H(a), \"\", \"b\"), W(a), overlapping)",
+           "length(longestpalindrome(cap(W(a), \"\", \"b\")))",
+           "length(longestpalindrome(cap(W(F), \"\", \"c\")))",
+           "size(palindromes(W(ab), 100000000))",
+           "isbalanced(cap(W(([), \"\", \"]\"))",
        })
     check_linear(call);
   // a, aa, aaa, ... of n bytes in all.
@@ -88,7 +93,8 @@ TEST(LinearLongTier, RegularExpressions) {
 TEST(LinearLongTier, Words) {
   for (const std::string word : {"W(a)", "W(F)", "W(abaabb)"}) {
     for (const std::string& argument : {word, "cap(" + word + ", \"\", \"c\")"}) {
-      for (const std::string command : {"border", "primroot", "minconj", "sort", "hash", "reverse"})
+      for (const std::string command :
+           {"border", "primroot", "minconj", "sort", "hash", "digest", "reverse"})
         check_linear("length(" + command + "(" + argument + "))");
       check_linear("period(" + argument + ")");
       check_linear("length(implode(lynfac(" + argument + ")))");

@@ -31,21 +31,22 @@ const std::map<char, Kind> kKinds = {
 const std::pair<const char*, const char*> kCommands[] = {
     {"s", "capitalise leewt length metaphone ord porter reverse stem syllen"},
     {"t",
-     "border borderarray borderlen bwt casesplit dedent entropy escape expandCharClass isprim "
-     "issorted lancaster lines lynfac max min minconj monfac nextperm nysiis period prestem "
-     "primroot pstem repetitions rle sentences sort soundex suffixarray support translate "
-     "unescape visible wc words"},
+     "border borderarray borderlen bwt casesplit dedent entropy escape expandCharClass "
+     "ispalindrome isprim issorted lancaster lines longestpalindrome lynfac max min minconj "
+     "monfac nextperm nysiis period prestem primroot pstem repetitions rle sentences sort "
+     "soundex suffixarray support translate unescape visible wc words"},
     {"t[r",
      "hasalpha hasalphaNumeric hasascii hasbdigit hascntrl hasdigit hasdna hasgraph hasident "
      "hasident1 haslower hasodigit hasprint haspunct hasspace hasupper hasvowel hasxdigit isalpha "
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
     {"s[r", "bytes explode lowercase uppercase"},
-    {"s[s", "readability revcomp split squeeze unaccent"},
-    {"s[i", "expand factorcount unexpand"},
+    {"s[s", "brackets isbalanced readability revcomp split squeeze unaccent"},
+    {"s[?", "digest"},
+    {"s[i", "expand factorcount palindromes unexpand"},
     {"i", "random randperm"},
     {"i[s", "fibword thuemorse"},
-    {"l", "casejoin join"},
+    {"l", "casejoin commonprefix commonsuffix join"},
     {"si", "debruijn fill isperiod lyndonwords repeat shift unbwt"},
     {"sl[is", "closest"},
     {"s[ss", "trim"},
@@ -58,7 +59,7 @@ const std::pair<const char*, const char*> kCommands[] = {
      "jaro jarowinkler lcs lcsubstring leedist levenshtein localalign lrpo numboccur osa overlap "
      "partialratio prefixdist ratio regsplit rrpo search searchx snarf strchr strrchr suffixdist "
      "tokenset tokensort wild"},
-    {"ss[s", "lex revlex shortlex shortrevlex"},
+    {"ss[s", "count lex revlex shortlex shortrevlex"},
     {"sss", "cap regsub subst substx tr"},
     {"sis", "insert"},
     {"sii", "exchange"},

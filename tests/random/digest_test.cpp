@@ -1,9 +1,11 @@
-// Digests: the test suites of the RFCs, and every length of up to four blocks beside OpenSSL.
+// Digests: published vectors, and every length of up to four blocks beside OpenSSL.
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include <gtest/gtest.h>
 #include <openssl/md4.h>
 #include <openssl/md5.h>
+#include <openssl/sha.h>
 
+#include "bytes/cpu.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 
@@ -12,16 +14,45 @@ namespace {
 
 using OneShot = unsigned char* (*)(const unsigned char*, std::size_t, unsigned char*);
 
-std::string hexadecimal(OneShot digest, const std::string& message) {
-  unsigned char bytes[16];
+std::string hexadecimal(OneShot digest, const std::string& message, std::size_t size = 16) {
+  unsigned char bytes[64];
   digest(reinterpret_cast<const unsigned char*>(message.data()), message.size(), bytes);
   std::string text;
-  for (const unsigned char byte : bytes) {
+  for (const unsigned char byte : std::span(bytes, size)) {
     char digits[3];
     std::snprintf(digits, sizeof digits, "%02x", byte);
     text += digits;
   }
   return text;
+}
+
+// Bit by bit, as the polynomial division is written down.
+std::string crc32_by_division(const std::string& message) {
+  std::uint32_t remainder = 0xffffffff;
+  for (const char c : message) {
+    remainder ^= static_cast<unsigned char>(c);
+    for (int bit = 0; bit < 8; ++bit)
+      remainder = (remainder >> 1) ^ (remainder % 2 != 0 ? 0xedb88320 : 0);
+  }
+  char digits[9];
+  std::snprintf(digits, sizeof digits, "%08x", ~remainder);
+  return digits;
+}
+
+TEST(Digests, SecureHashesOfEveryLengthOfTwoBlocks) {
+  for (std::size_t n = 0; n <= 257; ++n) {
+    const std::string message = random_word(n, 255, static_cast<unsigned>(n));
+    const auto digest = [&](const char* method) {
+      return call(vstring_digest, {message, equation("method", method)});
+    };
+    EXPECT_EQ(quoted(hexadecimal(SHA256, message, 32)), call(vstring_digest, {message})) << n;
+    vstring::plain_kernels_only = true;
+    EXPECT_EQ(quoted(hexadecimal(SHA256, message, 32)), digest("sha256")) << n;
+    vstring::plain_kernels_only = false;
+    EXPECT_EQ(quoted(hexadecimal(SHA1, message, 20)), digest("sha1")) << n;
+    EXPECT_EQ(quoted(hexadecimal(SHA512, message, 64)), digest("SHA512")) << n;
+    EXPECT_EQ(quoted(crc32_by_division(message)), digest("CRC32")) << n;
+  }
 }
 
 TEST(Digests, EveryLengthOfFourBlocks) {
@@ -47,8 +78,25 @@ TEST(Digests, PublishedVectors) {
   });
 }
 
+// FIPS 180-4 and the check value of CRC-32.
+TEST(Digests, ValuesOfDigest) {
+  Check({
+      {R"(digest("abc"))", R"("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad")"},
+      {R"(digest("123456789", method = "crc32"), digest("", "method" = crc32, 7))",
+       R"("cbf43926", "00000000")"},
+      {R"(digest("", method = SHA1))", R"("da39a3ee5e6b4b0d3255bfef95601890afd80709")"},
+  });
+}
+
 TEST(Digests, Refusals) {
   Check({
+      {"digest()", "error: expecting one argument, but got 0"},
+      {"digest(7, md5)", "error: first argument must be a string"},
+      {"digest(a, 5)", "error: invalid option: 5"},
+      {"digest(a, 5 = sha1)", "error: invalid option: 5 = sha1"},
+      {"digest(a, method = 5)", "error: method must be a string, but received 5"},
+      {"digest(a, method = \"md5\")", "error: unrecognised method `\"md5\"'"},
+      {"digest(a, method = Sha1)", "error: unrecognised method `Sha1'"},
       {"hash()", "error: arguments expected"},
       {"hash(7, md5)", "error: invalid option: md5"},
       {"hash(7, method = 4)", "error: method must be a string, but received 4"},

@@ -57,6 +57,8 @@ constexpr Argument kKinds[] = {
     {"charset", "utf8 or latin1"},
     {"scheme", "null, hex, base64, base64url, base32, rot13, percent or quoted"},
     {"code", "an integer from 1 to 255"},
+    {"m", "an integer"},
+    {"pairs", "a string, opening and closing bytes in turn"},
     {"measure", "ease or grade"},
     {"side", "left, right or both"},
     {"fill", "a string of one byte"},

@@ -210,6 +210,15 @@ constexpr Keywords kRows[] = {
     {"bytes", "codes ascii numbers ord"},
     {"frombytes", "codes ascii numbers chr"},
     {"closest", "nearest fuzzy spelling suggestion similarity"},
+    {"count", "occurrences number times frequency pattern"},
+    {"commonprefix", "beginning shared start"},
+    {"commonsuffix", "ending shared"},
+    {"ispalindrome", "symmetric reversal mirror"},
+    {"longestpalindrome", "symmetric reversal manacher"},
+    {"palindromes", "symmetric maximal manacher"},
+    {"brackets", "parentheses matching braces nesting"},
+    {"isbalanced", "parentheses brackets matching braces nesting"},
+    {"digest", "sha256 sha1 sha512 crc32 checksum fingerprint hash"},
 };
 // clang-format on
 
