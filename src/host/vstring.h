@@ -856,6 +856,10 @@ VSTRING_COMMAND(vstring_ipsum); /* ([paragraphs | words | characters = n]): plac
  * later, or of that time since the epoch, by the conversions of my_strftime; "%Y-%m-%d" by
  * default */
 VSTRING_COMMAND(vstring_fmttime);
+/* (s [, format]): the way back: the time since the epoch, in seconds, of the local time that s
+ * shows, or of that of another zone with %z, the earlier one when clocks go back; FAIL when it
+ * shows none */
+VSTRING_COMMAND(vstring_parsetime);
 
 #ifdef __cplusplus
 }

@@ -1,5 +1,6 @@
 #include "time/local_time.h"
 
+#include <chrono>
 #include <clocale>
 #include <ctime>
 
@@ -34,7 +35,39 @@ class PlainTimeLocale {
   bool is_set_ = false;
 };
 
+// What clocks of the local zone show at `when`, in seconds as if it were UTC; nothing in a leap
+// second.
+std::optional<std::int64_t> clock_at(std::int64_t when) {
+  const std::time_t time_asked_for = when;
+  std::tm time;
+  if (localtime_r(&time_asked_for, &time) == nullptr || time.tm_sec > 59) return std::nullopt;
+  using namespace std::chrono;  // NOLINT: its names are those of the calendar
+  const sys_days date = year(time.tm_year + 1900) / (time.tm_mon + 1) / time.tm_mday;
+  const sys_seconds clock =
+      date + hours(time.tm_hour) + minutes(time.tm_min) + seconds(time.tm_sec);
+  return clock.time_since_epoch().count();
+}
+
+// No zone is further away from UTC: POSIX has 24:59:59 and an hour more in summer; leap seconds,
+// where they are counted, are some more.
+constexpr std::int64_t kHour = 3600;
+constexpr std::int64_t kFarthest = 27 * kHour;
+
 }  // namespace
+
+std::optional<std::int64_t> earliest_local(std::int64_t clock) {
+  tzset();  // localtime_r need not do so
+  std::optional<std::int64_t> earliest;
+  std::int64_t last_ahead = kFarthest;
+  for (std::int64_t near = clock - kFarthest; near <= clock + kFarthest; near += kHour) {
+    const std::optional<std::int64_t> shown = clock_at(near);
+    if (!shown || *shown - near == last_ahead) continue;
+    last_ahead = *shown - near;
+    const std::int64_t when = clock - last_ahead;
+    if (clock_at(when) == clock && (!earliest || when < *earliest)) earliest = when;
+  }
+  return earliest;
+}
 
 Result<const char*> format_local(std::int64_t when, const char* format, char* buffer,
                                  std::size_t size, HeldArray<char>& block) {

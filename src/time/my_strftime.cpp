@@ -12,6 +12,7 @@
 
 #include "host/vstring.h"
 #include "runtime/malformed_row.h"
+#include "time/calendar.h"
 
 std::int32_t y2k = 0;
 
@@ -20,12 +21,7 @@ namespace {
 
 using std::int64_t;
 
-constexpr const char* kWeekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                     "Thursday", "Friday", "Saturday"};
 constexpr char kShortWeekdays[][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
-                                   "May",       "June",     "July",     "August",
-                                   "September", "October",  "November", "December"};
 constexpr char kShortMonths[][4] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                     "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 constexpr int kJanuary = 0;
@@ -97,11 +93,6 @@ int64_t iso_year(const Record& t) {
   return t.year;
 }
 
-struct CompositeRow {
-  char conversion;
-  const char* format;
-};
-
 // How a number is printed, in the notation of printf: "%d", "%2d", "%02d".
 struct NumberFormat {
   char pad = ' ';
@@ -122,16 +113,6 @@ struct NumberRow {
 };
 
 // clang-format off
-
-constexpr CompositeRow kComposites[] = {
-    {'c', "%a %b %d %H:%M:%S %Y"},  // Thu Jan 01 00:00:00 1970
-    {'D', "%m/%d/%y"},              // 01/01/70
-    {'R', "%H:%M"},                 // 00:00
-    {'r', "%I:%M:%S %p"},           // 12:00:00 AM
-    {'T', "%H:%M:%S"},              // 00:00:00
-    {'X', "%H:%M:%S"},              // 00:00:00
-    {'x', "%m/%d/%y"},              // 01/01/70
-};
 
 // Examples are of Thursday, 1 January 1970, 0:00.
 constexpr NumberRow kNumbers[] = {
@@ -158,12 +139,6 @@ constexpr NumberRow kNumbers[] = {
 };
 
 // clang-format on
-
-template <typename Row, std::size_t N>
-const Row* find(const Row (&rows)[N], char conversion) {
-  const Row* const row = std::ranges::find(rows, conversion, &Row::conversion);
-  return row != std::end(rows) ? row : nullptr;
-}
 
 bool is_modifier(char c) { return c == 'E' || c == 'O'; }
 
@@ -201,10 +176,10 @@ class Formatter {
 
  private:
   void convert(char conversion) {
-    if (const NumberRow* const row = find(kNumbers, conversion)) {
+    if (const NumberRow* const row = find_conversion(kNumbers, conversion)) {
       put_number(row->format, row->value(record_));
       if (conversion == 'y' || conversion == 'g') y2k = 1;
-    } else if (const CompositeRow* const composite = find(kComposites, conversion)) {
+    } else if (const CompositeRow* const composite = find_conversion(kComposites, conversion)) {
       format(composite->format);
     } else {
       convert_to_text(conversion);

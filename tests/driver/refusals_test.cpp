@@ -41,7 +41,7 @@ const std::pair<const char*, const char*> kCommands[] = {
      "isalphaNumeric isascii isbdigit iscntrl isdigit isdna isgraph isident isident1 islower "
      "isodigit isprint ispunct isspace isupper isvowel isxdigit"},
     {"s[r", "bytes explode lowercase uppercase"},
-    {"s[s", "brackets isbalanced readability revcomp split squeeze unaccent"},
+    {"s[s", "brackets isbalanced parsetime readability revcomp split squeeze unaccent"},
     {"s[?", "digest"},
     {"s[i", "expand factorcount palindromes unexpand"},
     {"i", "random randperm"},

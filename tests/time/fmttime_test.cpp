@@ -3,12 +3,12 @@
 
 #include <chrono>
 #include <clocale>
-#include <cstdlib>
 #include <ctime>
 #include <string>
 
 #include "host/vstring.h"
 #include "support/check.h"
+#include "time/zone.h"
 
 namespace vstring_test {
 namespace {
@@ -107,21 +107,6 @@ TEST(Strftime, TwoDigitYears) {
     EXPECT_EQ(expected, y2k) << format;
   }
 }
-
-// The TZ variable has this value, or none, during its life.
-class Zone {
- public:
-  explicit Zone(const char* name) { set(name); }
-  ~Zone() { set(nullptr); }
-  Zone(const Zone&) = delete;
-  Zone& operator=(const Zone&) = delete;
-
- private:
-  static void set(const char* name) {
-    name != nullptr ? setenv("TZ", name, 1) : unsetenv("TZ");
-    tzset();
-  }
-};
 
 TEST(Fmttime, YearEndsInSeveralZones) {
   for (const char* name : {"UTC", "America/New_York", "Asia/Kolkata", "Pacific/Auckland",

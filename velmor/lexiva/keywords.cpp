@@ -128,6 +128,7 @@ constexpr Keywords kRows[] = {
     {"syllen", "count metre"},
     {"ipsum", "lorem dummy"},
     {"fmttime", "date format clock calendar today now"},
+    {"parsetime", "date read clock calendar strptime mktime epoch timestamp"},
     {"islower", "small lowercase letters class test all"},
     {"haslower", "small lowercase letters class test contains"},
     {"isupper", "capital uppercase letters class test all"},
