@@ -12,7 +12,7 @@
 namespace vstring_test {
 namespace {
 
-constexpr std::size_t kDefaultCalls = 100000;
+constexpr std::size_t kDefaultCalls = 300000;
 constexpr std::size_t kMemoryLimit = std::size_t{1} << 21;
 
 // What is wrong with so many calls, the first of it. Some commands write to the process's own

@@ -33,12 +33,16 @@ constexpr std::int64_t kIntegers[] = {
     0,  1,   2,   3,   4,   5,    8,    -1,        -2,        -3,         10,           64,
     80, 255, 256, 511, 512, 8190, 8191, INT32_MAX, INT32_MIN, 2147483648, 1099511627776};
 
+// What texts that are decoded may be read as; several read nearly everything.
+const std::vector<std::string> kSchemes = separate("base64  hex  null  percent  quoted  rot13");
+
 // Argument kinds that commands ask for: s text, i integer, a 1 to 3, r range, l list of strings, n
-// list of codes, m list of equations, e equation, k word, p procedure, w weights, v anything.
+// list of codes, m list of equations, e equation, k word, c scheme, p procedure, w weights, v
+// anything.
 const std::vector<std::string> kShapes = separate(
     "  s  ss  sss  ssi  ssia  si  sii  sis  i  l  ls  sl  sr  e  es  se  sie  k  ik  ssw  r  "
     "w  sk  ske  a  aa  as  saa  ksr  n  ps  pvs  pa  ssk  sa  sm  sma  aas  la  sse  sla  "
-    "ssee  slak  sak  saks  sslk  ssa  kk");
+    "ssee  slak  sak  saks  sslk  ssa  kk  sc");
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
@@ -62,7 +66,8 @@ HostObject RandomArguments::of_kind(char kind) {
   if (kind == 'r') return range();
   if (kind == 'l') return list(0);
   if (kind == 'e') return equation(0);
-  if (kind == 'k') return word();
+  if (kind == 'k') return word_of(kWords);
+  if (kind == 'c') return word_of(kSchemes);
   if (kind == 'p') return procedure();
   if (kind == 'v') return value(2);
   if (kind == 'n') return list_of([&] { return below_(4) == 0 ? integer() : small_integer(); });
@@ -73,7 +78,7 @@ HostObject RandomArguments::of_kind(char kind) {
 
 HostObject RandomArguments::value(int depth) {
   const std::size_t kind = below_(depth > 0 ? 12 : 8);
-  if (kind == 6) return word();
+  if (kind == 6) return word_of(kWords);
   if (kind == 7 && below_(8) == 0) return velmor_float(heap_, 1.5);
   if (kind >= 4 && kind <= 7) return integer();
   if (kind == 8) return list(depth - 1);
@@ -104,8 +109,8 @@ HostObject RandomArguments::small_integer() {
   return velmor_integer(heap_, static_cast<std::int64_t>(1 + below_(3)));
 }
 
-HostObject RandomArguments::word() {
-  const char* const chosen = kWords[below_(kWords.size())].c_str();
+HostObject RandomArguments::word_of(const std::vector<std::string>& words) {
+  const char* const chosen = words[below_(words.size())].c_str();
   return below_(2) == 0 ? velmor_name(heap_, chosen) : velmor_string(heap_, chosen);
 }
 
@@ -135,7 +140,7 @@ HostObject RandomArguments::range() {
 }
 
 HostObject RandomArguments::equation(int depth) {
-  return velmor_equation(heap_, below_(2) == 0 ? word() : text(), value(depth));
+  return velmor_equation(heap_, below_(2) == 0 ? word_of(kWords) : text(), value(depth));
 }
 
 }  // namespace vstring_test

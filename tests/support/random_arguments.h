@@ -25,7 +25,7 @@ class RandomArguments {
   HostObject text();
   HostObject integer();
   HostObject small_integer();
-  HostObject word();
+  HostObject word_of(const std::vector<std::string>& words);
   HostObject procedure();
   template <typename Element>
   HostObject list_of(Element element);
