@@ -82,9 +82,12 @@ void let_go_of_abandoned(const void* host, const void* frame_end) {
 }
 
 void free_blocks() {
-  while (Held* const held = state.newest) {
-    put_down(held);
+  Held* held = state.newest;
+  state.newest = nullptr;
+  while (held != nullptr) {
+    Held* const older = held->older;
     if (held->let_go == nullptr) std::free(held);
+    held = older;
   }
 }
 
