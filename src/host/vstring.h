@@ -115,9 +115,14 @@ typedef struct HostTable {
   /*   6 not called */
   HostObject (*HostSeqToList)(HostObject sequence);
   HostUnlisted unlisted7[2];
-  /*   9 (r) The value of a procedure for n objects that follow. Called by `fmtmsg` alone, and with
-   *   n = 2: the name `convert`, of any object, quoted, and the name `string`, quoted; the name
-   *   `sprintf`, of the string "%a" and a name. Both must give a string or name, the text. */
+  /*   9 (r) The value of a procedure for n objects that follow, evaluated unless they are quoted.
+   *   The commands that take a procedure hand on what they were given, which may be anything but an
+   *   integer, string, equation, range, list, set or rtable (what else cannot be called is refused
+   *   here), with n = 1, or 2 for `foldl` and `foldr`: letters are new strings, numbers integers,
+   *   and other objects quoted, unless they are strings or have their lowest bit set. The result
+   *   must live until the command returns. `fmtmsg` calls with n = 2 the name `convert`, of any
+   *   object, quoted, and the name `string`, quoted; the name `sprintf`, of the string "%a" and a
+   *   name. Both must give a string or name, the text. */
   HostObject (*HostEvalProc)(HostObject procedure, int64_t n, ...);
   HostUnlisted unlisted10[4];
   /*  14 Whether it is an integer of any size. */
@@ -725,6 +730,20 @@ VSTRING_COMMAND(vstring_palindromes);
  * pairs are opening and closing bytes in turn, "()[]{}" by default */
 VSTRING_COMMAND(vstring_brackets);
 VSTRING_COMMAND(vstring_isbalanced); /* (s [, pairs]): whether every bracket is matched */
+
+/* Procedures over strings. f is anything that HostEvalProc can call. It is called once for each
+ * letter or number, in order, and may call commands, these too; what it returns is refused unless
+ * it is of the kind that is named. */
+VSTRING_COMMAND(vstring_map);    /* (f, s): the texts f(c) of the letters c, one after the other */
+VSTRING_COMMAND(vstring_filter); /* (f, s): the letters for which f is true */
+VSTRING_COMMAND(vstring_reject); /* (f, s): the letters for which f is false */
+/* (f, z, s): f(... f(f(z, c1), c2) ..., cn) as f returned it; z when s is empty */
+VSTRING_COMMAND(vstring_foldl);
+/* (f, z, s): f(c1, ... f(cn, z) ...) as f returned it; z when s is empty */
+VSTRING_COMMAND(vstring_foldr);
+/* (f, s): list of the longest stretches of letters with equal texts or 32-bit integers f(c) */
+VSTRING_COMMAND(vstring_groupby);
+VSTRING_COMMAND(vstring_tabulate); /* (f, n): the texts f(1), ..., f(n), one after the other */
 
 /* Combinatorics on words. */
 VSTRING_COMMAND(vstring_period);    /* (w): least period; the length when there is no shorter one */

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdarg>
 #include <functional>
 #include <string>
@@ -23,10 +24,7 @@ class DisturbedHost {
     session_.symbolic = true;
     velmor_set_userinfo(
         heap(), [](void*, std::int64_t, const char*, const char*) {}, nullptr);
-    session_.before_call = [this](const std::string& command, HostObject) {
-      operations_ = 0;
-      command_ = resolve(velmor::lexiva::find(command)->entry_point);
-    };
+    session_.before_call = [this](const std::string&, HostObject) { operations_ = 0; };
     real_ = disturbed_ = *velmor_table(heap());
     disturb<&HostTable::HostAssign, &HostTable::HostSeqToList, &HostTable::HostIsInteger,
             &HostTable::HostIsInteger32, &HostTable::HostNewList, &HostTable::HostListAssign,
@@ -55,12 +53,22 @@ class DisturbedHost {
   bool allow_is_calm = false;  // does nothing of this in HostGcAllow
 
  private:
-  static VelmorCommand resolve(const std::string& entry_point) {
-    return reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, entry_point.c_str()));
-  }
-
+  // The entry points, and for each a function that calls it with the other table.
+  static constexpr std::size_t kRoom = 400;
+  static inline std::vector<VelmorCommand> commands_;
+  template <std::size_t i>
   static HostObject call_disturbed(const HostTable*, HostObject argseq) {
-    return command_(&disturbed_, argseq);
+    return commands_[i](&disturbed_, argseq);
+  }
+  template <std::size_t... i>
+  static constexpr std::array<VelmorCommand, kRoom> all_disturbed(std::index_sequence<i...>) {
+    return {call_disturbed<i>...};
+  }
+  static VelmorCommand resolve(const std::string& entry_point) {
+    static constexpr auto kDisturbed = all_disturbed(std::make_index_sequence<kRoom>());
+    void* const entry = dlsym(RTLD_DEFAULT, entry_point.c_str());
+    commands_.push_back(reinterpret_cast<VelmorCommand>(entry));
+    return kDisturbed.at(commands_.size() - 1);
   }
 
   static void disturb_once();
@@ -83,7 +91,7 @@ class DisturbedHost {
     std::va_list list;
     va_start(list, n);
     const HostObject a = va_arg(list, HostObject);
-    const HostObject b = va_arg(list, HostObject);
+    const HostObject b = n > 1 ? va_arg(list, HostObject) : a;
     va_end(list);
     disturb_once();
     return real_.HostEvalProc(procedure, n, a, b);
@@ -93,11 +101,10 @@ class DisturbedHost {
 
   static void allow(HostObject object);
 
-  velmor::Session session_{[](const std::string&) -> VelmorCommand { return call_disturbed; }};
+  velmor::Session session_{resolve};
   std::size_t operations_ = 0;  // of the running command
 
   static inline HostTable real_, disturbed_;
-  static inline VelmorCommand command_;
 };
 
 DisturbedHost& host() {

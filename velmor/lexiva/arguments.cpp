@@ -64,6 +64,8 @@ constexpr Argument kKinds[] = {
     {"fill", "a string of one byte"},
     {"tab", "an integer"},
     {"margin", "a string, or an integer for so many blanks"},
+    {"f", "a procedure: the name of a command, or x -> EXPR"},
+    {"z", "anything"},
     {"name0", "a quoted name"},
 };
 

@@ -23,6 +23,9 @@ constexpr Rows kJoining = {
 constexpr Rows kFinding = {
 #include "lexiva/rows/finding.inc"
 };
+constexpr Rows kProcedures = {
+#include "lexiva/rows/procedures.inc"
+};
 constexpr Rows kRegex = {
 #include "lexiva/rows/regex.inc"
 };
@@ -53,6 +56,7 @@ constexpr Family kFamilies[] = {
     {"Encodings and escapes", span_of(kEncodings)},
     {"Joining, splitting, orders", span_of(kJoining)},
     {"Searching and replacing", span_of(kFinding)},
+    {"Procedures over strings", span_of(kProcedures)},
     {"Regular expressions and wildcards", span_of(kRegex)},
     {"Combinatorics on words", span_of(kWords)},
     {"Sequences, alignment, statistics", span_of(kSequences)},

@@ -220,6 +220,13 @@ constexpr Keywords kRows[] = {
     {"brackets", "parentheses matching braces nesting"},
     {"isbalanced", "parentheses brackets matching braces nesting"},
     {"digest", "sha256 sha1 sha512 crc32 checksum fingerprint hash"},
+    {"map", "apply each letters transform"},
+    {"filter", "select keep letters which"},
+    {"reject", "remove drop letters which"},
+    {"foldl", "reduce accumulate left"},
+    {"foldr", "reduce accumulate right"},
+    {"groupby", "group runs stretches partition"},
+    {"tabulate", "generate build numbers"},
 };
 // clang-format on
 
