@@ -2,6 +2,7 @@
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <vector>
 
 #include "random/digest.h"
@@ -9,6 +10,7 @@
 #ifdef VSTRING_PEER_OPENSSL
 #include <openssl/md4.h>
 #include <openssl/md5.h>
+#include <openssl/sha.h>
 #endif
 
 namespace {
@@ -23,24 +25,35 @@ void digest(benchmark::State& state, Digest compute) {
   state.SetBytesProcessed(state.iterations() * state.range(0));
 }
 
-#ifdef VSTRING_PEER_OPENSSL
-vstring::random::Digest openssl_md5(Bytes message) {
-  vstring::random::Digest result;
-  MD5(message.data(), message.size(), result.data());
-  return result;
-}
-vstring::random::Digest openssl_md4(Bytes message) {
-  vstring::random::Digest result;
-  MD4(message.data(), message.size(), result.data());
-  return result;
-}
-#endif
+#define DIGEST(name) \
+  BENCHMARK_CAPTURE(digest, ours, vstring::random::name)->Name(#name "/ours")->Arg(16)->Arg(1 << 20)
 
-BENCHMARK_CAPTURE(digest, ours, vstring::random::md5)->Name("md5/ours")->Arg(16)->Arg(1 << 20);
-BENCHMARK_CAPTURE(digest, ours, vstring::random::md4)->Name("md4/ours")->Arg(16)->Arg(1 << 20);
+DIGEST(md5);
+DIGEST(md4);
+DIGEST(sha256);
+DIGEST(sha1);
+DIGEST(sha512);
+DIGEST(crc32);
+
 #ifdef VSTRING_PEER_OPENSSL
-BENCHMARK_CAPTURE(digest, openssl, openssl_md5)->Name("md5/openssl")->Arg(16)->Arg(1 << 20);
-BENCHMARK_CAPTURE(digest, openssl, openssl_md4)->Name("md4/openssl")->Arg(16)->Arg(1 << 20);
+template <auto one_shot, std::size_t size>
+std::array<Byte, size> openssl(Bytes message) {
+  std::array<Byte, size> result;
+  one_shot(message.data(), message.size(), result.data());
+  return result;
+}
+
+#define PEER(name, one_shot, size)                            \
+  BENCHMARK_CAPTURE(digest, openssl, openssl<one_shot, size>) \
+      ->Name(#name "/openssl")                                \
+      ->Arg(16)                                               \
+      ->Arg(1 << 20)
+
+PEER(md5, MD5, 16);
+PEER(md4, MD4, 16);
+PEER(sha256, SHA256, 32);
+PEER(sha1, SHA1, 20);
+PEER(sha512, SHA512, 64);
 #endif
 
 template <typename Draw>
