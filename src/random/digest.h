@@ -22,7 +22,4 @@ std::array<Byte, 64> sha512(Bytes message);
 // lowest bit first, all ones before and after. The highest byte comes first.
 std::array<Byte, 4> crc32(Bytes message);
 
-// Writes `digest` to `out`, of twice its length, in lower-case hexadecimal digits.
-void write_hexadecimal(Bytes digest, MutableBytes out);
-
 }  // namespace vstring::random

@@ -1,4 +1,5 @@
 // Entry points: hash, digest.
+#include "encoding/hexadecimal.h"
 #include "host/args.h"
 #include "host/result.h"
 #include "random/digest.h"
@@ -17,7 +18,7 @@ struct Method {
 template <auto compute>
 constexpr Method method(const char* name, const char* capitals) {
   return {name, capitals, sizeof compute({}), [](Bytes message, MutableBytes out) {
-            random::write_hexadecimal(compute(message), out);
+            encoding::encode_hexadecimal(compute(message), out);
           }};
 }
 
