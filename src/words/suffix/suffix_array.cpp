@@ -2,194 +2,99 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
+#include <utility>
 
 #include "bytes/common.h"
 #include "runtime/memory.h"
+#include "words/suffix/induction.h"
 
 namespace vstring::words {
 namespace {
 
-using Cell = std::int32_t;
+// Texts whose letters are all this rare, one in so many, are sorted by a few letters at first, if
+// they are long enough for a table of pairs.
+constexpr Cell kRare = 64;
+constexpr Cell kWorthPairs = 65536;
+// More suffixes that begin with the same pair are not sorted by comparing.
+constexpr Cell kLargestBucket = 1024;
 
-// How many cells ahead the letters of a suffix are called into the cache.
-constexpr Cell kAhead = 32;
-
-template <typename Letter>
-struct Text {
-  const Letter* letters;
-  Cell n;         // at least 1
-  Cell alphabet;  // letters are below this
-  Cell letter(Cell i) const { return static_cast<Cell>(letters[i]); }
-};
-
-// Sorting one text by induction. A cell holds the offset of a suffix, or the complement of one from
-// which the pass at hand has nothing to induce; 0 also stands for an empty cell, since nothing
-// precedes the suffix of offset 0.
-template <typename Letter>
-class Induction {
+// Sorts the leftmost S suffixes by their first letters: two, and then eight.
+class FirstLetters {
  public:
-  // `buckets` has room for two numbers per letter of the alphabet.
-  Induction(const Text<Letter>& text, Cell* sorted, Cell* buckets)
-      : text_(text), sorted_(sorted), counts_(buckets), edges_(buckets + text.alphabet) {
-    std::fill_n(counts_, text_.alphabet, 0);
-    for (Cell i = 0; i < text_.n; ++i) ++counts_[text_.letter(i)];
-  }
+  FirstLetters(Bytes text, Cell* sorted) : text_(text), sorted_(sorted) {}
 
-  // Calls visit(i) for each leftmost S suffix i, from right to left.
-  template <typename Visit>
-  void for_each_leftmost(Visit visit) const {
-    Cell after = text_.letter(text_.n - 1);
-    bool is_after_small = false;  // the suffix after i is of type S
-    for (Cell i = text_.n - 2; i >= 0; --i) {
-      const Cell letter = text_.letter(i);
-      const bool is_small = letter < after || (letter == after && is_after_small);
-      if (is_after_small && !is_small) visit(i + 1);
-      is_after_small = is_small;
-      after = letter;
+  // Puts them into the first cells and returns how many there are; 0 when that does not tell all
+  // apart, when too many begin with the same two letters, or for want of memory. O(n) time.
+  Cell sort(const Induction<Byte>& induction) {
+    if (induction.size() < kWorthPairs || induction.largest_count() > induction.size() / kRare ||
+        !ends_.resize(kPairs) || !bucket_.resize(kLargestBucket)) {
+      return 0;
     }
-  }
-
-  // Sorts the leftmost S suffixes by what stands from each of them up to the next, and puts them
-  // into the last cells; all others are 0. Returns how many there are.
-  Cell sort_factors() {
-    std::fill_n(sorted_, text_.n, 0);
-    point_to_ends();
-    for_each_leftmost([this](Cell i) { sorted_[--edges_[text_.letter(i)]] = i; });
-    induce_large<false>();
-    return induce_small_factors();
-  }
-
-  // Replaces the factors in the last `m` cells by their ranks, in the order of the text. Returns
-  // how many different ones there are; if they are all different, the cells stay as they are.
-  Cell rank_factors(Cell m) {
-    Cell* const order = sorted_ + text_.n - m;
-    // Leftmost S suffixes are at least two letters apart: half an offset tells them apart.
-    Cell next = text_.n;
-    for_each_leftmost([&](Cell i) {
-      sorted_[i / 2] = next - i + 1;  // length of the factor, the first letter of the next included
-      next = i;
-    });
-    Cell rank = 0;
-    Cell before = 0;
-    Cell before_length = 0;
-    for (Cell r = 0; r < m; ++r) {
-      const Cell i = order[r];
-      const Cell length = sorted_[i / 2];
-      if (length != before_length || i + length > text_.n || before + length > text_.n ||
-          !std::equal(text_.letters + i, text_.letters + i + length, text_.letters + before)) {
-        ++rank;
-      }
-      sorted_[i / 2] = rank;
-      before = i;
-      before_length = length;
+    std::fill_n(ends_.data(), kPairs, 0);
+    induction.for_each_leftmost([&](Cell i) { ++ends_[pair(i)]; });
+    Cell m = 0;
+    for (Cell& end : ends_) {
+      if (end > kLargestBucket) return 0;
+      m += std::exchange(end, m);
     }
-    if (rank == m) return rank;
-    Cell* last = sorted_ + text_.n;
-    for (Cell i = (text_.n - 1) / 2; last > order; --i) {
-      if (sorted_[i] != 0) *--last = sorted_[i] - 1;
+    induction.for_each_leftmost([&](Cell i) { sorted_[ends_[pair(i)]++] = i; });
+    Cell start = 0;
+    for (const Cell end : ends_) {
+      if (!sort_bucket(start, end, m)) return 0;
+      start = end;
     }
-    return rank;
-  }
-
-  // Turns the sorted suffixes of the text of ranks, in the first `m` cells, into those that they
-  // stand for.
-  void name_suffixes(Cell m) {
-    Cell* offset = sorted_ + text_.n;
-    for_each_leftmost([&](Cell i) { *--offset = i; });
-    for (Cell r = 0; r < m; ++r) sorted_[r] = offset[sorted_[r]];
-  }
-
-  // Sorts all suffixes, the leftmost S suffixes standing in order in the first `m` cells.
-  void sort_suffixes(Cell m) {
-    std::fill(sorted_ + m, sorted_ + text_.n, 0);
-    point_to_ends();
-    for (Cell r = m - 1; r >= 0; --r) {
-      const Cell i = sorted_[r];
-      sorted_[r] = 0;
-      sorted_[--edges_[text_.letter(i)]] = i;
-    }
-    induce_large<true>();
-    induce_small();
+    return m;
   }
 
  private:
-  void point_to_starts() {
-    Cell sum = 0;
-    for (Cell c = 0; c < text_.alphabet; ++c) {
-      edges_[c] = sum;
-      sum += counts_[c];
-    }
-  }
-  void point_to_ends() {
-    Cell sum = 0;
-    for (Cell c = 0; c < text_.alphabet; ++c) edges_[c] = sum += counts_[c];
+  static constexpr std::size_t kPairs = std::size_t{1} << 16;
+
+  struct Keyed {
+    std::uint64_t letters;
+    Cell offset;
+  };
+
+  // A leftmost S suffix is never the last one.
+  std::size_t pair(Cell i) const {
+    const Byte* const at = text_.data() + i;
+    return static_cast<std::size_t>(at[0] << 8 | at[1]);
   }
 
-  void prefetch(Cell cell) const {
-    if (cell > 0) __builtin_prefetch(text_.letters + cell - 1);
+  // As a number, the first letter highest; zeros behind the end.
+  std::uint64_t eight_letters(std::size_t i) const {
+    std::uint64_t letters = 0;
+    if (i + 8 <= text_.size()) {
+      std::memcpy(&letters, text_.data() + i, 8);
+      return __builtin_bswap64(letters);
+    }
+    for (std::size_t k = i; k < i + 8; ++k) {
+      letters = letters << 8 | (k < text_.size() ? text_[k] : 0U);
+    }
+    return letters;
   }
 
-  // From left to right: the suffix before an L suffix, or before a leftmost S suffix, goes to the
-  // front of its letter's bucket if it is of type L. What stays active is what the next pass
-  // induces from: L suffixes behind an S suffix. The others are kept, as complements, or dropped.
-  template <bool kKeep>
-  void induce_large() {
-    point_to_starts();
-    place_large(text_.n - 1);
-    for (Cell r = 0; r < text_.n; ++r) {
-      if (r + kAhead < text_.n) prefetch(sorted_[r + kAhead]);
-      const Cell i = sorted_[r];
-      if (i == 0) continue;
-      sorted_[r] = kKeep || i < 0 ? ~i : 0;
-      if (i > 0) place_large(i - 1);
+  // Sorts cells start to end, of m in all. False when two of them agree in all letters.
+  bool sort_bucket(Cell start, Cell end, Cell m) {
+    if (end - start < 2) return true;
+    Keyed* last = bucket_.data();
+    for (Cell r = start; r < end; ++r) {
+      if (r + kAhead < m) __builtin_prefetch(text_.data() + sorted_[r + kAhead]);
+      *last++ = {eight_letters(static_cast<std::size_t>(sorted_[r]) + 2), sorted_[r]};
     }
-  }
-  void place_large(Cell i) {
-    const Cell letter = text_.letter(i);
-    const bool is_active = i == 0 || text_.letter(i - 1) >= letter;
-    sorted_[edges_[letter]++] = is_active ? i : ~i;
+    std::sort(bucket_.data(), last,
+              [](const Keyed& a, const Keyed& b) { return a.letters < b.letters; });
+    for (const Keyed* key = bucket_.data(); key < last; ++key) {
+      if (key > bucket_.data() && key->letters == key[-1].letters) return false;
+      sorted_[start++] = key->offset;
+    }
+    return true;
   }
 
-  // From right to left: the suffix before an S suffix, or before an L suffix of a greater letter,
-  // goes to the end of its bucket if it is of type S.
-  void place_small(Cell i) {
-    const Cell letter = text_.letter(i);
-    const bool is_active = i == 0 || text_.letter(i - 1) <= letter;
-    sorted_[--edges_[letter]] = is_active ? i : ~i;
-  }
-  void induce_small() {
-    point_to_ends();
-    for (Cell r = text_.n - 1; r >= 0; --r) {
-      if (r >= kAhead) prefetch(sorted_[r - kAhead]);
-      const Cell i = sorted_[r];
-      if (i < 0) {
-        sorted_[r] = ~i;
-      } else if (i > 0) {
-        place_small(i - 1);
-      }
-    }
-  }
-  // The same when only the leftmost S suffixes are wanted: these are the complements that it meets.
-  Cell induce_small_factors() {
-    point_to_ends();
-    Cell found = text_.n;
-    for (Cell r = text_.n - 1; r >= 0; --r) {
-      if (r >= kAhead) prefetch(sorted_[r - kAhead]);
-      const Cell i = sorted_[r];
-      sorted_[r] = 0;
-      if (i < 0) {
-        sorted_[--found] = ~i;
-      } else if (i > 0) {
-        place_small(i - 1);
-      }
-    }
-    return text_.n - found;
-  }
-
-  Text<Letter> text_;
+  Bytes text_;
   Cell* sorted_;
-  Cell* counts_;
-  Cell* edges_;
+  Buffer<Cell> ends_;  // of the cells of each pair of letters
+  Buffer<Keyed> bucket_;
 };
 
 // The texts of ranks lie, one below the other, in the cells that the one above does not need.
@@ -203,6 +108,10 @@ struct Level {
 class Sorter {
  public:
   Sorter(Bytes text, Cell* sorted) : text_(text), sorted_(sorted) {}
+
+  // Leaves letters instead of offsets.
+  void leave_letters_before(Cell own) { own_ = own; }
+  Cell rank_of_own() const { return rank_of_own_; }
 
   Status sort() {
     levels_[0] = {nullptr, static_cast<Cell>(text_.size()), 256};
@@ -235,6 +144,11 @@ class Sorter {
   template <typename Letter>
   void descend(Induction<Letter>& induction) {
     Level& level = levels_[depth_];
+    if constexpr (std::is_same_v<Letter, Byte>) {
+      level.leftmost = FirstLetters(text_, sorted_).sort(induction);
+      is_sorted_ = level.leftmost > 0;
+      if (is_sorted_) return;
+    }
     const Cell m = level.leftmost = induction.sort_factors();
     const Cell ranks = induction.rank_factors(m);
     Cell* const last = sorted_ + level.n - m;
@@ -251,7 +165,11 @@ class Sorter {
     const Cell m = levels_[depth_].leftmost;
     if (!is_sorted_) induction.name_suffixes(m);
     is_sorted_ = false;
-    induction.sort_suffixes(m);
+    if (depth_ == 0 && own_ >= 0) {
+      rank_of_own_ = induction.sort_letters_before(m, own_);
+    } else {
+      induction.sort_suffixes(m);
+    }
   }
 
   Bytes text_;
@@ -260,6 +178,8 @@ class Sorter {
   Level levels_[32];  // each at most half as long as the one above
   int depth_ = 0;
   bool is_sorted_ = false;  // the innermost leftmost S suffixes, in the first cells
+  Cell own_ = -1;           // the suffix whose rank is asked for; then letters are left
+  Cell rank_of_own_ = 0;
 };
 
 }  // namespace
@@ -268,6 +188,16 @@ Status suffix_array(Bytes text, std::span<std::int32_t> sorted) {
   if (text.size() >= kSuffixLimit) return Status::out_of_memory;
   if (text.empty()) return Status::ok;
   return Sorter(text, sorted.data()).sort();
+}
+
+Result<std::size_t> letters_before_sorted(Bytes text, std::size_t own,
+                                          std::span<std::int32_t> letters) {
+  if (text.size() >= kSuffixLimit) return Status::out_of_memory;
+  Sorter sorter(text, letters.data());
+  sorter.leave_letters_before(static_cast<Cell>(own));
+  const Status status = sorter.sort();
+  if (status != Status::ok) return status;
+  return static_cast<std::size_t>(sorter.rank_of_own());
 }
 
 void common_prefixes(Bytes text, std::span<const std::int32_t> sorted,

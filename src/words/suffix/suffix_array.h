@@ -6,7 +6,8 @@
 // the S suffixes that follow an L suffix ("leftmost S") are in order, two passes over the array
 // put every other suffix behind the one that it precedes in the text. The leftmost S suffixes, at
 // most half of all, are sorted as suffixes of a shorter text, whose letters are the ranks of the
-// factors between them.
+// factors between them. Where a few letters are likely to tell them all apart, as in compressed
+// files, they are sorted by those letters instead.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -25,6 +26,11 @@ inline constexpr std::size_t kSuffixLimit = std::size_t{1} << 31;
 // text and cells at most 4 bytes a letter, none for texts whose factors are soon told apart. Fails
 // only for want of memory.
 Status suffix_array(Bytes text, std::span<std::int32_t> sorted);
+
+// The same, but each cell holds the letter before the suffix, 0 for the suffix of offset 0. Returns
+// the rank of the suffix of offset `own`; requires that offset 0 is that of the least suffix.
+Result<std::size_t> letters_before_sorted(Bytes text, std::size_t own,
+                                          std::span<std::int32_t> letters);
 
 // Fills `agreeing`, of |text| cells, with the length of the common prefix of each suffix, by its
 // offset, and of the one sorted just before it; 0 for the first one. O(n) time: J. Karkkainen,
