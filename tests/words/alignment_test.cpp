@@ -145,7 +145,7 @@ TEST(Alignment, AllShortPairsByDefinition) {
 // are looked at, and others; by the kernel in vectors and by its plain twin.
 TEST(Alignment, LongerWords) {
   unsigned seed = 0;
-  for (const std::size_t n : {63U, 64U, 65U, 130U, 400U}) {
+  for (const std::size_t n : {63U, 64U, 65U, 130U, 400U, 700U}) {
     const std::string s = random_word(n, 3, ++seed);
     std::string close = s;
     for (std::size_t i = 0; i < close.size(); i += 1 + n / 6) {

@@ -135,10 +135,8 @@ TEST(LargeWordsLongTier, SuffixesOf100MB) {
 
 // The same alignment is chosen from bit vectors and from a table of scores, and its cost is the
 // distance.
-void check_alignment(std::size_t n) {
-  const std::size_t linear = 32 * n + 65536;
-  const std::string s = random_word(n, 4, 1);
-  const std::string t = random_word(n - n / 100, 4, 2);
+void check_alignment(const std::string& s, const std::string& t) {
+  const std::size_t linear = 32 * s.size() + 65536;
   const std::string edits = within(linear, vstring_edits, {s, t});
   const std::string distance = call(vstring_levenshtein, {s, t});
   const std::string alignment = within(linear, vstring_align, {s, t, equation("match", 0)});
@@ -146,9 +144,22 @@ void check_alignment(std::size_t n) {
             alignment.substr(0, distance.size() + edits.size() + 6));
 }
 
-TEST(LargeWords, Alignments) { check_alignment(3000); }
+TEST(LargeWords, Alignments) {
+  const std::string s = random_word(3000, 4, 1);
+  check_alignment(s, random_word(2970, 4, 2));
+  for (const std::size_t apart : {10U, 30U, 200U}) {
+    std::string close = s;
+    for (std::size_t i = 0; i + 2 < close.size(); i += apart) {
+      close.replace(i, i % 3, random_word(i / apart % 3, 4, 3));
+    }
+    check_alignment(s, close);
+    check_alignment(close, s);
+  }
+}
 
-TEST(LargeWordsLongTier, AlignmentOf100KB) { check_alignment(100000); }
+TEST(LargeWordsLongTier, AlignmentOf100KB) {
+  check_alignment(random_word(100000, 4, 1), random_word(99000, 4, 2));
+}
 
 }  // namespace
 }  // namespace vstring_test

@@ -39,6 +39,7 @@ class PathFinder {
   using Table = typename Path::Table;
   using Run = typename Table::Run;
   using Column = typename Table::Column;
+  using Change = decltype(Run{}.at(0));
 
  public:
   PathFinder(Bytes s, Bytes t, HeldArray<Byte>& path) : s_(s), t_(t), path_(path) {}
@@ -48,7 +49,7 @@ class PathFinder {
     const std::size_t runs = runs_for(t_.size());
     if (!path_.reserve(path_.size() + s_.size() + t_.size()) || !s_back_.resize(s_.size()) ||
         !t_back_.resize(t_.size()) || !forth_.resize(runs) || !back_.resize(runs) ||
-        !columns_.resize(t_.size() + 1)) {
+        !kept_.resize(room()) || !changes_.resize(t_.size())) {
       return Status::out_of_memory;
     }
     std::reverse_copy(s_.begin(), s_.end(), s_back_.begin());
@@ -76,8 +77,10 @@ class PathFinder {
   void solve(Stretch rows, Stretch columns, std::size_t bound) {
     if (columns.size() == 0) {
       push(kDeleted, rows.size());
-    } else if (rows.size() <= 64) {
-      walk(rows, columns);
+    } else if (const Band band(rows, columns, bound);
+               stripes_for(rows.size()) * (band.width + 1) <= kept_.size()) {
+      keep(rows, columns, band);
+      walk(rows, columns, band);
     } else {
       const std::size_t middle = rows.start + (rows.size() / 2 + 63) / 64 * 64;
       const Cut cut = best_cut(rows, columns, middle, bound);
@@ -86,28 +89,72 @@ class PathFinder {
     }
   }
 
-  // At most 64 rows: the vectors of all columns are kept.
-  void walk(Stretch rows, Stretch columns) {
-    const std::size_t m = rows.size();
-    const std::size_t n = columns.size();
-    if (m > 0) {
-      const Bytes back = back_part(t_back_, columns);
-      const LetterRows<1> equal(back_part(s_back_, rows), back);
+  static std::size_t stripes_for(std::size_t rows) { return (rows + 63) / 64; }
+
+  // How many vectors may be kept: as many as one stripe has, or some in any case.
+  std::size_t room() const {
+    constexpr std::size_t kKept = 4096;
+    const std::size_t stripe = t_.size() + 1;
+    return std::max(stripe, std::min(kKept, stripe * stripes_for(s_.size())));
+  }
+
+  // The letters of the columns, from the back, that stripe q of the rows from the back needs:
+  // `width` at most.
+  struct Band {
+    std::int64_t n;
+    Diagonals near;
+    std::size_t width;
+
+    Band(Stretch rows, Stretch columns, std::size_t bound)
+        : n(static_cast<std::int64_t>(columns.size())), near(diagonals(rows, columns, bound)) {
+      near.low = std::max(near.low, -static_cast<std::int64_t>(rows.size()));
+      near.high = std::min(near.high, n);
+      width = static_cast<std::size_t>(std::min(n, 64 + near.high - near.low));
+    }
+    Stretch letters(std::size_t q) const {
+      const auto row = static_cast<std::int64_t>(64 * q);
+      return {static_cast<std::size_t>(std::clamp<std::int64_t>(row + near.low, 0, n)),
+              static_cast<std::size_t>(std::clamp<std::int64_t>(row + 64 + near.high, 0, n))};
+    }
+  };
+
+  // Keeps the vectors of all columns, the one ahead of the letters included, of all stripes.
+  void keep(Stretch rows, Stretch columns, const Band& band) {
+    if (rows.size() == 0) return;
+    const Bytes s = back_part(s_back_, rows);
+    const Bytes t = back_part(t_back_, columns);
+    std::fill_n(changes_.begin(), t.size(), Run{}.at(0));
+    Column* kept = kept_.data();
+    for (std::size_t q = 0; 64 * q < s.size(); ++q, kept += band.width + 1) {
+      const Stretch letters = band.letters(q);
+      const Bytes stripe = s.subspan(64 * q, std::min<std::size_t>(64, s.size() - 64 * q));
+      const LetterRows<1> equal(stripe, part(t, letters));
       Column column;
-      columns_[n] = column;
-      for (std::size_t k = 0; k < n; ++k) {
-        column.advance(equal[back[k]][0], Run{}.at(0), m - 1);
-        columns_[n - k - 1] = column;
+      kept[0] = column;
+      for (std::size_t k = letters.start; k < letters.end; ++k) {
+        changes_[k] = column.advance(equal[t[k]][0], changes_[k], stripe.size() - 1);
+        kept[k - letters.start + 1] = column;
       }
     }
+  }
+
+  // Follows the path through the columns kept. Where it goes, they are right.
+  void walk(Stretch rows, Stretch columns, const Band& band) {
+    const std::size_t m = rows.size();
+    const std::size_t n = columns.size();
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < m && j < n) {
-      const bool is_equal = s_[rows.start + i] == t_[columns.start + j];
-      const Byte next = Path::next(columns_[j], columns_[j + 1], m - 1 - i, is_equal);
-      push(next, 1);
-      i += next != kInserted ? 1 : 0;
-      j += next != kDeleted ? 1 : 0;
+      const std::size_t q = (m - 1 - i) / 64;
+      const Column* const kept = kept_.data() + q * (band.width + 1);
+      const std::size_t here = n - band.letters(q).start;  // column j is kept at here - j
+      for (const std::size_t end = m - 64 * q; i < end && j < n;) {
+        const bool is_equal = s_[rows.start + i] == t_[columns.start + j];
+        const Byte next = Path::next(kept[here - j], kept[here - j - 1], end - 1 - i, is_equal);
+        push(next, 1);
+        i += next != kInserted ? 1 : 0;
+        j += next != kDeleted ? 1 : 0;
+      }
     }
     push(kDeleted, m - i);
     push(kInserted, n - j);
@@ -178,7 +225,8 @@ class PathFinder {
   Buffer<Byte> t_back_;
   Buffer<Run> forth_;
   Buffer<Run> back_;
-  Buffer<Column> columns_;  // columns_[j]: at column j of the rows that are walked through
+  Buffer<Column> kept_;     // of the part that is walked through, stripe by stripe
+  Buffer<Change> changes_;  // from column to column in the row above a stripe
 };
 
 }  // namespace
