@@ -5,8 +5,8 @@
 #include <ctime>
 
 #include "bytes/bytes.h"
-#include "host/vstring.h"
 #include "runtime/growing_text.h"
+#include "time/format_time.h"
 
 namespace vstring::time {
 namespace {
@@ -76,14 +76,10 @@ Result<const char*> format_local(std::int64_t when, const char* format, char* bu
   const std::time_t seconds = when;
   const std::tm* const broken_down = std::localtime(&seconds);
   if (broken_down == nullptr) return Status::refused;  // a year beyond int
-  if (my_strftime(buffer, size, format, broken_down) != 0) return buffer;
-  do {
-    size *= 2;
-    if (!block.resize(size)) {
-      block.free();
-      return Status::out_of_memory;
-    }
-  } while (my_strftime(block.data(), size, format, broken_down) == 0);
+  const std::size_t length = format_time(buffer, size, format, *broken_down);
+  if (length <= size) return buffer;
+  if (!block.resize(length)) return Status::out_of_memory;
+  format_time(block.data(), length, format, *broken_down);
   return block.data();
 }
 

@@ -13,6 +13,7 @@
 #include "host/vstring.h"
 #include "runtime/malformed_row.h"
 #include "time/calendar.h"
+#include "time/format_time.h"
 
 std::int32_t y2k = 0;
 
@@ -168,10 +169,10 @@ class Formatter {
     }
   }
 
-  // Length of the whole text with its terminator; 0 when it does not fit.
+  // Length of the whole text with its terminator.
   std::size_t finish() {
     put('\0');
-    return length_ <= size_ ? length_ : 0;
+    return length_;
   }
 
  private:
@@ -265,17 +266,24 @@ void read_zone_once() {
 }
 
 }  // namespace
+
+std::size_t format_time(char* out, std::size_t size, const char* format, const std::tm& time) {
+  read_zone_once();
+  Formatter formatter(out, size, time);
+  formatter.format(format);
+  return formatter.finish();
+}
+
 }  // namespace vstring::time
 
 std::size_t my_strftime(char* buffer, std::size_t size, const char* format, const std::tm* time) {
   y2k = 0;
-  vstring::time::read_zone_once();
+  vstring::time::read_zone_once();  // whether or not anything is formatted
   if (buffer == nullptr || size == 0 || format == nullptr || time == nullptr) return 0;
   // Callers rely on plain text being refused one byte early, unless it is empty.
   if (*format != '\0' && std::strchr(format, '%') == nullptr && std::strlen(format) + 1 >= size) {
     return 0;
   }
-  vstring::time::Formatter formatter(buffer, size, *time);
-  formatter.format(format);
-  return formatter.finish();
+  const std::size_t length = vstring::time::format_time(buffer, size, format, *time);
+  return length <= size ? length : 0;
 }
