@@ -19,28 +19,21 @@ constexpr std::uint32_t kFull = UINT32_MAX - 2;
 
 }  // namespace
 
-// Splits the classes of bytes by each thing that a state tests.
+// Splits the classes of bytes by each set that a state takes.
 void Gate::find_classes() {
-  std::fill_n(class_of_, 256, Byte{0});
   class_count_ = 1;
-  for (StateNumber s = 0; s < plan_.state_count && class_count_ < 256; ++s) {
-    const State& state = plan_.states[s];
-    if (!consumes(state.op) || (state.op != Op::literal && state.test == Test::any)) continue;
-    const ByteSet taken = plan_.first_bytes(state);
-    int split[256];  // by class: the class of its bytes that are taken; -1: none met yet
-    int other[256];  // the same for those that are not
-    std::fill_n(split, class_count_, -1);
-    std::fill_n(other, class_count_, -1);
+  for (StateNumber s = 0; s < plan_.state_count; ++s) {
+    if (!consumes(plan_.states[s].op)) continue;
+    const ByteSet taken = plan_.first_bytes(plan_.states[s]);
+    int part[2][256];  // of a class, by whether it is taken: its new number
+    std::fill_n(part[0], 2 * 256, -1);
+    class_count_ = 0;
     for (int c = 0; c < 256; ++c) {
-      Byte& own = class_of_[c];
-      const bool is_taken = taken.has(static_cast<Byte>(c));
-      int& target = is_taken ? split[own] : other[own];
-      const bool keeps = (is_taken ? other : split)[own] != own;
-      if (target < 0) target = keeps ? own : static_cast<int>(class_count_++);
-      own = static_cast<Byte>(target);
+      int& number = part[taken.has(static_cast<Byte>(c)) ? 1 : 0][class_of_[c]];
+      if (number < 0) number = static_cast<int>(class_count_++);
+      class_of_[c] = static_cast<Byte>(number);
     }
   }
-  for (int c = 256; c-- > 0;) member_[class_of_[c]] = static_cast<Byte>(c);
 }
 
 bool Gate::prepare() {
@@ -51,18 +44,10 @@ bool Gate::prepare() {
   words_ = (n + 63) / 64;
   const std::size_t set_bytes = words_ * sizeof(Word) + (class_count_ + 4) * sizeof(Set);
   max_sets_ = std::bit_floor((kMaxBytes - plan_bytes) / set_bytes);
-  if (max_sets_ < kMinSets) return false;
-  if (!rows_.resize(max_sets_ * class_count_) || !members_.resize(max_sets_ * words_) ||
-      !table_.resize(2 * max_sets_) || !room_.resize_zeroed(3 * words_) ||
-      !stack_.reserve(2 * n + 1)) {
+  if (max_sets_ < kMinSets || !rows_.resize(max_sets_ * class_count_) ||
+      !members_.resize(max_sets_ * words_) || !table_.resize(2 * max_sets_) ||
+      !room_.resize(2 * words_) || !stack_.reserve(2 * n + 1)) {
     return false;
-  }
-  Word* const takers = room_.data() + words_;
-  Word* const accepting = takers + words_;
-  for (StateNumber s = 0; s < n; ++s) {
-    const Op op = plan_.states[s].op;
-    if (consumes(op)) takers[s / 64] |= Word{1} << (s % 64);
-    if (op == Op::accept) accepting[s / 64] |= Word{1} << (s % 64);
   }
   empty_table();
   return true;
@@ -74,6 +59,12 @@ void Gate::empty_table() {
   std::fill(table_.begin(), table_.end(), kUnknown);
 }
 
+// Begins a new set in room_.
+void Gate::clear() {
+  std::fill(room_.begin(), room_.end(), Word{0});
+  accepts_ = false;
+}
+
 // Adds what a state leads to without taking a byte, itself included, to the set in room_.
 void Gate::add(StateNumber state, bool is_begin, bool is_end) {
   stack_.clear();
@@ -81,24 +72,24 @@ void Gate::add(StateNumber state, bool is_begin, bool is_end) {
   while (!stack_.empty()) {
     const StateNumber s = stack_.back();
     stack_.pop_back();
-    Word& word = room_[s / 64];
     const Word bit = Word{1} << (s % 64);
-    if ((word & bit) != 0) continue;
-    word |= bit;
+    Word& seen = room_[words_ + s / 64];
+    if ((seen & bit) != 0) continue;
+    seen |= bit;
     const State& added = plan_.states[s];
-    if (added.op == Op::report) has_given_up_ = true;  // who reports must be asked in order
-    if ((added.op == Op::bol && !is_begin) || (added.op == Op::eol && !is_end) ||
-        (consumes(added.op) && added.op != Op::star)) {
-      continue;
-    }
+    accepts_ |= added.op == Op::accept;
+    has_given_up_ |= added.op == Op::report;  // who reports must be asked in order
+    if (consumes(added.op) || added.op == Op::eol) room_[s / 64] |= bit;
+    if (!passes(added.op, is_begin, is_end)) continue;
     for (const StateNumber next : successors(added)) (void)stack_.push_back(next);
   }
 }
 
 template <typename Visit>
-void Gate::for_each(const Word* set, const Word* among, Visit visit) const {
+void Gate::for_each(Set set, Visit visit) const {
+  const Word* const members = members_.data() + set / class_count_ * words_;
   for (std::size_t w = 0; w < words_; ++w) {
-    for (Word rest = set[w] & among[w]; rest != 0; rest &= rest - 1) {
+    for (Word rest = members[w]; rest != 0; rest &= rest - 1) {
       visit(static_cast<StateNumber>(64 * w + static_cast<std::size_t>(std::countr_zero(rest))));
     }
   }
@@ -106,19 +97,18 @@ void Gate::for_each(const Word* set, const Word* among, Visit visit) const {
 
 // Puts into room_ the set that follows, anywhere within the text, when the byte is taken.
 void Gate::make_next(Set set, Byte c) {
-  std::fill_n(room_.data(), words_, Word{0});
-  for_each(members(set), room_.data() + words_, [&](StateNumber s) {
-    if (plan_.takes(plan_.states[s], c)) add(plan_.after(s), false, false);
+  clear();
+  for_each(set, [&](StateNumber s) {
+    const State& state = plan_.states[s];
+    if (consumes(state.op) && plan_.takes(state, c)) add(plan_.after(s), false, false);
   });
   if (!plan_.anchored) add(plan_.start, false, false);
 }
 
 // The number of the set in room_, which is a new one if there is none like it.
 Gate::Set Gate::number() {
+  if (accepts_) return kAccepting;
   const Word* const set = room_.data();
-  bool accepts = false;
-  for_each(set, room_.data() + 2 * words_, [&](StateNumber) { accepts = true; });
-  if (accepts) return kAccepting;
   Word hash = 0;
   for (std::size_t w = 0; w < words_; ++w) {
     constexpr Word kGolden = 0x9e3779b97f4a7c15;
@@ -133,31 +123,27 @@ Gate::Set Gate::number() {
   const Set number = static_cast<Set>(set_count_++ * class_count_);
   ++sets_made_;
   table_[place] = number;
-  std::copy_n(set, words_, members_.data() + number / class_count_ * words_);
+  std::copy_n(set, words_, members(number));
   std::fill_n(rows_.data() + number, class_count_, kUnknown);
   return number;
 }
 
 // Whether a match ends with the text, which leaves threads in the states of `set`.
 bool Gate::accepts_at_end(Set set, bool is_begin) {
-  const Word* const all = members(set);
-  std::copy_n(all, words_, room_.data());
-  for_each(all, all, [&](StateNumber s) {
-    const State& state = plan_.states[s];
-    if (state.op == Op::eol) add(state.next, is_begin, true);
+  clear();
+  for_each(set, [&](StateNumber s) {
+    if (plan_.states[s].op == Op::eol) add(plan_.states[s].next, is_begin, true);
   });
-  return number() == kAccepting;
+  return accepts_;
 }
 
 Gate::Answer Gate::run(std::size_t begin, std::size_t from) {
-  if (has_given_up_ || (words_ == 0 && !prepare())) {
-    has_given_up_ = true;
-    return Answer::unknown;
-  }
+  has_given_up_ = has_given_up_ || (words_ == 0 && !prepare());
+  if (has_given_up_) return Answer::unknown;
   const auto answer = [this](bool matches) {
     return has_given_up_ ? Answer::unknown : matches ? Answer::yes : Answer::no;
   };
-  std::fill_n(room_.data(), words_, Word{0});
+  clear();
   add(plan_.start, from == begin, false);
   Set set = number();
   for (std::size_t at = from; !has_given_up_; ++at, ++work_) {

@@ -35,14 +35,15 @@ class Gate {
 
   bool prepare();
   void find_classes();
+  void empty_table();
+  void clear();
   void add(StateNumber state, bool is_begin, bool is_end);
-  template <typename Visit>
-  void for_each(const Word* set, const Word* among, Visit visit) const;
   void make_next(Set set, Byte c);
   Set number();
   bool accepts_at_end(Set set, bool is_begin);
-  void empty_table();
-  const Word* members(Set set) const { return members_.data() + set / class_count_ * words_; }
+  template <typename Visit>
+  void for_each(Set set, Visit visit) const;
+  Word* members(Set set) { return members_.data() + set / class_count_ * words_; }
 
   const Plan& plan_;
   Bytes text_;
@@ -54,12 +55,12 @@ class Gate {
   std::size_t max_sets_ = 0;
   std::size_t set_count_ = 0;
   std::uint32_t class_count_ = 0;
-  Byte class_of_[256];  // bytes that no state tells apart
-  Byte member_[256];    // by class: one of them
-  Buffer<Set> rows_;    // by set and class: the set that follows, where it is known
-  Buffer<Word> members_;
-  Buffer<Set> table_;  // of sets, by the hash of their members
-  Buffer<Word> room_;  // the set under construction, those that take a byte, those that accept
+  Byte class_of_[256] = {};  // bytes that no state tells apart
+  Buffer<Set> rows_;         // by set and class: the set that follows, where it is known
+  Buffer<Word> members_;     // by set: its states that take a byte or wait for the text's end
+  Buffer<Set> table_;        // of sets, by the hash of their members
+  Buffer<Word> room_;        // the members of the set under construction, and all it has come to
+  bool accepts_ = false;     // so does that set
   Buffer<StateNumber> stack_;
 };
 

@@ -37,6 +37,14 @@ inline constexpr bool consumes(Op op) {
   return op == Op::one || op == Op::literal || op == Op::star || op == Op::plus;
 }
 
+// Whether a state of this kind leads on without taking a byte, at the start or the end of the text
+// or elsewhere.
+inline constexpr bool passes(Op op, bool is_begin, bool is_end) {
+  if (op == Op::bol) return is_begin;
+  if (op == Op::eol) return is_end;
+  return op == Op::report || op == Op::branch || op == Op::save || op == Op::star;
+}
+
 enum class Test : std::uint8_t { any, byte, set };
 
 struct State {

@@ -27,33 +27,18 @@ bool Simulation::prepare() {
 inline bool Simulation::pass(Threads& threads, StateNumber state, std::size_t at,
                              std::size_t* captures) {
   const State& s = plan_.states[state];
-  switch (s.op) {
-    case Op::fail:
-      return false;
-    case Op::report:
-      report(s);
-      return true;
-    case Op::accept:
-    case Op::one:
-    case Op::literal:
-    case Op::plus:
-    case Op::star:
-      threads.states[threads.count++] = state;
-      std::memcpy(slots_of(threads, state), captures, plan_.slot_count * sizeof *captures);
-      return s.op == Op::star;
-    case Op::bol:
-      return at == begin_;
-    case Op::eol:
-      return at == text_.size();
-    case Op::branch:
-      (void)pending_.push_back({s.other, kNoSlot, 0});
-      return true;
-    case Op::save:
-      (void)pending_.push_back({0, s.slot, captures[s.slot]});
-      captures[s.slot] = at;
-      return true;
+  if (s.op == Op::accept || consumes(s.op)) {
+    threads.states[threads.count++] = state;
+    std::memcpy(slots_of(threads, state), captures, plan_.slot_count * sizeof *captures);
+  } else if (s.op == Op::report) {
+    report(s);
+  } else if (s.op == Op::branch) {
+    (void)pending_.push_back({s.other, kNoSlot, 0});
+  } else if (s.op == Op::save) {
+    (void)pending_.push_back({0, s.slot, captures[s.slot]});
+    captures[s.slot] = at;
   }
-  __builtin_unreachable();
+  return passes(s.op, at == begin_, at == text_.size());
 }
 
 // Finds the next state that is still to be entered, setting back captures on the way.

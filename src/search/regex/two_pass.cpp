@@ -26,7 +26,7 @@ bool TwoPass::order_states() {
       }
       mark[s] = kEntered;
       const State& state = plan_.states[s];
-      if (consumes(state.op) && state.op != Op::star) continue;
+      if (!passes(state.op, true, true)) continue;
       for (const StateNumber next : successors(state)) {
         has_circle_ = has_circle_ || mark[next] == kEntered;
         if (mark[next] == kNew && !stack.push_back(next)) return false;
@@ -43,33 +43,12 @@ void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_beg
   const Byte c = is_end ? Byte{0} : text_[at];
   for (const StateNumber s : order_) {
     const State& state = plan_.states[s];
-    bool leads_on = false;
-    switch (state.op) {
-      case Op::fail:
-        break;
-      case Op::accept:
-        leads_on = is_end || !plan_.ends_with_text;
-        break;
-      case Op::bol:
-        leads_on = is_begin && has(row, state.next);
-        break;
-      case Op::eol:
-        leads_on = is_end && has(row, state.next);
-        break;
-      case Op::report:
-      case Op::save:
-        leads_on = has(row, state.next);
-        break;
-      case Op::branch:
-        leads_on = has(row, state.next) || has(row, state.other);
-        break;
-      case Op::one:
-      case Op::literal:
-      case Op::star:
-      case Op::plus:
-        leads_on = (!is_end && plan_.takes(state, c) && has(later, plan_.after(s))) ||
-                   (state.op == Op::star && has(row, state.next));
-        break;
+    bool leads_on = state.op == Op::accept && (is_end || !plan_.ends_with_text);
+    if (passes(state.op, is_begin, is_end)) {
+      leads_on = has(row, state.next) || (state.op == Op::branch && has(row, state.other));
+    }
+    if (!leads_on && !is_end && consumes(state.op)) {
+      leads_on = plan_.takes(state, c) && has(later, plan_.after(s));
     }
     if (leads_on) row[s / 64] |= Word{1} << (s % 64);
   }
@@ -142,31 +121,16 @@ inline const TwoPass::Word* TwoPass::row_after(std::size_t begin, std::size_t at
 // The state that a match goes on with, once it has come to state `s` at `at`.
 inline StateNumber TwoPass::step(std::size_t begin, StateNumber s, std::size_t& at, Match& match) {
   const State& state = plan_.states[s];
-  switch (state.op) {
-    case Op::branch:
-      return has(row_after(begin, at), state.next) ? state.next : state.other;
-    case Op::star:
-      if (at == text_.size() || !plan_.takes(state, text_[at]) || !has(row(at + 1), s)) {
-        return state.next;
-      }
-      ++at;
-      return s;
-    case Op::one:
-    case Op::literal:
-    case Op::plus:
-      ++at;
-      return plan_.after(s);
-    case Op::save:
-      match.slot[state.slot] = at;
-      return state.next;
-    case Op::accept:
-    case Op::fail:
-    case Op::report:
-    case Op::bol:
-    case Op::eol:
-      return state.next;
+  if (state.op == Op::branch) {
+    return has(row_after(begin, at), state.next) ? state.next : state.other;
   }
-  __builtin_unreachable();
+  if (state.op == Op::save) match.slot[state.slot] = at;
+  const bool ends_run =
+      state.op == Op::star &&
+      (at == text_.size() || !plan_.takes(state, text_[at]) || !has(row(at + 1), s));
+  if (!consumes(state.op) || ends_run) return state.next;
+  ++at;
+  return plan_.after(s);
 }
 
 bool TwoPass::run(std::size_t begin, Match& match) {
