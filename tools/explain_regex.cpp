@@ -30,6 +30,17 @@ std::string shown(Bytes literal) {
   return text + "\"";
 }
 
+// With a dot for each byte that is not known.
+std::string shown(const vstring::search::Needle& needle) {
+  if (!needle.pattern().empty()) return shown(needle.pattern());
+  const vstring::Probes& probes = needle.probes();
+  std::string text(needle.size(), '.');
+  for (std::size_t i = 0; i < probes.count; ++i) {
+    text[probes.offsets[i]] = static_cast<char>(probes.bytes[i]);
+  }
+  return shown(Bytes(reinterpret_cast<const Byte*>(text.data()), text.size()));
+}
+
 // As a bracket expression with ranges; of two ways of saying it, the one with fewer members.
 std::string shown(const ByteSet& set) {
   ByteSet rest = set;
@@ -120,7 +131,7 @@ void print_hints(const Plan& plan) {
   if (plan.single != kFailState) say("is", "what state " + std::to_string(plan.single) + " takes");
   if (plan.anchored) say("starts", "with the text");
   if (plan.ends_with_text) say("ends", "with the text");
-  if (!hints.prefix.empty()) say("begins with", shown(hints.prefix));
+  if (hints.prefix.size() > 0) say("begins with", shown(hints.prefix));
   if (hints.has_first) say("begins with one of", shown(hints.first.set()));
   if (hints.prefix_length > 0)
     say("is looked for by", std::to_string(hints.prefix_length) + " bytes at a time");

@@ -51,7 +51,10 @@ VSTRING_AVX2 std::uint64_t members_of_two(const Byte* lower, const Byte* upper,
 
 }  // namespace
 
-ByteScan::ByteScan(const ByteSet& set) : set_(set) {
+ByteScan::ByteScan(const ByteSet& set) : set_(set), is_all_but_one_(set.count() == 255) {
+  ByteSet others = set;
+  others.complement();
+  if (is_all_but_one_) others.for_each([this](Byte c) { other_ = c; });
   set.for_each([this](unsigned c) {
     Byte* const rows = c < 128 ? lower_ : upper_;
     rows[c % 16] = static_cast<Byte>(rows[c % 16] | 1U << (c / 16 % 8));
@@ -59,6 +62,11 @@ ByteScan::ByteScan(const ByteSet& set) : set_(set) {
 }
 
 std::size_t ByteScan::find_far(bool member, Bytes text, std::size_t at) const {
+  if (!member && is_all_but_one_) {
+    const void* const found = std::memchr(text.data() + at, other_, text.size() - at);
+    if (found == nullptr) return text.size();
+    return static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
+  }
 #ifdef VSTRING_AVX2
   if (has_avx2()) at = find_in_blocks(lower_, upper_, member, text, at);
 #endif

@@ -37,6 +37,8 @@ class ByteScan {
   std::size_t find_far(bool member, Bytes text, std::size_t at) const;
 
   ByteSet set_;
+  bool is_all_but_one_ = false;
+  Byte other_ = 0;  // that one
   // The set by half bytes, for table look-up in vectors: bit h of lower_[l] tells of the byte
   // 16 h + l, bit h of upper_[l] of 128 + 16 h + l.
   Byte lower_[16] = {};

@@ -61,7 +61,7 @@ VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std
   std::uint64_t found = 0;
   for (; found == 0 && place <= last; place += found == 0 ? kProbeBlock : 0) {
     Hits hits = look_ahead(place);
-    if (N > kAhead && !budget.is_used_up()) {
+    if (!budget.is_used_up()) {
       const std::size_t first = place;
       while (leaves_nothing(hits) && place + kProbeBlock <= last) {
         hits = look_ahead(place += kProbeBlock);

@@ -14,8 +14,8 @@ constexpr std::size_t kWindowShare = 16;
 
 }  // namespace
 
-Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern) {
-  const std::size_t m = pattern.size();
+Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern), size_(pattern.size()) {
+  const std::size_t m = size_;
   if (m == 0) return;
   const auto add = [this](std::size_t i) {
     probes_.bytes[probes_.count] = pattern_[i];
@@ -46,6 +46,12 @@ Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern) {
     constexpr std::size_t kMore = 4;
     for (std::size_t i = 0; i < kMore; ++i) add((window - 1) * i / (kMore - 1));
   }
+}
+
+Needle::Needle(Bytes known, std::span<const std::size_t> places) : Needle(known, known.size()) {
+  for (std::size_t i = 0; i < probes_.count; ++i) probes_.offsets[i] = places[probes_.offsets[i]];
+  pattern_ = {};
+  size_ = places.back() + 1;
 }
 
 }  // namespace vstring::search

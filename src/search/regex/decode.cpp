@@ -235,10 +235,6 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   plan->slot_count = slot_count_;
   plan->has_bol = has_bol_;
   plan->anchored = regex.anchored != 0;
-  StateNumber first = start_;
-  for (int i = 0; i < kGroups && states_[first].op == Op::save; ++i) first = states_[first].next;
-  const Op op = states_[first].op;
-  plan->first_run = op == Op::star || op == Op::plus ? first : kFailState;
   return plan;
 }
 

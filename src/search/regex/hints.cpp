@@ -13,8 +13,10 @@ using States = Buffer<StateNumber>;
 // States to look at for what comes next, before it counts as unknown.
 constexpr std::size_t kMaxLook = 64;
 
-// The prefix filter is not worth its while where it stops more often than at this share of places.
+// The prefix filter is not worth its while where it stops more often than at this share of places,
+// and to look for single bytes instead, which is faster, not where they stand so much more often.
 constexpr double kMaxHits = 1.0 / 12;
+constexpr double kFewHits = 1.0 / 256;
 
 class Analysis {
  public:
@@ -42,7 +44,9 @@ class Analysis {
   Ahead look_ahead(StateNumber from, States& takers, std::size_t limit = SIZE_MAX);
 
   bool find_path();
+  bool advance(States& now);
   void find_prefixes();
+  bool find_prefix(double most_hits);
   void find_required();
   Required required(StateNumber s) const;
   void find_follow();
@@ -207,35 +211,73 @@ double share(const ByteSet& set) {
   return share;
 }
 
+// Goes on from states that take a byte to those that take the next one. Whether a match can end
+// between the two.
+bool Analysis::advance(States& now) {
+  bool can_end = false;
+  ++round_;
+  later_.clear();
+  for (const StateNumber s : now) {
+    const Ahead ahead = look_ahead(plan_.after(s), later_);
+    can_end |= ahead.accepts || ahead.is_at_end;
+  }
+  now.clear();
+  for (const StateNumber s : later_) push(now, s);
+  return can_end;
+}
+
 // What a match begins with, from the states that take its first byte. They share the numbers of the
 // filter; what follows those of one number is looked at together.
 void Analysis::find_prefixes() {
   std::size_t length = PrefixFilter::kMaxLength;
   ByteSet all[PrefixFilter::kMaxLength];
   for (std::size_t prefix = 0; prefix < PrefixFilter::kPrefixes; ++prefix) {
-    States* now = &now_;
-    States* later = &later_;
-    now->clear();
+    now_.clear();
     for (std::size_t i = prefix; i < takers_.size(); i += PrefixFilter::kPrefixes) {
-      push(*now, takers_[i]);
+      push(now_, takers_[i]);
     }
-    for (std::size_t i = 0; i < length && !now->empty(); ++i, std::swap(now, later)) {
-      ++round_;
-      later->clear();
-      for (const StateNumber s : *now) {
-        hints_.prefixes.add(prefix, i, plan_.first_bytes(state(s)));
-        all[i].unite(plan_.first_bytes(state(s)));
-        const Ahead ahead = look_ahead(plan_.after(s), *later);
-        if (ahead.accepts || ahead.is_at_end) length = i + 1;
-      }
+    for (std::size_t i = 0; i < length && !now_.empty(); ++i) {
+      const ByteSet set = bytes_of(now_);
+      hints_.prefixes.add(prefix, i, set);
+      all[i].unite(set);
+      if (advance(now_)) length = i + 1;
     }
   }
   double hits = 1;
   for (std::size_t i = 0; i < length; ++i) hits *= share(all[i]);
-  hints_.prefix_length = length < 2 || hits > kMaxHits ? 0 : length;
-  if (takers_.size() != 1 || state(takers_[0]).op != Op::literal) return;
-  const Bytes literal = plan_.literal(state(takers_[0]));
-  if (literal.size() > 1 || hints_.prefix_length == 0) hints_.prefix = literal;
+  const bool is_worth_it = length > 1 && hits <= kMaxHits;
+  if (!find_prefix(is_worth_it ? hits + kFewHits : share(all[0])) && is_worth_it) {
+    hints_.prefix_length = length;
+  }
+}
+
+// The bytes that a match begins with, as far as they are known one by one. False when they stand at
+// a larger share of all places than `most_hits`.
+bool Analysis::find_prefix(double most_hits) {
+  const State& first = state(takers_[0]);
+  if (takers_.size() == 1 && first.op == Op::literal && first.other > 1) {
+    hints_.prefix = search::Needle(plan_.literal(first), SIZE_MAX);
+    return true;
+  }
+  Byte known[Probes::kMost];
+  std::size_t places[Probes::kMost];
+  std::size_t count = 0;
+  double hits = 1;
+  now_.clear();
+  for (const StateNumber s : takers_) push(now_, s);
+  for (std::size_t i = 0; i < Probes::kMost; ++i) {
+    const ByteSet set = bytes_of(now_);
+    if (set.count() == 1) {
+      set.for_each([&](Byte c) { known[count] = c; });
+      places[count++] = i;
+      hits *= share(set);
+    }
+    constexpr std::size_t kMaxUnknown = 2;
+    if (i >= count + kMaxUnknown || advance(now_) || now_.empty()) break;
+  }
+  if (count == 0 || hits > most_hits) return false;
+  hints_.prefix = search::Needle(Bytes(known, count), {places, count});
+  return true;
 }
 
 // Finds the states that every match passes through, those of the path that no other way leads

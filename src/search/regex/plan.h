@@ -11,6 +11,7 @@
 #include "bytes/bytes.h"
 #include "bytes/prefix_filter.h"
 #include "host/vstring.h"
+#include "search/exact/needle.h"
 #include "search/regex/program.h"
 
 namespace vstring::regex {
@@ -100,7 +101,7 @@ inline constexpr int kMaxRequired = 4;
 struct Hints {
   bool has_first = false;  // whether a match begins with a byte of `first`
   ByteScan first;
-  Bytes prefix;                   // what a match begins with; empty: nothing is known
+  search::Needle prefix;          // what a match begins with; of size 0: nothing is known
   std::size_t prefix_length = 0;  // a match begins as `prefixes` has it, with 2 or 3 bytes; 0: no
   PrefixFilter prefixes;
   int required_count = 0;

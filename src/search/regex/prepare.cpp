@@ -11,11 +11,11 @@ namespace {
 
 // The first byte that the record gives holds, also when the program has been changed since.
 void believe_first_byte(Hints& hints, const Byte& first) {
-  if (first == 0 || (!hints.prefix.empty() && hints.prefix[0] == first)) return;
-  hints.prefix = Bytes(&first, 1);
-  hints.prefix_length = 0;
+  const ByteSet set(Bytes(&first, 1));
+  if (first == 0 || (hints.has_first && hints.first.set() == set)) return;
+  hints.prefix = search::Needle(Bytes(&first, 1), 1);
   hints.has_first = true;
-  hints.first = ByteScan(ByteSet(hints.prefix));
+  hints.first = ByteScan(set);
 }
 
 // Passes over saves, noting their captures.
@@ -26,21 +26,22 @@ StateNumber pass_saves(const Plan& plan, StateNumber s, std::uint32_t& slots) {
   return s;
 }
 
+// Finds out what a match begins with, and whether that is all of it.
 void find_single(Plan& plan) {
   const Hints& hints = plan.hints;
   plan.start_slots = 1;
   const StateNumber s = pass_saves(plan, plan.start, plan.start_slots);
   const State& state = plan.states[s];
-  const bool is_single =
-      state.op == Op::literal || state.op == Op::one || (state.op == Op::plus && state.takes_all);
-  if (!is_single || plan.anchored || hints.required_count > 0) return;
+  if (state.op == Op::star || state.op == Op::plus) plan.first_run = s;
   std::uint32_t end_slots = 0;
   const StateNumber last = pass_saves(plan, state.next, end_slots);
-  if (plan.states[last].op != Op::accept) return;
-  const bool is_known = state.op == Op::literal && state.other > 1
-                            ? equal(hints.prefix, plan.literal(state))
-                            : hints.has_first && hints.first.set() == plan.first_bytes(state);
-  if (!is_known) return;
+  if (plan.states[last].op != Op::accept || plan.anchored || hints.required_count > 0) return;
+  const bool is_single = state.op == Op::literal && state.other > 1
+                             ? equal(hints.prefix.pattern(), plan.literal(state))
+                             : (state.op == Op::literal || state.op == Op::one ||
+                                (state.op == Op::plus && state.takes_all)) &&
+                                   hints.has_first && hints.first.set() == plan.first_bytes(state);
+  if (!is_single) return;
   plan.single = s;
   plan.start_slots &= ~end_slots;
 }

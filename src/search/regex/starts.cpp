@@ -37,10 +37,10 @@ bool Starts::may_match(std::size_t begin) {
 
 std::size_t Starts::by_first_bytes(std::size_t at) {
   const Hints& hints = plan_.hints;
-  if (!hints.prefix.empty()) {
-    if (!has_prefix_) prefix_.start(hints.prefix, text_);
-    if (!has_prefix_ || prefix_at_ < at) prefix_at_ = prefix_.next_from(at);
-    has_prefix_ = true;
+  if (hints.prefix.size() > 0) {
+    const bool is_new = !prefix_;
+    if (is_new) prefix_.emplace(hints.prefix, text_);
+    if (is_new || prefix_at_ < at) prefix_at_ = prefix_->next_from(at);
     return prefix_at_;
   }
   if (hints.prefix_length > 0) return hints.prefixes.find(hints.prefix_length, text_, at);
@@ -56,14 +56,14 @@ void Starts::look_up_required(std::size_t at) {
   if (required.set != nullptr) {
     required_at_ = find(*required.set, text_, at);
   } else {
-    if (!has_required_) required_.start(required.literal, text_);
-    required_at_ = required_.next_from(at);
+    if (!required_) required_.emplace(required.literal, text_);
+    required_at_ = required_->next_from(at);
     const auto is_followed = [&](std::size_t place) {
       const std::size_t end = place + required.literal.size();
       return end < text_.size() && hints.follow.has(text_[end]);
     };
     while (hints.has_follow && required_at_ != npos && !is_followed(required_at_)) {
-      required_at_ = required_.next();
+      required_at_ = required_->next();
     }
   }
   has_required_ = true;

@@ -5,6 +5,7 @@
 // occurrence: so the search goes from literal to literal and looks back from there.
 #pragma once
 #include <cstddef>
+#include <optional>
 
 #include "bytes/budget.h"
 #include "bytes/bytes.h"
@@ -37,15 +38,14 @@ class Starts {
   const Plan& plan_;
   Bytes text_;
   bool has_asked_ = false;
-  bool has_prefix_ = false;      // whether prefix_ has been started
-  bool has_required_ = false;    // the same for required_
+  bool has_required_ = false;    // whether required_at_ is known
   std::size_t prefix_at_ = 0;    // the prefix's first occurrence at the place asked for last
   std::size_t required_at_ = 0;  // the same for what every match contains, and
   std::size_t lead_at_ = 0;      // where the run of bytes begins that may come ahead of it
   Budget budget_{kFreeBudget};   // for looking for it, which saves scanning
   ScanStream first_;             // of the bytes that a match begins with
-  search::Finder prefix_;
-  search::Finder required_;
+  std::optional<search::Finder> prefix_;
+  std::optional<search::Finder> required_;
 };
 
 }  // namespace vstring::regex
