@@ -11,14 +11,6 @@
 namespace vstring::regex {
 namespace {
 
-Outcome find_first(const VstringRegex& regex, Bytes text, Match& match) {
-  Plan* const plan = make_plan(regex, text.size() >= kWorthHints);
-  if (plan == nullptr) return Outcome::out_of_space;
-  const Outcome outcome = Matcher(*plan, text).find(0, match);
-  std::free(plan);
-  return outcome;
-}
-
 // Whether one look at the text shows that nothing matches: the literal or the byte that every match
 // needs does not stand in it.
 bool refused_at_sight(const VstringRegex& regex, Bytes text) {
@@ -43,13 +35,15 @@ int vrx_regexec(VstringRegex* regex, const char* text) {
     vrx_regerror(errors::kCorruptedProgram);
     return 0;
   }
-  Match match;
   const vstring::Bytes bytes = vstring::bytes_of(text);
-  const Outcome outcome = find_first(*regex, bytes, match);
-  const bool matched = outcome == Outcome::match;
-  // No try is made then, so the groups stay as they are.
-  if (!matched && refused_at_sight(*regex, bytes)) return 0;
+  if (refused_at_sight(*regex, bytes)) return 0;  // the groups stay as they are
+  Match match;
+  Plan* const plan = make_plan(*regex, bytes.size() >= kWorthHints);
+  const Outcome outcome =
+      plan == nullptr ? Outcome::out_of_space : Matcher(*plan, bytes).find(0, match);
+  std::free(plan);
   if (outcome == Outcome::out_of_space) vrx_regerror(errors::kOutOfSpace);
+  const bool matched = outcome == Outcome::match;
   for (int i = 0; i < kGroups; ++i) {
     regex->start[i] = matched && match.start(i) != vstring::npos ? text + match.start(i) : nullptr;
     regex->end[i] = matched && match.end(i) != vstring::npos ? text + match.end(i) : nullptr;

@@ -1,6 +1,7 @@
 #include "search/regex/hints.h"
 
 #include <algorithm>
+#include <span>
 
 #include "bytes/commonness.h"
 #include "runtime/memory.h"
@@ -20,20 +21,20 @@ constexpr double kFewHits = 1.0 / 256;
 
 class Analysis {
  public:
-  Analysis(Plan& plan, Bytes must) : plan_(plan), hints_(plan.hints), must_(must) {}
+  explicit Analysis(Plan& plan) : plan_(plan), hints_(plan.hints) {}
 
   // False when memory fails.
   bool run(bool all);
-  void add_must();
 
  private:
-  // What a match can come to before it takes its next byte, besides the states that take one.
+  // What a match can come to before it takes its next byte.
   struct Ahead {
     bool accepts = false;
     bool reports = false;
     bool is_at_begin = false;  // some of it at the start of the text only
     bool is_at_end = false;    // the same with its end
-    bool is_known = true;      // false: there is too much to look at
+
+    bool can_end() const { return accepts || is_at_end; }
   };
 
   const State& state(StateNumber s) const { return plan_.states[s]; }
@@ -41,21 +42,19 @@ class Analysis {
 
   template <typename Enter>
   void walk(StateNumber from, Enter enter);
-  Ahead look_ahead(StateNumber from, States& takers, std::size_t limit = SIZE_MAX);
+  Ahead look_ahead(std::span<const StateNumber> from, std::size_t limit = SIZE_MAX);
+  ByteSet bytes_of(const States& takers) const;
 
   bool find_path();
-  bool advance(States& now);
+  bool advance();
   void find_prefixes();
   bool find_prefix(double most_hits);
   void find_required();
   Required required(StateNumber s) const;
-  void find_follow();
-  ByteSet bytes_of(const States& takers) const;
-  int weight(const State& state) const;
+  double share_of(const State& state) const;
   void consider(StateNumber s);
   void find_lead();
-  void find_whole_runs();
-  void find_look_ahead();
+  void find_choices();
   bool needs_end();
 
   Plan& plan_;
@@ -65,14 +64,12 @@ class Analysis {
   States seen_;    // by state: the last round that entered it
   States parent_;  // by state: where that round came from
   States stack_;
-  States path_;    // one way from the start to the end of a match
-  States place_;   // by state: its place on that path, from 1; 0: none
-  States takers_;  // the states that take the first byte of a match
+  States path_;   // one way from the start to the end of a match
+  States place_;  // by state: its place on that path, from 1; 0: none
+  States first_;  // the states that take the first byte of a match
   States now_;
-  States later_;
+  States later_;                     // those that take what look_ahead saw
   StateNumber found_[kMaxRequired];  // the required states, hints_.required_count of them
-  Bytes must_;
-  bool must_is_known_ = false;  // to stand in every match
 };
 
 // Enters the states that can be reached from one and that this round has not seen, depth first;
@@ -95,39 +92,41 @@ void Analysis::walk(StateNumber from, Enter enter) {
   }
 }
 
-// Adds the states that take the next byte, from a state on, to `takers`.
-Analysis::Ahead Analysis::look_ahead(StateNumber from, States& takers, std::size_t limit) {
+// Looks from some states to those that take the next byte, which are later_ then. After `limit`
+// steps anything is thought to be ahead.
+Analysis::Ahead Analysis::look_ahead(std::span<const StateNumber> from, std::size_t limit) {
   Ahead ahead;
-  walk(from, [&](StateNumber s) {
-    if (limit-- == 0) ahead.is_known = false;
-    const Op op = state(s).op;
-    if (consumes(op)) push(takers, s);
-    ahead.accepts |= op == Op::accept;
-    ahead.reports |= op == Op::report;
-    ahead.is_at_begin |= op == Op::bol;
-    ahead.is_at_end |= op == Op::eol;
-    return ahead.is_known && op != Op::eol && (op == Op::star || !consumes(op));
-  });
+  ++round_;
+  later_.clear();
+  for (const StateNumber root : from) {
+    walk(root, [&](StateNumber s) {
+      const Op op = state(s).op;
+      if (consumes(op)) push(later_, s);
+      if (limit == 0) ahead = {true, true, true, true};
+      ahead.accepts |= op == Op::accept;
+      ahead.reports |= op == Op::report;
+      ahead.is_at_begin |= op == Op::bol;
+      ahead.is_at_end |= op == Op::eol;
+      return limit-- > 0 && passes(op, true, false);
+    });
+  }
   return ahead;
 }
 
 bool Analysis::run(bool all) {
   const std::size_t n = plan_.state_count;
   if (!seen_.resize_zeroed(n) || !parent_.resize(n)) return false;
-  const Ahead ahead = look_ahead(plan_.start, takers_);
-  hints_.has_first = !ahead.accepts && !ahead.is_at_end && !ahead.reports;
-  if (hints_.has_first) hints_.first = ByteScan(bytes_of(takers_));
+  const Ahead ahead = look_ahead({&plan_.start, 1});
+  for (const StateNumber s : later_) push(first_, s);
+  hints_.has_first = !ahead.can_end() && !ahead.reports;
+  if (hints_.has_first) hints_.first = ByteScan(bytes_of(first_));
   if (!all || !find_path()) return has_memory_;
-  find_whole_runs();
-  find_look_ahead();
+  find_choices();
   plan_.ends_with_text = !plan_.has_bol && needs_end();
   find_required();
   if (plan_.anchored) return has_memory_;
   if (hints_.has_first) find_prefixes();
-  if (hints_.required_count > 0) {
-    find_lead();
-    find_follow();
-  }
+  if (hints_.required_count > 0) find_lead();
   return has_memory_;
 }
 
@@ -158,20 +157,24 @@ bool Analysis::find_path() {
   return has_memory_;
 }
 
-// A run takes all when no byte that it takes can follow it. To leave it early would only lead to a
-// byte that it takes, and so to a failure.
-void Analysis::find_whole_runs() {
+// What leaves no choice open where only one way can lead on. A run takes all when no byte that it
+// takes can follow it: to leave it early would only lead to a byte that it takes, and so to a
+// failure. The ways of a branch are told apart by what comes next there.
+void Analysis::find_choices() {
   for (StateNumber s = 0; s < plan_.state_count; ++s) {
-    State& run = plan_.states[s];
-    if (run.op != Op::star && run.op != Op::plus) continue;
-    ++round_;
-    now_.clear();
-    const Ahead ahead = look_ahead(run.next, now_, kMaxLook);
-    const ByteSet bytes = plan_.first_bytes(run);
-    run.takes_all = ahead.is_known && !(ahead.accepts && ahead.is_at_begin) &&
-                    std::none_of(now_.begin(), now_.end(), [&](StateNumber next) {
-                      return bytes.meets(plan_.first_bytes(state(next)));
-                    });
+    State& state = plan_.states[s];
+    if (state.op == Op::star || state.op == Op::plus) {
+      const Ahead ahead = look_ahead({&state.next, 1}, kMaxLook);
+      state.takes_all = !(ahead.accepts && ahead.is_at_begin) &&
+                        !plan_.first_bytes(state).meets(bytes_of(later_));
+    } else if (state.op == Op::branch) {
+      LookAhead& look = plan_.look_ahead[state.at];
+      for (int i = 0; i < 2; ++i) {
+        look.can_end[i] = look_ahead({i == 0 ? &state.next : &state.other, 1}, kMaxLook).can_end();
+        look.bytes[i] = bytes_of(later_);
+      }
+      state.looks = !look.can_end[0] || !look.can_end[1];
+    }
   }
 }
 
@@ -186,23 +189,6 @@ bool Analysis::needs_end() {
   return !accepts;
 }
 
-// What tells the ways of a branch apart, so that no choice is left open where only one can lead on.
-void Analysis::find_look_ahead() {
-  for (StateNumber s = 0; s < plan_.state_count; ++s) {
-    State& branch = plan_.states[s];
-    if (branch.op != Op::branch) continue;
-    LookAhead& look = plan_.look_ahead[branch.at];
-    for (int i = 0; i < 2; ++i) {
-      ++round_;
-      now_.clear();
-      const Ahead ahead = look_ahead(i == 0 ? branch.next : branch.other, now_, kMaxLook);
-      look.can_end[i] = !ahead.is_known || ahead.accepts || ahead.is_at_end;
-      look.bytes[i] = bytes_of(now_);
-    }
-    branch.looks = !look.can_end[0] || !look.can_end[1];
-  }
-}
-
 // The share of a text's bytes that are of a set, roughly: the n-th most common byte is taken to
 // stand at every sixth n-th place (after G. K. Zipf's law).
 double share(const ByteSet& set) {
@@ -211,18 +197,13 @@ double share(const ByteSet& set) {
   return share;
 }
 
-// Goes on from states that take a byte to those that take the next one. Whether a match can end
-// between the two.
-bool Analysis::advance(States& now) {
-  bool can_end = false;
-  ++round_;
-  later_.clear();
-  for (const StateNumber s : now) {
-    const Ahead ahead = look_ahead(plan_.after(s), later_);
-    can_end |= ahead.accepts || ahead.is_at_end;
-  }
-  now.clear();
-  for (const StateNumber s : later_) push(now, s);
+// Goes on from states that take a byte, now_, to those that take the next one. Whether a match can
+// end between the two.
+bool Analysis::advance() {
+  for (StateNumber& s : now_) s = plan_.after(s);
+  const bool can_end = look_ahead(now_.view()).can_end();
+  now_.clear();
+  for (const StateNumber s : later_) push(now_, s);
   return can_end;
 }
 
@@ -233,14 +214,14 @@ void Analysis::find_prefixes() {
   ByteSet all[PrefixFilter::kMaxLength];
   for (std::size_t prefix = 0; prefix < PrefixFilter::kPrefixes; ++prefix) {
     now_.clear();
-    for (std::size_t i = prefix; i < takers_.size(); i += PrefixFilter::kPrefixes) {
-      push(now_, takers_[i]);
+    for (std::size_t i = prefix; i < first_.size(); i += PrefixFilter::kPrefixes) {
+      push(now_, first_[i]);
     }
     for (std::size_t i = 0; i < length && !now_.empty(); ++i) {
       const ByteSet set = bytes_of(now_);
       hints_.prefixes.add(prefix, i, set);
       all[i].unite(set);
-      if (advance(now_)) length = i + 1;
+      if (advance()) length = i + 1;
     }
   }
   double hits = 1;
@@ -254,9 +235,9 @@ void Analysis::find_prefixes() {
 // The bytes that a match begins with, as far as they are known one by one. False when they stand at
 // a larger share of all places than `most_hits`.
 bool Analysis::find_prefix(double most_hits) {
-  const State& first = state(takers_[0]);
-  if (takers_.size() == 1 && first.op == Op::literal && first.other > 1) {
-    hints_.prefix = search::Needle(plan_.literal(first), SIZE_MAX);
+  const State& state = this->state(first_[0]);
+  if (first_.size() == 1 && state.op == Op::literal && state.other > 1) {
+    hints_.prefix = search::Needle(plan_.literal(state), SIZE_MAX);
     return true;
   }
   Byte known[Probes::kMost];
@@ -264,7 +245,7 @@ bool Analysis::find_prefix(double most_hits) {
   std::size_t count = 0;
   double hits = 1;
   now_.clear();
-  for (const StateNumber s : takers_) push(now_, s);
+  for (const StateNumber s : first_) push(now_, s);
   for (std::size_t i = 0; i < Probes::kMost; ++i) {
     const ByteSet set = bytes_of(now_);
     if (set.count() == 1) {
@@ -273,7 +254,7 @@ bool Analysis::find_prefix(double most_hits) {
       hits *= share(set);
     }
     constexpr std::size_t kMaxUnknown = 2;
-    if (i >= count + kMaxUnknown || advance(now_) || now_.empty()) break;
+    if (i >= count + kMaxUnknown || advance() || now_.empty()) break;
   }
   if (count == 0 || hits > most_hits) return false;
   hints_.prefix = search::Needle(Bytes(known, count), {places, count});
@@ -308,32 +289,15 @@ Required Analysis::required(StateNumber s) const {
   return {{}, &plan_.sets[state.other]};
 }
 
-// The bytes of which one stands behind what is required first.
-void Analysis::find_follow() {
-  const State& state = this->state(found_[0]);
-  ++round_;
-  now_.clear();
-  const Ahead ahead = look_ahead(state.next, now_);
-  hints_.has_follow = state.op != Op::plus && !ahead.accepts && !ahead.is_at_end;
-  hints_.follow = ByteScan(bytes_of(now_));
-}
-
-// How much it narrows a search to look for what a state takes: about eight times the binary
-// logarithm of the distance to be expected from one place to the next.
-int Analysis::weight(const State& state) const {
-  constexpr int kMost = 1024;
-  const auto rarity = [](Byte c) { return 24 + 255 - kCommonness[c]; };
-  int weight = state.op == Op::literal ? 0 : kMost;
-  if (state.op == Op::literal) {
-    for (std::size_t i = 0; i < state.other && weight < kMost; ++i) {
-      weight = std::min(weight + rarity(plan_.program[state.at + i]), kMost);
-    }
-  } else {
-    const ByteSet set = plan_.first_bytes(state);
-    set.for_each([&](Byte c) { weight = std::min(weight, rarity(c)); });
-    weight -= set.count();
+// At what share of a text's places that stands which a state takes, roughly.
+double Analysis::share_of(const State& state) const {
+  if (state.op != Op::literal) return share(plan_.first_bytes(state));
+  constexpr double kNowhere = 1e-30;
+  double product = 1;
+  for (std::size_t i = 0; i < state.other && product > kNowhere; ++i) {
+    product *= share(ByteSet({plan_.program + state.at + i, 1}));
   }
-  return weight;
+  return product;
 }
 
 // Takes a state that every match passes through as a required one if it tells more than one of
@@ -341,12 +305,11 @@ int Analysis::weight(const State& state) const {
 void Analysis::consider(StateNumber s) {
   const State& state = this->state(s);
   if (!consumes(state.op) || state.op == Op::star) return;
-  must_is_known_ |= state.op == Op::literal && plan_.literal(state).data() == must_.data();
-  if (takers_.size() == 1 && takers_[0] == s) return;
+  if (first_.size() == 1 && first_[0] == s) return;
   if (state.op != Op::literal && state.test == Test::any) return;
   int& count = hints_.required_count;
   int place = count;
-  while (place > 0 && weight(state) > weight(this->state(found_[place - 1]))) --place;
+  while (place > 0 && share_of(state) < share_of(this->state(found_[place - 1]))) --place;
   if (place == kMaxRequired) return;
   if (count < kMaxRequired) ++count;
   for (int i = count - 1; i > place; --i) found_[i] = found_[i - 1];
@@ -371,20 +334,8 @@ void Analysis::find_lead() {
   hints_.has_lead = lead.count() < 256;
 }
 
-// The literal that the record names is required too, wherever that comes from.
-void Analysis::add_must() {
-  if (must_.empty() || must_is_known_) return;
-  hints_.required_count = std::min(hints_.required_count + 1, kMaxRequired);
-  hints_.required[hints_.required_count - 1] = {must_, nullptr};
-}
-
 }  // namespace
 
-bool find_hints(Plan& plan, Bytes must, bool all) {
-  Analysis analysis(plan, must);
-  const bool has_memory = analysis.run(all);
-  analysis.add_must();
-  return has_memory;
-}
+bool find_hints(Plan& plan, bool all) { return Analysis(plan).run(all); }
 
 }  // namespace vstring::regex

@@ -4,9 +4,8 @@
 
 namespace vstring::regex {
 
-// Fills in plan.hints and the states' takes_all; if not all, only the hints that are found at once:
-// plan.hints.first and `must`, which stands in every text that matches and may be empty. False when
-// memory fails. O(plan) time.
-bool find_hints(Plan& plan, Bytes must, bool all);
+// Fills in plan.hints, the states' takes_all and the look-ahead; if not all, only
+// plan.hints.first, which is found at once. False when memory fails. O(plan) time.
+bool find_hints(Plan& plan, bool all);
 
 }  // namespace vstring::regex

@@ -14,24 +14,13 @@ namespace {
 // the pattern: a session may go through millions of patterns.
 struct Entry {
   char* pattern;
-  std::size_t length;
   VstringRegex* regex;
   Plan* plan;
   std::size_t searched;  // bytes so far
   bool has_hints;        // all of them
-
-  Bytes text() const { return {reinterpret_cast<const Byte*>(pattern), length}; }
 };
 
 Entry kept;
-
-char* copy_of(Bytes text) {
-  auto* const copy = static_cast<char*>(std::malloc(text.size() + 1));
-  if (copy == nullptr) return nullptr;
-  if (!text.empty()) std::memcpy(copy, text.data(), text.size());
-  copy[text.size()] = '\0';
-  return copy;
-}
 
 // Finds all hints once the texts are long enough, together, to be worth it.
 bool prepare(std::size_t length) {
@@ -49,11 +38,11 @@ void forget_pattern() {
   kept = {};
 }
 
-const Plan* plan_of(Bytes pattern, std::size_t length) {
-  if (kept.pattern != nullptr && equal(kept.text(), pattern) && prepare(length)) return kept.plan;
+const Plan* plan_of(const char* pattern, std::size_t length) {
+  const bool is_kept = kept.pattern != nullptr && std::strcmp(kept.pattern, pattern) == 0;
+  if (is_kept && prepare(length)) return kept.plan;
   forget_pattern();
-  kept.pattern = copy_of(pattern);
-  kept.length = pattern.size();
+  kept.pattern = strdup(pattern);
   if (kept.pattern != nullptr) {
     kept.regex = vrx_regcomp(kept.pattern);
     if (kept.regex != nullptr) kept.plan = make_plan(*kept.regex, false);

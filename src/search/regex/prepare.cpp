@@ -1,7 +1,6 @@
 #include "search/regex/prepare.h"
 
 #include <cstdlib>
-#include <cstring>
 
 #include "search/regex/decode.h"
 #include "search/regex/hints.h"
@@ -48,13 +47,8 @@ void find_single(Plan& plan) {
 
 // False when memory fails.
 bool learn(Plan& plan, const VstringRegex& regex, bool all_hints) {
-  Bytes must;
-  if (regex.must != nullptr && regex.must_length > 0) {
-    const auto length = static_cast<std::size_t>(regex.must_length);
-    must = {reinterpret_cast<const Byte*>(regex.must), strnlen(regex.must, length)};
-  }
   plan.hints = {};
-  if (!find_hints(plan, must, all_hints)) return false;
+  if (!find_hints(plan, all_hints)) return false;
   believe_first_byte(plan.hints, regex.first_byte);
   find_single(plan);
   return true;

@@ -35,7 +35,7 @@ constexpr const char* kCannotExecute = "cannot execute compiled regular expressi
 }
 
 const Plan& compiled(const Args& args, Bytes pattern, Bytes text) {
-  const Plan* const plan = regex::plan_of(pattern, text.size());
+  const Plan* const plan = regex::plan_of(chars(pattern), text.size());
   if (plan == nullptr) raise_recorded(args, kCannotCompile);
   return *plan;
 }

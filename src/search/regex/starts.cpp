@@ -58,13 +58,6 @@ void Starts::look_up_required(std::size_t at) {
   } else {
     if (!required_) required_.emplace(required.literal, text_);
     required_at_ = required_->next_from(at);
-    const auto is_followed = [&](std::size_t place) {
-      const std::size_t end = place + required.literal.size();
-      return end < text_.size() && hints.follow.has(text_[end]);
-    };
-    while (hints.has_follow && required_at_ != npos && !is_followed(required_at_)) {
-      required_at_ = required_->next();
-    }
   }
   has_required_ = true;
   if (required_at_ == npos) return;
