@@ -2,6 +2,7 @@
 #pragma once
 #include <array>
 
+#include "bytes/byte_set.h"
 #include "bytes/bytes.h"
 
 namespace vstring {
@@ -19,5 +20,13 @@ inline constexpr std::array<Byte, 256> kCommonness = [] {
   }
   return commonness;
 }();
+
+// The share of a text's bytes that are of a set, roughly: the n-th most common byte is taken to
+// stand at every sixth n-th place (after G. K. Zipf's law).
+inline double share(const ByteSet& set) {
+  double share = 0;
+  set.for_each([&](Byte c) { share += 1 / (6.0 * (256 - kCommonness[c])); });
+  return share;
+}
 
 }  // namespace vstring

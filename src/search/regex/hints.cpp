@@ -189,14 +189,6 @@ bool Analysis::needs_end() {
   return !accepts;
 }
 
-// The share of a text's bytes that are of a set, roughly: the n-th most common byte is taken to
-// stand at every sixth n-th place (after G. K. Zipf's law).
-double share(const ByteSet& set) {
-  double share = 0;
-  set.for_each([&](Byte c) { share += 1 / (6.0 * (256 - kCommonness[c])); });
-  return share;
-}
-
 // Goes on from states that take a byte, now_, to those that take the next one. Whether a match can
 // end between the two.
 bool Analysis::advance() {

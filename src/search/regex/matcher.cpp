@@ -8,7 +8,7 @@ namespace {
 // Steps of backtracking: how many a text is given at first, for each byte and at most, and how
 // many more are earned by each byte passed. A step costs some nanoseconds, so the most that can be
 // lost before the simulation takes over is small beside its own time.
-constexpr std::size_t kFirstCredit = 256;
+constexpr std::int64_t kFirstCredit = 256;
 constexpr std::size_t kCreditPerByte = 32;
 constexpr std::size_t kMaxCredit = std::size_t{1} << 18;
 
@@ -26,21 +26,17 @@ constexpr std::size_t kShort = 128;
 constexpr std::size_t kFewPlaces = 16;
 constexpr std::size_t kStepsPerByte = 4;
 
-constexpr std::size_t first_credit(std::size_t length) {
-  return length < kMaxCredit / kCreditPerByte ? kFirstCredit + length * kCreditPerByte : kMaxCredit;
-}
-
 }  // namespace
 
 Matcher::Matcher(const Plan& plan, Bytes text, Method method)
     : plan_(plan),
       text_(text),
       method_(method),
-      credit_(method == Method::backtracking
-                  ? INT64_MAX
-                  : static_cast<std::int64_t>(first_credit(text.size()))),
+      credit_(method == Method::backtracking ? INT64_MAX : kFirstCredit),
       starts_(plan, text),
-      backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames) {}
+      backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames) {
+  earn(text.size());
+}
 
 void Matcher::earn(std::size_t bytes) {
   if (method_ == Method::backtracking) return;
@@ -85,14 +81,13 @@ Outcome Matcher::find_linearly(std::size_t begin, Match& match) {
 }
 
 Work Matcher::work() const {
-  Work work = {attempts_, spent_, 0, 0, 0, false};
-  if (linear_) {
-    work.gated = linear_->gate.work();
-    work.sets = linear_->gate.sets();
-    work.simulated = linear_->simulation.work();
-    work.two_pass = linear_->two_pass_ready;
-  }
-  return work;
+  if (!linear_) return {attempts_, spent_, 0, 0, 0, false};
+  return {attempts_,
+          spent_,
+          linear_->gate.work(),
+          linear_->gate.sets(),
+          linear_->simulation.work(),
+          linear_->two_pass_ready};
 }
 
 Outcome Matcher::test() {

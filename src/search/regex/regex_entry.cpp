@@ -9,7 +9,6 @@
 #include "search/regex/matcher.h"
 #include "search/regex/pattern_cache.h"
 #include "search/regex/replace.h"
-#include "search/regex/template.h"
 
 using namespace vstring;
 using regex::Match;
@@ -29,34 +28,31 @@ constexpr const char* kCannotExecute = "cannot execute compiled regular expressi
   args.raise(message);
 }
 
-[[noreturn]] void raise_out_of_space(const Args& args) {
-  vrx_regerror(regex::errors::kOutOfSpace);
-  raise_recorded(args, kCannotExecute);
-}
-
 const Plan& compiled(const Args& args, Bytes pattern, Bytes text) {
   const Plan* const plan = regex::plan_of(chars(pattern), text.size());
   if (plan == nullptr) raise_recorded(args, kCannotCompile);
   return *plan;
 }
 
-Outcome find_first(const Plan& plan, Bytes text, Match* match) {
-  regex::Matcher matcher(plan, text);
-  return match == nullptr ? matcher.test() : matcher.find(0, *match);
+// Raises unless the text was gone through or a match found; in these words when one was empty.
+void require(const Args& args, Outcome outcome, const char* empty_match) {
+  if (outcome == Outcome::out_of_space) {
+    vrx_regerror(regex::errors::kOutOfSpace);
+    raise_recorded(args, kCannotExecute);
+  }
+  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
+  if (outcome == Outcome::empty_match) args.raise(empty_match);
 }
 
 // Whether the pattern matches; the groups are in `match` then, if that is not null.
 bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
-  const Outcome outcome = find_first(compiled(args, pattern, text), text, match);
-  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
+  Outcome outcome = Outcome::no_match;
+  {
+    regex::Matcher matcher(compiled(args, pattern, text), text);
+    outcome = match == nullptr ? matcher.test() : matcher.find(0, *match);
+  }
+  require(args, outcome, nullptr);
   return outcome == Outcome::match;
-}
-
-// Raises unless a whole text was gone through; in these words when a match was empty.
-void require(const Args& args, Outcome outcome, const char* empty_match) {
-  if (outcome == Outcome::out_of_space) raise_out_of_space(args);
-  if (outcome == Outcome::out_of_memory) args.raise(Status::out_of_memory);
-  if (outcome == Outcome::empty_match) args.raise(empty_match);
 }
 
 // What is in the place of a piece when the scan has built none in the scratch buffer yet: the text
@@ -117,21 +113,12 @@ HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   const Bytes replacement = args.text(3);
   Match match;
   if (!matches(args, pattern, text, &match)) return host->HostToBoolean(-1);
-  regex::Template parts;
-  if (!parts.read(replacement)) {
-    parts.free();
-    args.raise(Status::out_of_memory);
-  }
-  const Result<std::size_t> length = parts.expanded_length(text, match);
   // Built in a block whatever its length: what the scratch buffer holds stays.
   HeldArray<Byte> block;
-  if (!length.ok() || *length == SIZE_MAX || !block.resize(*length + 1)) {
-    parts.free();
+  if (!regex::expand(text, match, replacement, block)) {
+    block.free();
     args.raise(Status::out_of_memory);
   }
-  parts.expand(text, match, {block.data(), *length});
-  parts.free();
-  block[*length] = '\0';
   const HostObject string = host->HostNewString(chars(block.data()));
   block.free();
   return string;
@@ -181,8 +168,7 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
     cuts.free();
     earlier.free();
   }
-  if (!has_earlier && outcome != Outcome::out_of_space) args.raise(Status::out_of_memory);
-  require(args, outcome, "cannot split");
+  require(args, has_earlier ? outcome : Outcome::out_of_memory, "cannot split");
   if (cuts.empty()) return args.object(2);
   const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
   const HostObject pieces = new_sequence(args, n, [&](std::size_t i) {

@@ -8,35 +8,36 @@
 namespace vstring::regex {
 namespace {
 
-// A text that grows, with room for a whole block behind what is written.
-class Output {
- public:
-  explicit Output(HeldArray<Byte>& block) : block_(block) {}
+// Appends the text from `place` up to a match and then the expansion, with room for a text of
+// `room` bytes and for a block behind what is copied. False when memory fails.
+bool append(const Template& parts, Bytes text, std::size_t place, const Match& match,
+            std::size_t room, HeldArray<Byte>& result) {
+  const Result<std::size_t> expansion = parts.expanded_length(text, match);
+  const std::size_t before = match.start() - place;
+  std::size_t more = std::max(before, room) + kCopyBlock;
+  if (!expansion.ok() || __builtin_add_overflow(more, *expansion, &more)) return false;
+  if (!result.reserve_more(more)) return false;
+  const MutableBytes rest = copy_part({result.end(), more}, text, place, before);
+  const Byte* const end = parts.expand(text, match, rest).data();
+  return result.resize(static_cast<std::size_t>(end - result.begin()));
+}
 
-  // Makes room for `before` and then `more` bytes; false when memory fails.
-  bool make_room(std::size_t before, std::size_t more) {
-    std::size_t needed = length_ + before + kCopyBlock;
-    if (__builtin_add_overflow(needed, more, &needed)) return false;
-    return needed <= block_.size() || block_.resize(std::max(needed, 2 * block_.size()));
+}  // namespace
+
+bool expand(Bytes text, const Match& match, Bytes replacement, HeldArray<Byte>& result) {
+  Template parts;
+  if (!parts.read(replacement) || !append(parts, text, match.start(), match, 0, result)) {
+    return false;
   }
-  MutableBytes rest() const { return {block_.data() + length_, block_.size() - length_}; }
-  // What `rest` has become once it was written to.
-  void advance(MutableBytes rest) { length_ = block_.size() - rest.size(); }
-  std::size_t length() const { return length_; }
-  void end() {
-    block_[length_] = '\0';
-    (void)block_.resize(length_);
-  }
+  *result.end() = '\0';
+  return true;
+}
 
- private:
-  HeldArray<Byte>& block_;
-  std::size_t length_ = 0;
-};
-
-Outcome replace_all(const Plan& plan, Bytes text, const Template& parts, HeldArray<Byte>& result,
+Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, HeldArray<Byte>& result,
                     Method method) {
+  Template parts;
+  if (!parts.read(replacement)) return Outcome::out_of_memory;
   Matcher matcher(plan, text, method);
-  Output out(result);
   Match match;
   std::size_t place = 0;
   do {
@@ -44,30 +45,15 @@ Outcome replace_all(const Plan& plan, Bytes text, const Template& parts, HeldArr
     if (outcome == Outcome::out_of_space) return outcome;
     if (outcome == Outcome::no_match) break;
     if (match.start() == match.end()) return Outcome::empty_match;
-    const Result<std::size_t> expansion = parts.expanded_length(text, match);
-    // At first for the text as it is, then by doubling.
-    const std::size_t before = place == 0 ? text.size() : match.start() - place;
-    if (!expansion.ok() || !out.make_room(before, *expansion)) return Outcome::out_of_memory;
-    const MutableBytes rest = copy_part(out.rest(), text, place, match.start() - place);
-    out.advance(parts.expand(text, match, rest));
+    const std::size_t room = place == 0 ? text.size() : 0;  // at first; more by doubling
+    if (!append(parts, text, place, match, room, result)) return Outcome::out_of_memory;
     place = match.end();
   } while (place < text.size());
   if (place == 0) return text.empty() ? Outcome::empty_match : Outcome::no_match;
-  if (!out.make_room(text.size() - place, 0)) return Outcome::out_of_memory;
-  out.advance(copy_into(out.rest(), text.subspan(place)));
-  out.end();
-  return out.length() == 0 ? Outcome::empty_match : Outcome::no_match;
-}
-
-}  // namespace
-
-Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, HeldArray<Byte>& result,
-                    Method method) {
-  Template parts;
-  const Outcome outcome = parts.read(replacement) ? replace_all(plan, text, parts, result, method)
-                                                  : Outcome::out_of_memory;
-  parts.free();
-  return outcome;
+  if (!result.reserve_more(text.size() - place + 1)) return Outcome::out_of_memory;
+  (void)result.append(text.subspan(place));
+  *result.end() = '\0';
+  return result.empty() ? Outcome::empty_match : Outcome::no_match;
 }
 
 Outcome find_cuts(const Plan& plan, Bytes text, HeldArray<Cut>& cuts, std::size_t& rest,

@@ -14,6 +14,10 @@
 
 namespace vstring::regex {
 
+// Puts what the template makes of one match into `result`, with a terminator behind it. False when
+// memory fails.
+bool expand(Bytes text, const Match& match, Bytes replacement, HeldArray<Byte>& result);
+
 // Replaces every match as the template says. The new text goes to `result`, with a terminator
 // behind it; nothing goes there when there is no match. The result must not be empty, nor may any
 // match be: both are told by Outcome::empty_match.

@@ -32,9 +32,4 @@ bool Template::read(Bytes text) {
   return end_piece(kNoGroup) && plain_.append(kRoom);
 }
 
-void Template::free() {
-  pieces_.free();
-  plain_.free();
-}
-
 }  // namespace vstring::regex

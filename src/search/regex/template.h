@@ -43,8 +43,6 @@ class Template {
     return out;
   }
 
-  void free();
-
  private:
   static constexpr int kNoGroup = -1;
   // Bytes to copy, those of plain_ from `at` on, and then a group to insert, or kNoGroup.
@@ -54,8 +52,8 @@ class Template {
     int group;
   };
 
-  HeldArray<Piece> pieces_;
-  HeldArray<Byte> plain_;
+  Buffer<Piece> pieces_;
+  Buffer<Byte> plain_;
   std::size_t length_ = 0;          // of all plain bytes
   unsigned groups_ = 0;             // bit n: group n is inserted
   std::size_t uses_[kGroups] = {};  // how often
