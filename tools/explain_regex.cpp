@@ -142,6 +142,7 @@ void print_hints(const Plan& plan) {
     } else {
       say("contains", shown(required.literal));
     }
+    if (i == 0 && hints.has_follow) say("has behind that", shown(hints.follow));
     if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead.set()));
   }
 }

@@ -51,14 +51,15 @@ VSTRING_AVX2 std::uint64_t members_of_two(const Byte* lower, const Byte* upper,
 
 }  // namespace
 
-ByteScan::ByteScan(const ByteSet& set) : set_(set), is_all_but_one_(set.count() == 255) {
-  ByteSet others = set;
-  others.complement();
-  if (is_all_but_one_) others.for_each([this](Byte c) { other_ = c; });
-  set.for_each([this](unsigned c) {
+ByteScan::ByteScan(const ByteSet& set) : set_(set) {
+  int count = 0;
+  set.for_each([&](unsigned c) {
     Byte* const rows = c < 128 ? lower_ : upper_;
     rows[c % 16] = static_cast<Byte>(rows[c % 16] | 1U << (c / 16 % 8));
+    ++count;
   });
+  is_all_but_one_ = count == 255;
+  while (is_all_but_one_ && set.has(other_)) ++other_;
 }
 
 std::size_t ByteScan::find_far(bool member, Bytes text, std::size_t at) const {

@@ -15,13 +15,17 @@ constexpr StateNumber kFirstFree = kFaults;
 class Decoder {
  public:
   explicit Decoder(const VstringRegex& regex)
-      : program_(regex.program), limit_(regex.size != 0 ? regex.size : kMaxProgram) {}
+      : program_(regex.program), limit_(regex.size != 0 ? regex.size : kMaxProgram) {
+    plan_.program = program_;
+    plan_.anchored = regex.anchored != 0;
+    plan_.slot_count = 2;
+  }
 
   // False when memory fails.
   bool run();
 
   // The plan, but for its hints. Null when memory fails.
-  Plan* finish(const VstringRegex& regex) const;
+  Plan* finish() const;
 
  private:
   struct Task {
@@ -53,10 +57,8 @@ class Decoder {
   Buffer<ByteScan> sets_;
   Buffer<StateNumber> number_;  // of the state at each node; 0: none yet
   Buffer<Task> tasks_;          // nodes that have a number, but whose states are not filled yet
-  StateNumber start_ = 0;
-  std::uint32_t slot_count_ = 2;
+  Plan plan_ = {};
   std::uint16_t branch_count_ = 0;
-  bool has_bol_ = false;
   bool has_memory_ = true;
 };
 
@@ -69,7 +71,7 @@ bool Decoder::run() {
     states_[i].other = i;
   }
   constexpr std::size_t kFirstNode = 1;
-  start_ = state_at(kFirstNode);
+  plan_.start = state_at(kFirstNode);
   while (!tasks_.empty() && has_memory_) {
     const Task task = tasks_.back();
     tasks_.pop_back();
@@ -135,7 +137,7 @@ void Decoder::fill(Task task) {
     switch (op) {
       case kBol:
         state.op = Op::bol;
-        has_bol_ = true;
+        plan_.has_bol = true;
         break;
       case kEol:
         state.op = Op::eol;
@@ -150,7 +152,7 @@ void Decoder::fill(Task task) {
         const int slot = is_open(op) ? 2 * (op - kOpen) : 2 * (op - kClose) + 1;
         state.op = Op::save;
         state.slot = static_cast<Byte>(slot);
-        slot_count_ = std::max(slot_count_, static_cast<std::uint32_t>(slot | 1) + 1);
+        plan_.slot_count = std::max(plan_.slot_count, static_cast<std::uint32_t>(slot | 1) + 1);
       }
     }
   }
@@ -210,7 +212,7 @@ void Decoder::set_test(State& state, std::size_t node) {
   if (!sets_.push_back(ByteScan(set))) has_memory_ = false;
 }
 
-Plan* Decoder::finish(const VstringRegex& regex) const {
+Plan* Decoder::finish() const {
   const std::size_t state_bytes = states_.size() * sizeof(State);
   const std::size_t set_bytes = sets_.size() * sizeof(ByteScan);
   const std::size_t look_bytes = branch_count_ * sizeof(LookAhead);
@@ -225,16 +227,11 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
   std::memcpy(states, states_.data(), state_bytes);
   if (set_bytes != 0) std::memcpy(sets, sets_.data(), set_bytes);
   auto* const plan = reinterpret_cast<Plan*>(block);
-  *plan = {};
-  plan->program = program_;
+  *plan = plan_;
   plan->states = reinterpret_cast<State*>(states);
   plan->sets = reinterpret_cast<const ByteScan*>(sets);
   plan->look_ahead = reinterpret_cast<LookAhead*>(sets + set_bytes);
   plan->state_count = static_cast<std::uint32_t>(states_.size());
-  plan->start = start_;
-  plan->slot_count = slot_count_;
-  plan->has_bol = has_bol_;
-  plan->anchored = regex.anchored != 0;
   return plan;
 }
 
@@ -242,7 +239,7 @@ Plan* Decoder::finish(const VstringRegex& regex) const {
 
 Plan* decode(const VstringRegex& regex) {
   Decoder decoder(regex);
-  return decoder.run() ? decoder.finish(regex) : nullptr;
+  return decoder.run() ? decoder.finish() : nullptr;
 }
 
 }  // namespace vstring::regex

@@ -53,7 +53,7 @@ class Analysis {
   Required required(StateNumber s) const;
   double share_of(const State& state) const;
   void consider(StateNumber s);
-  void find_lead();
+  void find_surroundings();
   void find_choices();
   bool needs_end();
 
@@ -114,8 +114,7 @@ Analysis::Ahead Analysis::look_ahead(std::span<const StateNumber> from, std::siz
 }
 
 bool Analysis::run(bool all) {
-  const std::size_t n = plan_.state_count;
-  if (!seen_.resize_zeroed(n) || !parent_.resize(n)) return false;
+  if (!seen_.resize_zeroed(plan_.state_count) || !parent_.resize(plan_.state_count)) return false;
   const Ahead ahead = look_ahead({&plan_.start, 1});
   for (const StateNumber s : later_) push(first_, s);
   hints_.has_first = !ahead.can_end() && !ahead.reports;
@@ -126,7 +125,7 @@ bool Analysis::run(bool all) {
   find_required();
   if (plan_.anchored) return has_memory_;
   if (hints_.has_first) find_prefixes();
-  if (hints_.required_count > 0) find_lead();
+  if (hints_.required_count > 0) find_surroundings();
   return has_memory_;
 }
 
@@ -308,8 +307,8 @@ void Analysis::consider(StateNumber s) {
   found_[place] = s;
 }
 
-// The bytes that a match can take before it first comes to what is required.
-void Analysis::find_lead() {
+// The bytes that a match can take before it first comes to what is required, and behind that.
+void Analysis::find_surroundings() {
   ByteSet lead;
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
@@ -324,6 +323,9 @@ void Analysis::find_lead() {
   });
   hints_.lead = ByteScan(lead);
   hints_.has_lead = lead.count() < 256;
+  const State& required = state(found_[0]);
+  hints_.has_follow = !look_ahead({&required.next, 1}).can_end() && required.op != Op::plus;
+  hints_.follow = bytes_of(later_);
 }
 
 }  // namespace

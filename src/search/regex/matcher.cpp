@@ -17,7 +17,6 @@ constexpr std::size_t kMaxFrames = std::size_t{1} << 16;
 
 // The simulations of all searches together read a text once and a little more, unless searches look
 // ahead over and over.
-constexpr std::size_t kMaxRounds = 1;
 constexpr std::size_t kFreeWork = 4096;
 
 // To look from the end takes some thousand steps to prepare, and then one for each state and place:
@@ -69,7 +68,7 @@ void Matcher::look_from_end(std::size_t begin) {
 
 Outcome Matcher::find_linearly(std::size_t begin, Match& match) {
   Linear& by = linear();
-  const bool looks_ahead = by.simulation.work() / kMaxRounds > text_.size() + kFreeWork;
+  const bool looks_ahead = by.simulation.work() > text_.size() + kFreeWork;
   if (!by.two_pass_ready &&
       (method_ == Method::two_pass || (method_ == Method::automatic && looks_ahead))) {
     if (!by.two_pass.prepare(begin)) return Outcome::out_of_space;
@@ -82,12 +81,8 @@ Outcome Matcher::find_linearly(std::size_t begin, Match& match) {
 
 Work Matcher::work() const {
   if (!linear_) return {attempts_, spent_, 0, 0, 0, false};
-  return {attempts_,
-          spent_,
-          linear_->gate.work(),
-          linear_->gate.sets(),
-          linear_->simulation.work(),
-          linear_->two_pass_ready};
+  const auto& [gate, simulation, two_pass, is_ready] = *linear_;
+  return {attempts_, spent_, gate.work(), gate.sets(), simulation.work(), is_ready};
 }
 
 Outcome Matcher::test() {

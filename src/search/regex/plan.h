@@ -108,6 +108,8 @@ struct Hints {
   Required required[kMaxRequired];  // what tells most comes first
   bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
   ByteScan lead;
+  bool has_follow = false;  // whether the byte behind it is of `follow`
+  ByteSet follow;
 };
 
 struct Plan {

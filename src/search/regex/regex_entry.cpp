@@ -46,11 +46,9 @@ void require(const Args& args, Outcome outcome, const char* empty_match) {
 
 // Whether the pattern matches; the groups are in `match` then, if that is not null.
 bool matches(const Args& args, Bytes pattern, Bytes text, Match* match) {
-  Outcome outcome = Outcome::no_match;
-  {
-    regex::Matcher matcher(compiled(args, pattern, text), text);
-    outcome = match == nullptr ? matcher.test() : matcher.find(0, *match);
-  }
+  const Plan& plan = compiled(args, pattern, text);
+  const Outcome outcome = match == nullptr ? regex::Matcher(plan, text).test()
+                                           : regex::Matcher(plan, text).find(0, *match);
   require(args, outcome, nullptr);
   return outcome == Outcome::match;
 }

@@ -5,9 +5,8 @@
 #include <utility>
 
 namespace vstring::regex {
-namespace {
-constexpr std::uint32_t kNoSlot = kSlots;
-}  // namespace
+
+static constexpr std::uint32_t kNoSlot = kSlots;
 
 bool Simulation::prepare() {
   if (!entered_.empty()) return true;
@@ -41,31 +40,22 @@ inline bool Simulation::pass(Threads& threads, StateNumber state, std::size_t at
   return passes(s.op, at == begin_, at == text_.size());
 }
 
-// Finds the next state that is still to be entered, setting back captures on the way.
-inline bool Simulation::resume(StateNumber& state, std::size_t* captures) {
-  while (!pending_.empty()) {
-    const Pending top = pending_.back();
-    pending_.pop_back();
-    if (top.slot == kNoSlot) {
-      state = top.state;
-      return true;
-    }
-    captures[top.slot] = top.value;
-  }
-  return false;
-}
-
 // Adds the threads that `state` leads to without taking a byte, in order, unless they are there.
 // `captures` is the same again afterwards.
 void Simulation::enter(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures) {
-  pending_.clear();
-  do {
-    while (entered_[state] != round_) {
-      entered_[state] = round_;
-      if (!pass(threads, state, at, captures)) break;
-      state = plan_.states[state].next;
+  (void)pending_.push_back({state, kNoSlot, 0});
+  while (!pending_.empty()) {
+    const Pending top = pending_.back();
+    pending_.pop_back();
+    if (top.slot != kNoSlot) {
+      captures[top.slot] = top.value;
+      continue;
     }
-  } while (resume(state, captures));
+    for (StateNumber s = top.state; entered_[s] != round_; s = plan_.states[s].next) {
+      entered_[s] = round_;
+      if (!pass(threads, s, at, captures)) break;
+    }
+  }
 }
 
 // Moves the threads over the byte at `at`. True when one of them accepts: it then is the match,

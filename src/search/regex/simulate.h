@@ -50,7 +50,6 @@ class Simulation {
     return threads.slots + std::size_t{state} * plan_.slot_count;
   }
   bool pass(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures);
-  bool resume(StateNumber& state, std::size_t* captures);
   void enter(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures);
   bool step(std::size_t at, Match& match);
 

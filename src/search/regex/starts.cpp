@@ -58,6 +58,11 @@ void Starts::look_up_required(std::size_t at) {
   } else {
     if (!required_) required_.emplace(required.literal, text_);
     required_at_ = required_->next_from(at);
+    const std::size_t size = required.literal.size();
+    while (hints.has_follow && required_at_ != npos &&
+           (required_at_ + size == text_.size() || !hints.follow.has(text_[required_at_ + size]))) {
+      required_at_ = required_->next();
+    }
   }
   has_required_ = true;
   if (required_at_ == npos) return;
