@@ -65,17 +65,17 @@ void sweep(Table& table, Bytes pattern, Bytes text, std::size_t k, std::size_t s
     return;
   }
   Pieces pieces(pattern, text, k);
-  Budget budget(kFreeScan);
+  Budget budget(2 * kFreeScan);  // as much again as what has been passed over
   for (Pieces::Window window; at < text.size() && pieces.next(window);) {
     if (window.begin > at) {
       table.restart();
-      budget.earn((window.begin - at) / 2);
+      budget.earn(window.begin - at);
       at = window.begin;
     }
     // Where the pieces are everywhere, looking for them is lost labour.
     const std::size_t begin = at;
     if (!scan_to(budget.is_used_up() ? text.size() : window.end)) return;
-    budget.spend((at - begin) / 2);
+    budget.spend(at - begin);
   }
 }
 
