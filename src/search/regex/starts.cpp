@@ -55,6 +55,9 @@ void Starts::look_up_required(std::size_t at) {
   const Required& required = hints.required[0];
   if (required.set != nullptr) {
     required_at_ = find(*required.set, text_, at);
+  } else if (required.literal.size() == 1 && !hints.has_follow) {  // a finder is made for more
+    const std::size_t found = search::find(required.literal, text_.subspan(at));
+    required_at_ = found == npos ? npos : at + found;
   } else {
     if (!required_) required_.emplace(required.literal, text_);
     required_at_ = required_->next_from(at);
