@@ -140,9 +140,6 @@ bool Gate::accepts_at_end(Set set, bool is_begin) {
 Gate::Answer Gate::run(std::size_t begin, std::size_t from) {
   has_given_up_ = has_given_up_ || (words_ == 0 && !prepare());
   if (has_given_up_) return Answer::unknown;
-  const auto answer = [this](bool matches) {
-    return has_given_up_ ? Answer::unknown : matches ? Answer::yes : Answer::no;
-  };
   clear();
   add(plan_.start, from == begin, false);
   Set set = number();
@@ -152,7 +149,7 @@ Gate::Answer Gate::run(std::size_t begin, std::size_t from) {
       empty_table();
       set = number();
     }
-    if (set == kAccepting) return answer(true);
+    if (set == kAccepting) return Answer::yes;
     const std::size_t first = at;
     Set next = kUnknown;
     while (at < text_.size() && (next = rows_[set + class_of_[text_[at]]]) < kFull) {
@@ -160,7 +157,10 @@ Gate::Answer Gate::run(std::size_t begin, std::size_t from) {
       ++at;
     }
     work_ += at - first;
-    if (at == text_.size()) return answer(accepts_at_end(set, at == begin));
+    if (at == text_.size()) {
+      const bool accepts = accepts_at_end(set, at == begin);
+      return has_given_up_ ? Answer::unknown : accepts ? Answer::yes : Answer::no;
+    }
     if (next == kUnknown) {
       make_next(set, text_[at]);
       next = number();

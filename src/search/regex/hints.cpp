@@ -218,9 +218,8 @@ void Analysis::find_prefixes() {
   double hits = 1;
   for (std::size_t i = 0; i < length; ++i) hits *= share(all[i]);
   const bool is_worth_it = length > 1 && hits <= kMaxHits;
-  if (!find_prefix(is_worth_it ? hits + kFewHits : share(all[0])) && is_worth_it) {
-    hints_.prefix_length = length;
-  }
+  const double most_hits = is_worth_it ? hits + kFewHits : share(all[0]);
+  hints_.prefix_length = find_prefix(most_hits) || !is_worth_it ? 0 : length;
 }
 
 // The bytes that a match begins with, as far as they are known one by one. False when they stand at

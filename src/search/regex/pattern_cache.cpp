@@ -16,17 +16,16 @@ struct Entry {
   char* pattern;
   VstringRegex* regex;
   Plan* plan;
-  std::size_t searched;  // bytes so far
-  bool has_hints;        // all of them
+  std::size_t searched;  // bytes so far, until there are all hints
 };
 
 Entry kept;
 
 // Finds all hints once the texts are long enough, together, to be worth it.
 bool prepare(std::size_t length) {
+  if (kept.searched >= kWorthHints) return true;
   kept.searched += length;
-  if (kept.has_hints || kept.searched < kWorthHints) return true;
-  return kept.has_hints = add_hints(*kept.plan, *kept.regex);
+  return kept.searched < kWorthHints || add_hints(*kept.plan, *kept.regex);
 }
 
 }  // namespace

@@ -45,24 +45,21 @@ void find_single(Plan& plan) {
   plan.start_slots &= ~end_slots;
 }
 
-// False when memory fails.
-bool learn(Plan& plan, const VstringRegex& regex, bool all_hints) {
-  plan.hints = {};
-  if (!find_hints(plan, all_hints)) return false;
-  believe_first_byte(plan.hints, regex.first_byte);
-  find_single(plan);
-  return true;
-}
-
 }  // namespace
 
 Plan* make_plan(const VstringRegex& regex, bool all_hints) {
   Plan* const plan = decode(regex);
-  if (plan == nullptr || learn(*plan, regex, all_hints)) return plan;
+  if (plan == nullptr || add_hints(*plan, regex, all_hints)) return plan;
   std::free(plan);
   return nullptr;
 }
 
-bool add_hints(Plan& plan, const VstringRegex& regex) { return learn(plan, regex, true); }
+bool add_hints(Plan& plan, const VstringRegex& regex, bool all) {
+  plan.hints = {};
+  if (!find_hints(plan, all)) return false;
+  believe_first_byte(plan.hints, regex.first_byte);
+  find_single(plan);
+  return true;
+}
 
 }  // namespace vstring::regex

@@ -13,7 +13,7 @@ inline constexpr std::size_t kWorthHints = 512;
 // One block from malloc, for free(); null when memory fails. O(program).
 Plan* make_plan(const VstringRegex& regex, bool all_hints = true);
 
-// Finds all hints of a plan that was made without. False when memory fails.
-bool add_hints(Plan& plan, const VstringRegex& regex);
+// Finds the hints of a plan, or all of them once it has some. False when memory fails.
+bool add_hints(Plan& plan, const VstringRegex& regex, bool all = true);
 
 }  // namespace vstring::regex

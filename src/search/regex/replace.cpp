@@ -1,7 +1,5 @@
 #include "search/regex/replace.h"
 
-#include <algorithm>
-
 #include "bytes/copy.h"
 #include "search/regex/template.h"
 
@@ -10,11 +8,12 @@ namespace {
 
 // Appends the text from `place` up to a match and then the expansion, with room for a text of
 // `room` bytes and for a block behind what is copied. False when memory fails.
-bool append(const Template& parts, Bytes text, std::size_t place, const Match& match,
-            std::size_t room, HeldArray<Byte>& result) {
+[[gnu::always_inline]] inline bool append(const Template& parts, Bytes text, std::size_t place,
+                                          const Match& match, std::size_t room,
+                                          HeldArray<Byte>& result) {
   const Result<std::size_t> expansion = parts.expanded_length(text, match);
   const std::size_t before = match.start() - place;
-  std::size_t more = std::max(before, room) + kCopyBlock;
+  std::size_t more = (room != 0 ? room : before) + kCopyBlock;
   if (!expansion.ok() || __builtin_add_overflow(more, *expansion, &more)) return false;
   if (!result.reserve_more(more)) return false;
   const MutableBytes rest = copy_part({result.end(), more}, text, place, before);

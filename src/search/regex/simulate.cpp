@@ -43,17 +43,18 @@ inline bool Simulation::pass(Threads& threads, StateNumber state, std::size_t at
 // Adds the threads that `state` leads to without taking a byte, in order, unless they are there.
 // `captures` is the same again afterwards.
 void Simulation::enter(Threads& threads, StateNumber state, std::size_t at, std::size_t* captures) {
-  (void)pending_.push_back({state, kNoSlot, 0});
-  while (!pending_.empty()) {
-    const Pending top = pending_.back();
-    pending_.pop_back();
-    if (top.slot != kNoSlot) {
-      captures[top.slot] = top.value;
-      continue;
+  for (;;) {
+    for (; entered_[state] != round_; state = plan_.states[state].next) {
+      entered_[state] = round_;
+      if (!pass(threads, state, at, captures)) break;
     }
-    for (StateNumber s = top.state; entered_[s] != round_; s = plan_.states[s].next) {
-      entered_[s] = round_;
-      if (!pass(threads, s, at, captures)) break;
+    for (std::uint32_t slot = 0; slot != kNoSlot;) {
+      if (pending_.empty()) return;
+      const Pending top = pending_.back();
+      pending_.pop_back();
+      slot = top.slot;
+      state = top.state;
+      if (slot != kNoSlot) captures[slot] = top.value;
     }
   }
 }

@@ -43,12 +43,14 @@ void TwoPass::work_out(Word* row, const Word* later, std::size_t at, bool is_beg
   const Byte c = is_end ? Byte{0} : text_[at];
   for (const StateNumber s : order_) {
     const State& state = plan_.states[s];
-    bool leads_on = state.op == Op::accept && (is_end || !plan_.ends_with_text);
-    if (passes(state.op, is_begin, is_end)) {
-      leads_on = has(row, state.next) || (state.op == Op::branch && has(row, state.other));
+    bool leads_on = false;
+    if (consumes(state.op)) {
+      leads_on = !is_end && plan_.takes(state, c) && has(later, plan_.after(s));
+    } else if (state.op == Op::accept) {
+      leads_on = is_end || !plan_.ends_with_text;
     }
-    if (!leads_on && !is_end && consumes(state.op)) {
-      leads_on = plan_.takes(state, c) && has(later, plan_.after(s));
+    if (!leads_on && passes(state.op, is_begin, is_end)) {
+      leads_on = has(row, state.next) || (state.op == Op::branch && has(row, state.other));
     }
     if (leads_on) row[s / 64] |= Word{1} << (s % 64);
   }
