@@ -42,9 +42,9 @@ const Plan* plan_of(const char* pattern, std::size_t length) {
   if (is_kept && prepare(length)) return kept.plan;
   forget_pattern();
   kept.pattern = strdup(pattern);
-  if (kept.pattern != nullptr) {
-    kept.regex = vrx_regcomp(kept.pattern);
-    if (kept.regex != nullptr) kept.plan = make_plan(*kept.regex, false);
+  if (kept.pattern != nullptr) kept.regex = vrx_regcomp(kept.pattern);
+  if (kept.regex != nullptr) {
+    kept.plan = make_plan(*kept.regex, false);
     if (kept.plan != nullptr && prepare(length)) return kept.plan;
   }
   if (kept.pattern == nullptr || kept.regex != nullptr) vrx_regerror(errors::kOutOfSpace);

@@ -87,7 +87,8 @@ Result<double> jaro(Bytes s, Bytes t) {
   if (!matching.ok()) return matching.status();
   if (matching->pairs == 0) return 0.0;
   const auto m = static_cast<double>(matching->pairs);
-  const auto in_order = static_cast<double>(matching->pairs - matching->displaced / 2);
+  const std::size_t transpositions = matching->displaced / 2;
+  const auto in_order = static_cast<double>(matching->pairs - transpositions);
   return (m / static_cast<double>(s.size()) + m / static_cast<double>(t.size()) + in_order / m) / 3;
 }
 

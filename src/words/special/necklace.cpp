@@ -27,7 +27,7 @@ std::optional<std::uint64_t> power_within(std::uint64_t k, std::uint64_t n, std:
 }
 
 std::uint64_t count_lyndon_words(std::uint64_t k, std::uint64_t n) {
-  if (k == 1) return n == 1 ? 1 : 0;
+  if (k == 1 || n == 0) return n == 1 ? 1 : 0;
   std::int64_t sum = 0;
   for (std::uint64_t d = 1; d <= n; ++d) {
     if (n % d != 0) continue;

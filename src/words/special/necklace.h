@@ -17,7 +17,7 @@ namespace vstring::words {
 // k^n, or nothing when it is above `limit`. Requires k >= 1.
 std::optional<std::uint64_t> power_within(std::uint64_t k, std::uint64_t n, std::uint64_t limit);
 
-// Number of Lyndon words of n >= 1 letters over k letters, by the formula of E. Witt, 1937; k^n
+// Number of Lyndon words of n letters over k letters, by the formula of E. Witt, 1937; k^n
 // must be below 2^63.
 std::uint64_t count_lyndon_words(std::uint64_t k, std::uint64_t n);
 

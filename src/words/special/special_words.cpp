@@ -28,7 +28,7 @@ void thue_morse_word(Bytes alphabet, MutableBytes word) {
     ++digits[carry];
     // A digit k - 1 that becomes 0 adds 1 modulo k, as the last increment does.
     sum += carry + 1;
-    if (sum >= k) sum %= k;
+    while (sum >= k) sum -= k;
   }
 }
 
