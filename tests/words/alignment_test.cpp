@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "bytes/cpu.h"
+#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 
@@ -126,7 +127,7 @@ const std::vector<Scores> kScores = {{1, -1, -1}, {2, -3, -2}, {1, -1, 0},
                                      {0, 0, 0},   {-1, 2, -3}, {3, -2, 1}};
 
 TEST(Alignment, AllShortPairsByDefinition) {
-  const auto words = all_words("abc", 4);
+  const auto words = all_words("abc", long_tier() ? 5 : 4);
   for (const std::string& s : words) {
     for (const std::string& t : words) check_pair(s, t, {kScores[0], kScores[1], kScores[5]});
   }

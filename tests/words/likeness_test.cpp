@@ -7,6 +7,7 @@
 #include <map>
 
 #include "bytes/cpu.h"
+#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 
@@ -150,7 +151,7 @@ std::size_t string_alignment(const std::string& s, const std::string& t) {
 }
 
 TEST(Likeness, AllShortPairsByDefinition) {
-  const auto words = all_words("abc", 4);
+  const auto words = all_words("abc", long_tier() ? 5 : 4);
   for (const std::string& s : words) {
     for (const std::string& t : words) {
       check_pair(s, t);
