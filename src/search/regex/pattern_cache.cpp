@@ -21,6 +21,12 @@ struct Entry {
 
 Entry kept;
 
+char* copy_of(const char* text) {
+  const std::size_t bytes = std::strlen(text) + 1;
+  auto* const copy = static_cast<char*>(std::malloc(bytes));
+  return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, bytes));
+}
+
 // Finds all hints once the texts are long enough, together, to be worth it.
 bool prepare(std::size_t length) {
   if (kept.searched >= kWorthHints) return true;
@@ -41,7 +47,7 @@ const Plan* plan_of(const char* pattern, std::size_t length) {
   const bool is_kept = kept.pattern != nullptr && std::strcmp(kept.pattern, pattern) == 0;
   if (is_kept && prepare(length)) return kept.plan;
   forget_pattern();
-  kept.pattern = strdup(pattern);
+  kept.pattern = copy_of(pattern);
   if (kept.pattern != nullptr) kept.regex = vrx_regcomp(kept.pattern);
   if (kept.regex != nullptr) {
     kept.plan = make_plan(*kept.regex, false);
