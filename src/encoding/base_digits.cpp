@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace vstring::encoding {
 namespace {
@@ -15,14 +16,21 @@ struct Alphabet {
   static constexpr std::size_t kBytes = kDigits * kBits / 8;
   static constexpr std::size_t kMostPadding = kDigits - 2;
 
+  static constexpr std::size_t kPairs = std::size_t{1} << (2 * kBits);
+
   Byte digits[1U << kBits] = {};
   std::array<Byte, 256> values = {};
+  Byte pairs[kPairs][2] = {};  // of digits, by what both say
 
   explicit consteval Alphabet(const char* text) {
     values.fill(kNoDigit);
     for (unsigned i = 0; i < sizeof digits; ++i) {
       digits[i] = static_cast<Byte>(text[i]);
       values[digits[i]] = static_cast<Byte>(i);
+    }
+    for (std::size_t i = 0; i < kPairs; ++i) {
+      pairs[i][0] = digits[i >> kBits];
+      pairs[i][1] = digits[i % sizeof digits];
     }
   }
 
@@ -31,16 +39,18 @@ struct Alphabet {
   void write_group(const Byte* bytes, Byte* out) const {
     std::uint64_t group = 0;
     for (std::size_t i = 0; i < kBytes; ++i) group = group << 8 | bytes[i];
-    for (std::size_t i = 0; i < kDigits; ++i) {
-      out[i] = digits[group >> (kBits * (kDigits - 1 - i)) & (sizeof digits - 1)];
+    for (std::size_t i = 0; i < kDigits; i += 2) {
+      std::memcpy(out + i, pairs[group >> (kBits * (kDigits - 2 - i)) & (kPairs - 1)], 2);
     }
   }
 
   std::size_t encode(Bytes text, MutableBytes out) const {
     std::size_t n = 0;
-    for (; text.size() >= kBytes; text = text.subspan(kBytes), n += kDigits) {
-      write_group(text.data(), out.data() + n);
+    std::size_t at = 0;
+    for (; text.size() - at >= kBytes; at += kBytes, n += kDigits) {
+      write_group(text.data() + at, out.data() + n);
     }
+    text = text.subspan(at);
     if (text.empty()) return n;
     Byte last[kBytes] = {};
     copy_into(last, text);
@@ -57,25 +67,36 @@ struct Alphabet {
     }
   }
 
+  // Reads whole groups without line ends between, and returns how many; what stops these is looked
+  // at by itself. Each is written as a word, whose bytes behind the group the next one covers.
+  std::size_t decode_groups(Bytes text, Byte* out) const {
+    const std::size_t most = text.size() / kDigits;
+    for (std::size_t k = 0; k < most; ++k) {
+      const Byte* const from = text.data() + k * kDigits;
+      unsigned all = 0;
+      std::uint64_t group = 0;
+      for (std::size_t i = 0; i < kDigits; ++i) {
+        const Byte value = values[from[i]];
+        all |= value;
+        group = group << kBits | value;
+      }
+      if ((all & kNoDigit) != 0) return k;
+      const std::uint64_t word = __builtin_bswap64(group << (64 - 8 * kBytes));
+      std::memcpy(out + k * kBytes, &word, kDigits);
+    }
+    return most;
+  }
+
   Result<std::size_t> decode(Bytes text, MutableBytes out) const {
     std::size_t at = 0;
     std::size_t n = 0;
     std::size_t met = 0;  // digits
     std::uint64_t group = 0;
     for (;;) {
-      // Whole groups without line ends between; what stops these is looked at by itself.
-      while (met % kDigits == 0 && text.size() - at >= kDigits) {
-        unsigned all = 0;
-        group = 0;
-        for (std::size_t i = 0; i < kDigits; ++i) {
-          const Byte value = values[text[at + i]];
-          all |= value;
-          group = group << kBits | value;
-        }
-        if ((all & kNoDigit) != 0) break;
-        write_bytes(group, 8 * kBytes, out.data() + n);
-        n += kBytes;
-        at += kDigits;
+      if (met % kDigits == 0) {
+        const std::size_t groups = decode_groups(text.subspan(at), out.data() + n);
+        n += groups * kBytes;
+        at += groups * kDigits;
       }
       if (at == text.size()) break;
       const Byte c = text[at];

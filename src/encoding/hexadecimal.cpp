@@ -1,21 +1,6 @@
 #include "encoding/hexadecimal.h"
 
-#include <array>
-
 namespace vstring::encoding {
-namespace {
-
-consteval std::array<Byte, 256> digit_values() {
-  std::array<Byte, 256> values{};
-  for (std::size_t c = 0; c < values.size(); ++c) {
-    values[c] = static_cast<Byte>(digit_value(static_cast<Byte>(c)));
-  }
-  return values;
-}
-
-constexpr std::array<Byte, 256> kValues = digit_values();
-
-}  // namespace
 
 std::size_t encode_hexadecimal(Bytes text, MutableBytes out) {
   const auto digit = [](unsigned value) {
@@ -31,10 +16,10 @@ std::size_t encode_hexadecimal(Bytes text, MutableBytes out) {
 Result<std::size_t> decode_hexadecimal(Bytes text, MutableBytes out) {
   if (text.size() % 2 != 0) return Status::refused;
   const std::size_t n = text.size() / 2;
-  unsigned met = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    const unsigned high = kValues[text[2 * i]];
-    const unsigned low = kValues[text[2 * i + 1]];
+  Byte met = 0;
+  for (std::size_t i = 0; i < n; ++i) {  // in vectors
+    const Byte high = digit_value(text[2 * i]);
+    const Byte low = digit_value(text[2 * i + 1]);
     met |= high | low;
     out[i] = static_cast<Byte>(high << 4 | low);
   }

@@ -8,10 +8,11 @@
 namespace vstring::encoding {
 
 // The value of a digit of either case; 16 or more for another byte.
-constexpr unsigned digit_value(Byte c) {
-  if (c >= '0' && c <= '9') return c - unsigned{'0'};
-  const unsigned letter = c | 0x20U;
-  return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : 16;
+constexpr Byte digit_value(Byte c) {
+  const auto digit = static_cast<Byte>(c - '0');
+  const auto letter = static_cast<Byte>((c | 0x20) - 'a');
+  const auto value = static_cast<Byte>(letter < 6 ? letter + 10 : 16);
+  return digit < 10 ? digit : value;
 }
 
 // Writes digits in lower case to `out`, of twice the size, and returns how many.
