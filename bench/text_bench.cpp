@@ -1,16 +1,21 @@
-// Wrapping, Porter stems, Soundex keys and formatted times.
+// Wrapping, tabs, ends, words, Porter stems, Soundex keys and formatted times.
 #include <benchmark/benchmark.h>
 
+#include <cctype>
 #include <ctime>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/vstring.h"
 #include "runtime/growing_text.h"
+#include "text/extraction/words.h"
 #include "text/language/metaphone.h"
 #include "text/language/porter.h"
 #include "text/language/soundex.h"
+#include "text/layout/ends.h"
+#include "text/layout/tabs.h"
 #include "text/layout/wrap.h"
 #include "texts.h"
 #include "velmor_runtime.h"
@@ -73,6 +78,65 @@ void wrap_command(benchmark::State& state) {
   velmor_heap_free(heap);
 }
 BENCHMARK(wrap_command)->Name("wrap_command/ours")->Arg(1000)->Arg(10'000'000);
+
+// What `work` does to a text once per iteration.
+template <typename Work>
+void each_text(benchmark::State& state, const std::string& text, Work work) {
+  for (auto _ : state) benchmark::DoNotOptimize(work(text));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+std::size_t our_words(const std::string& text) {
+  vstring::HeldArray<Bytes> found;
+  benchmark::DoNotOptimize(vstring::text::find_words(bytes(text), found));
+  const std::size_t count = found.size();
+  found.free();
+  return count;
+}
+
+// Words as C has them: letters and digits.
+std::size_t plain_words(const std::string& text) {
+  std::vector<std::string_view> found;
+  for (std::size_t i = 0; i < text.size();) {
+    std::size_t end = i;
+    while (end < text.size() && std::isalnum(static_cast<unsigned char>(text[end])) != 0) ++end;
+    if (end > i) found.push_back(std::string_view(text).substr(i, end - i));
+    i = end + 1;
+  }
+  return found.size();
+}
+
+std::size_t our_expansion(const std::string& text) {
+  static std::vector<Byte> room;
+  room.resize(vstring::text::expanded_length(bytes(text), 8));
+  vstring::text::expand_tabs(bytes(text), 8, room);
+  return room.size();
+}
+
+std::size_t plain_expansion(const std::string& text) {
+  static std::string out;
+  out.clear();
+  std::size_t column = 0;
+  for (const char c : text) {
+    if (c == '\t') {
+      do out += ' ';
+      while (++column % 8 != 0);
+    } else {
+      out += c;
+      column = c == '\n' || c == '\r' ? 0 : column + 1;
+    }
+  }
+  return out.size();
+}
+
+std::size_t our_trim(const std::string& text) {
+  return vstring::text::trim_space(bytes(text), vstring::text::Side::both).size();
+}
+
+std::size_t plain_trim(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(" \t\n\v\f\r");
+  return first == text.npos ? 0 : text.find_last_not_of(" \t\n\v\f\r") + 1 - first;
+}
 
 // One round of `code` over all words is an iteration; items are words.
 template <typename Code>
@@ -140,6 +204,23 @@ const bool registered = [] {
   benchmark::RegisterBenchmark("wrap/prose_obeyed/ours", wrap, text, obeying);
   benchmark::RegisterBenchmark("wrap/blanks/ours", wrap, blanks, narrow);
   benchmark::RegisterBenchmark("wrap/one_word/ours", wrap, word, narrow);
+  static const std::string prose = licence(1 << 20);
+  static const std::string tabbed = [] {
+    std::string made = prose;
+    for (std::size_t i = 0; i < made.size(); i += 40) made[i] = '\t';
+    return made;
+  }();
+  const auto both = [](const std::string& job, const std::string& input, auto ours, auto plain) {
+    benchmark::RegisterBenchmark((job + "/ours").c_str(), [&input, ours](benchmark::State& state) {
+      each_text(state, input, ours);
+    });
+    benchmark::RegisterBenchmark(
+        (job + "/plain").c_str(),
+        [&input, plain](benchmark::State& state) { each_text(state, input, plain); });
+  };
+  both("words", prose, our_words, plain_words);
+  both("expand", tabbed, our_expansion, plain_expansion);
+  both("trim", blanks, our_trim, plain_trim);
   return true;
 }();
 
