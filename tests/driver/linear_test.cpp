@@ -103,5 +103,85 @@ TEST(LinearLongTier, Words) {
   }
 }
 
+TEST(LinearLongTier, Layout) {
+  for (const char* const call : {
+           "length(wrap(W(abc ), 30))",
+           "length(wrap(W(a), 30))",
+           "length(wrap(W( ), 30))",
+           "length(expand(W(a\tbc), 8))",
+           "length(expand(W(\t), 8))",
+           "length(unexpand(W( \t \n), 3))",
+           "length(unexpand(W( ), 3))",
+           "length(dedent(W(  a\n)))",
+           "length(dedent(cap(W( ), \"\", \"a\")))",
+           "length(dedent(W(\t\n)))",  // lines of nothing else
+           "length(indent(W(a\n), 3))",
+           "length(indent(W( \n), 3))",
+           "length(trim(W(ab), \"ab\"))",
+           "length(lines(W(a\r\n))[1])",
+           "lines(W(\r\r\r\n))[1]",
+       })
+    check_linear(call);
+}
+
+// Much that words and sentences could be, looked back upon or ahead, but is not.
+TEST(LinearLongTier, WordsAndSentences) {
+  for (const char* const call : {
+           "length(words(W(it))[1])",
+           "words(W(a-))[1]",
+           "length(words(W(a\342\200\231))[1])",
+           "words(cap(W(\342\200\231), \"\", \"a\"))[1]",
+           "length(words(cap(W(\342), \"-\", \"a\"))[1])",
+           "length(sentences(W(A. ))[1])",
+           "length(sentences(W(A. B. ))[1])",
+           "length(sentences(W(e.g.))[1])",
+           "length(sentences(W(.a ))[1])",
+           "length(sentences(cap(W(.a), \"\", \". A\"))[1])",
+           "length(sentences(cap(W(.), \"a\", \" A\"))[1])",
+           "length(sentences(cap(W(]), \".\", \" A\"))[1])",
+           "length(sentences(W(\"] ))[1])",
+           "sentences(W( \n))",
+           "ngrams(W(ab), 3)[1]",
+           "readability(W(table. ))",
+           "length(nysiis(W(mac)))",
+           "length(nysiis(W(h)))",
+           "length(nysiis(W(s)))",
+       })
+    check_linear(call);
+}
+
+TEST(LinearLongTier, Encodings) {
+  for (const std::string scheme :
+       {"null", "hex", "base64", "base64url", "base32", "rot13", "percent", "quoted"}) {
+    for (const std::string text : {"W(a)", "W( =)"})
+      check_linear("length(decode(encode(" + text + ", " + scheme + "), " + scheme + "))");
+  }
+  for (const char* const call : {
+           "length(decode(W(QUJD\n), base64))",
+           "length(decode(W(=\n), quoted))",
+           "length(unescape(W(\\n)))",
+           "length(unescape(W(\\101)))",
+           "length(unescape(W(\\x41)))",
+           "length(unescape(escape(W(\377))))",
+           "length(visible(W(\377a)))",
+           "bytes(W(ab))[1]",
+           "length(unaccent(W(e\314\201)))",
+           "length(squeeze(W(aab)))",
+       })
+    check_linear(call);
+}
+
+TEST(LinearLongTier, Times) {
+  for (const char* const call : {
+           "length(fmttime(W(a)))",
+           "length(fmttime(W(%Y-%m-%d)))",
+           "length(fmttime(W(%c%%)))",
+           "parsetime(W( ), W(%t))",
+           "parsetime(W(%), W(%%))",
+           "parsetime(cap(W(1970), \"\", \" Z\"), cap(W(%Y), \"\", \"%z\"))",
+       })
+    check_linear(call);
+}
+
 }  // namespace
 }  // namespace vstring_test
