@@ -68,6 +68,7 @@ std::vector<const lexiva::Command*> search_commands(std::string_view words, bool
   }
   std::ranges::stable_sort(found, [](const auto& a, const auto& b) { return a.first > b.first; });
   std::vector<const lexiva::Command*> commands;
+  commands.reserve(found.size());
   for (const auto& [score, command] : found) commands.push_back(command);
   return commands;
 }

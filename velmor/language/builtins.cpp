@@ -131,16 +131,11 @@ HostObject Session::table(HostObject argseq) {
       cells.push_back(std::move(cell));
     }
   }
-  std::string line;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::size_t column = i % columns;
-    line += cells[i];
-    if (column + 1 < columns) {
-      line.append(widths[column] - utf8_count(cells[i]) + 2, ' ');
-    } else {
-      *out_ << line << '\n';
-      line.clear();
+  for (auto cell = cells.cbegin(); cell != cells.cend(); ++cell) {
+    for (std::size_t i = 0; i + 1 < columns; ++i, ++cell) {
+      *out_ << *cell << std::string(widths[i] - utf8_count(*cell) + 2, ' ');
     }
+    *out_ << *cell << '\n';
   }
   return null_;
 }
