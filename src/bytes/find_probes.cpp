@@ -39,7 +39,7 @@ template <std::size_t N>
 VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std::size_t end,
                                           const Probes& probes, Budget& ahead) {
   constexpr std::size_t kAhead = N < 2 ? N : 2;
-  constexpr std::size_t kLookCost = 8;  // of a look at the others, in blocks that need none
+  constexpr std::size_t kLookCost = 4;  // of a look at the others, in blocks that need none
   __m256i bytes[N];
   const Byte* texts[N];
   for (std::size_t i = 0; i < N; ++i) {

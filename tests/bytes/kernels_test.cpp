@@ -9,6 +9,8 @@
 
 #include "bytes/byte_scan.h"
 #include "bytes/cpu.h"
+#include "bytes/edit_column.h"
+#include "bytes/edit_lanes.h"
 #include "bytes/find_near.h"
 #include "bytes/find_probes.h"
 #include "bytes/prefix_filter.h"
@@ -107,6 +109,33 @@ TEST(Kernels, FindProbes) {
       const std::size_t next = hits == 0 ? end : std::min(end, at + kProbeBlock);
       for (; passed < next; ++passed) {
         EXPECT_EQ(stand(passed), hits != 0 && passed >= at && (hits >> (passed - at) & 1) != 0);
+      }
+    }
+  });
+}
+
+// Every lane beside a column of its own.
+TEST(Kernels, EditLanes) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    const std::size_t words = text.size() / (64 * kEditLanes);
+    if (words == 0) return;
+    const std::size_t lead = text.size() - 64 * kEditLanes * words;
+    const std::size_t rows = 1 + random() % 64;
+    const std::size_t k = random() % rows;
+    std::uint64_t equal[256] = {};
+    for (std::size_t i = 0; i < rows; ++i) {
+      equal[text[random() % text.size()]] |= std::uint64_t{1} << i;
+    }
+    std::vector<std::uint64_t> ends(kEditLanes * words);
+    find_edit_ends({equal, rows, k}, text.data(), lead, words, ends.data());
+    for (std::size_t lane = 0; lane < kEditLanes; ++lane) {
+      EditColumn column;
+      auto distance = static_cast<std::int64_t>(rows);
+      for (std::size_t i = 0; i < lead + 64 * words; ++i) {
+        distance += column.advance(equal[text[64 * words * lane + i]], {}, rows - 1).value();
+        if (i < lead) continue;
+        const std::uint64_t hits = ends[(i - lead) / 64 * kEditLanes + lane];
+        ASSERT_EQ(distance <= static_cast<std::int64_t>(k), (hits >> (i - lead) % 64 & 1) != 0);
       }
     }
   });

@@ -1,8 +1,10 @@
 #include "search/approximate/approximate.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "bytes/budget.h"
+#include "bytes/edit_lanes.h"
 #include "search/approximate/edit_table.h"
 #include "search/approximate/pieces.h"
 #include "search/exact/exact.h"
@@ -45,27 +47,66 @@ bool scan_automaton(Bytes pattern, const WordMasks& masks, Bytes text, std::size
   return true;
 }
 
-// How much text the table is asked about before the pieces are judged.
+// The table over text[at, end), where it stands ahead of `at`; ends in the first `silent` bytes are
+// left out. False when stopped.
+template <typename Table, typename Report>
+bool step_through(Table& table, Bytes text, std::size_t& at, std::size_t end, std::size_t silent,
+                  Report report) {
+  for (; at < end; ++at) {
+    if (table.advance_by(text[at]) && at >= silent && !report(at + 1)) return false;
+  }
+  return true;
+}
+
+// Long texts go through columns side by side.
+template <typename Report>
+bool scan_through(WordTable& table, Bytes text, std::size_t& at, std::size_t end,
+                  std::size_t silent, Report report) {
+  constexpr std::size_t kLeastPart = kEditLanes * 64;
+  constexpr std::size_t kMostWords = 32;
+  if (end - at < 2 * kLeastPart) return step_through(table, text, at, end, silent, report);
+  // No stretch within k edits is longer: a column that starts as far back knows all it needs.
+  const std::size_t lead = table.pattern().rows + table.pattern().k;
+  if (!step_through(table, text, at, std::max(at, lead), silent, report)) return false;
+  while (end - at >= kLeastPart) {
+    // No more than has been passed: an end soon stops a search for the first one.
+    const std::size_t most = std::min({end - at, at, kMostWords * kLeastPart});
+    const std::size_t words = std::max<std::size_t>(most / kLeastPart, 1);
+    std::uint64_t ends[kEditLanes * kMostWords];
+    find_edit_ends(table.pattern(), text.data() + at - lead, lead, words, ends);
+    for (std::size_t lane = 0; lane < kEditLanes; ++lane) {
+      for (std::size_t w = 0; w < words; ++w, at += 64) {
+        for (std::uint64_t hits = ends[kEditLanes * w + lane]; hits != 0; hits &= hits - 1) {
+          if (!report(at + static_cast<std::size_t>(std::countr_zero(hits)) + 1)) return false;
+        }
+      }
+    }
+  }
+  table.restart();
+  for (const Byte c : text.subspan(at - lead, lead)) table.advance_by(c);
+  return step_through(table, text, at, end, silent, report);
+}
+
+template <typename Report>
+bool scan_through(BlockTable& table, Bytes text, std::size_t& at, std::size_t end,
+                  std::size_t silent, Report report) {
+  return step_through(table, text, at, end, silent, report);
+}
+
+// What looking for pieces may lose, in bytes of a long stretch, before it must pay.
 constexpr std::size_t kFreeScan = 4096;
 
-// The table over the whole text, or where it can have ends; those in the first `silent` bytes are
-// left out.
+// The table over the whole text, or where it can have ends.
 template <typename Table, typename Report>
 void sweep(Table& table, Bytes pattern, Bytes text, std::size_t k, std::size_t silent,
            Report report) {
   std::size_t at = 0;
-  const auto scan_to = [&](std::size_t end) {
-    for (; at < end; ++at) {
-      if (table.advance_by(text[at]) && at >= silent && !report(at + 1)) return false;
-    }
-    return true;
-  };
   if (!Pieces::are_useful(pattern.size(), k)) {
-    scan_to(text.size());
+    scan_through(table, text, at, text.size(), silent, report);
     return;
   }
   Pieces pieces(pattern, text, k);
-  Budget budget(2 * kFreeScan);  // as much again as what has been passed over
+  Budget budget(kFreeScan);
   for (Pieces::Window window; at < text.size() && pieces.next(window);) {
     if (window.begin > at) {
       table.restart();
@@ -74,8 +115,9 @@ void sweep(Table& table, Bytes pattern, Bytes text, std::size_t k, std::size_t s
     }
     // Where the pieces are everywhere, looking for them is lost labour.
     const std::size_t begin = at;
-    if (!scan_to(budget.is_used_up() ? text.size() : window.end)) return;
-    budget.spend(at - begin);
+    const std::size_t end = budget.is_used_up() ? text.size() : std::max(at, window.end);
+    if (!scan_through(table, text, at, end, silent, report)) return;
+    budget.spend(Table::kStepCost * (at - begin));
   }
 }
 

@@ -11,6 +11,7 @@
 
 #include "bytes/bytes.h"
 #include "bytes/edit_column.h"
+#include "bytes/edit_lanes.h"
 #include "runtime/memory.h"
 #include "runtime/status.h"
 
@@ -36,54 +37,54 @@ class Alphabet {
   Byte number_[256] = {};
 };
 
-// A pattern of 1 to 64 bytes: for each byte value, the set of positions where it stands.
+// A pattern of 1 to 64 bytes: for each byte, the set of positions where it stands.
 class WordMasks {
  public:
-  explicit WordMasks(Bytes pattern) : alphabet_(pattern) {
-    std::fill_n(masks_, alphabet_.size(), 0);
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-      masks_[alphabet_.number(pattern[i])] |= std::uint64_t{1} << i;
-    }
+  explicit WordMasks(Bytes pattern) {
+    for (std::size_t i = 0; i < pattern.size(); ++i) masks_[pattern[i]] |= std::uint64_t{1} << i;
   }
-  std::uint64_t operator[](Byte c) const { return masks_[alphabet_.number(c)]; }
+  std::uint64_t operator[](Byte c) const { return masks_[c]; }
+  const std::uint64_t* data() const { return masks_; }
 
  private:
-  Alphabet alphabet_;
-  std::uint64_t masks_[kRows + 1];
+  std::uint64_t masks_[256] = {};
 };
 
 // The table for a pattern of at most 64 bytes. Requires k < m.
 class WordTable {
  public:
+  // What a byte costs beside one of a long stretch, where columns go side by side.
+  static constexpr std::size_t kStepCost = 4;
+
   WordTable(const WordMasks& masks, std::size_t m, std::size_t k)
-      : masks_(masks), m_(static_cast<std::int64_t>(m)), k_(static_cast<std::int64_t>(k)) {
-    restart();
-  }
+      : pattern_{masks.data(), m, k}, over_(static_cast<std::int64_t>(m - k)) {}
 
   // Back to the column ahead of a text.
   void restart() {
     column_ = {};
-    distance_ = m_;
+    over_ = static_cast<std::int64_t>(pattern_.rows - pattern_.k);
   }
 
   // Moves on by one byte. True when the table's last row is within k.
   bool advance_by(Byte c) {
-    distance_ += column_.advance(masks_[c], {}, static_cast<std::size_t>(m_ - 1)).value();
-    return distance_ <= k_;
+    over_ += column_.advance(pattern_.equal[c], {}, pattern_.rows - 1).value();
+    return over_ <= 0;
   }
 
+  const EditPattern& pattern() const { return pattern_; }
+
  private:
-  const WordMasks& masks_;
-  std::int64_t m_;
-  std::int64_t k_;
+  EditPattern pattern_;
   EditColumn column_;
-  std::int64_t distance_ = 0;
+  std::int64_t over_;  // by how much the last row is above k
 };
 
 // The table for a pattern of any length, by blocks of 64 rows, of which only those above the last
 // cell within k are kept up.
 class BlockTable {
  public:
+  static constexpr std::size_t kStepCost = 1;
+
   Status prepare(Bytes pattern, std::size_t k);
 
   // As those of WordTable.
