@@ -2,53 +2,61 @@
 
 #include <algorithm>
 
-#include "search/exact/exact.h"
+#include "bytes/copy.h"
+#include "search/exact/reported_count.h"
 
 namespace vstring::search {
-namespace {
 
-using Wide = __int128;  // products of two lengths
+Substitution::Substitution(Bytes text, Bytes pattern, Bytes replacement)
+    : text_(text),
+      pattern_(pattern),
+      replacement_(replacement),
+      finder_(pattern, text),
+      first_(finder_.next()) {}
 
-// Length of the text after `count` replacements of m bytes by r.
-Wide length_after(std::size_t n, std::size_t count, std::size_t m, std::size_t r) {
-  return Wide{n} + Wide{count} * (Wide{r} - Wide{m});
+std::size_t Substitution::room() const {
+  const std::size_t m = pattern_.size();
+  const std::size_t r = replacement_.size();
+  if (r <= m) return text_.size();
+  // To look twice is quicker than to keep what was found.
+  std::size_t replaced = 0;
+  Finder finder = finder_;
+  for (std::size_t at = first_; at != npos; at = finder.next_from(at + m)) ++replaced;
+  std::size_t room = 0;
+  const bool is_too_long = __builtin_mul_overflow(replaced, r - m, &room) ||
+                           __builtin_add_overflow(room, text_.size(), &room) || room >= PTRDIFF_MAX;
+  return is_too_long ? SIZE_MAX : room;
 }
 
-void drop_overlapping(std::size_t m, HeldArray<std::size_t>& occurrences) {
-  std::size_t kept = 0;
-  std::size_t end = 0;  // of the last occurrence kept
-  for (const std::size_t at : occurrences) {
-    if (at < end) continue;
-    occurrences[kept++] = at;
-    end = at + m;
+std::size_t Substitution::write(MutableBytes out) {
+  // A short replacement is copied as a whole block.
+  Byte block[kCopyBlock];
+  Bytes replacement = replacement_;
+  if (replacement.size() < sizeof block) {
+    copy_into(block, replacement);
+    replacement = block;
   }
-  while (occurrences.size() > kept) occurrences.pop_back();
-}
-
-}  // namespace
-
-std::size_t plan_substitution(std::size_t text_length, std::size_t m, std::size_t r,
-                              HeldArray<std::size_t>& occurrences) {
-  const Wide cut = length_after(text_length, occurrences.size(), m, r) + 1;
-  drop_overlapping(m, occurrences);
-  const Wide whole = length_after(text_length, occurrences.size(), m, r);
-  const Wide length = std::max(Wide{0}, std::min(cut, whole));
-  return length < Wide{PTRDIFF_MAX} ? static_cast<std::size_t>(length) : SIZE_MAX;
-}
-
-void substitute(Bytes text, std::size_t m, Bytes replacement,
-                std::span<const std::size_t> occurrences, MutableBytes out) {
-  const auto write = [&out](Bytes piece) {
-    out = copy_into(out, piece.first(std::min(piece.size(), out.size())));
-  };
+  MutableBytes rest = out;
+  std::size_t count = 0;
   std::size_t done = 0;  // bytes of the text dealt with
-  for (const std::size_t at : occurrences) {
-    write(text.subspan(done, at - done));
-    write(replacement);
-    done = at + m;
-    if (out.empty()) return;
+  for (std::size_t at = first_; at != npos; at = finder_.next()) {
+    ++count;
+    if (at < done) continue;
+    rest = copy_part(rest, text_, done, at - done);
+    rest = copy_part(rest, replacement, 0, replacement_.size());
+    done = at + pattern_.size();
   }
-  write(text.subspan(done));
+  if (!counts_as_found(count)) {
+    rest = out;
+    done = 0;
+  }
+  rest = copy_into(rest, text_.subspan(done));
+  const std::size_t length = out.size() - rest.size();
+  if (done == 0) return length;
+  using Wide = __int128;  // products of two lengths
+  const Wide longer = Wide{replacement_.size()} - Wide{pattern_.size()};
+  const Wide cut = Wide{text_.size()} + Wide{count} * longer + 1;
+  return static_cast<std::size_t>(std::clamp(cut, Wide{0}, Wide{length}));
 }
 
 }  // namespace vstring::search

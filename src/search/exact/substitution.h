@@ -1,27 +1,34 @@
 // Replacing occurrences of a pattern in a text.
 #pragma once
 #include <cstddef>
-#include <cstdint>
-#include <span>
 
 #include "bytes/bytes.h"
-#include "runtime/memory.h"
+#include "search/exact/exact.h"
 
 namespace vstring::search {
 
-// What becomes of a text in which `occurrences` of an m-byte pattern were found. They are replaced
-// from left to right, and one that overlaps a replaced one is dropped. The result is cut at E
-// bytes, where E is one more than the length it would have if every occurrence, overlapping ones
-// included, were replaced: the cut is felt only when some overlap and the replacement is the
-// shorter, and scripts depend on it. Keeps in `occurrences` (offsets, increasing) those that are
-// replaced. Returns the length of the result, or SIZE_MAX, which no
-// allocation grants, when it cannot be represented.
-std::size_t plan_substitution(std::size_t text_length, std::size_t m, std::size_t r,
-                              HeldArray<std::size_t>& occurrences);
+// Replaces every occurrence of a pattern, from left to right; one that overlaps a replaced one
+// stays. The result is cut at E bytes, where E is one more than the length it would have if every
+// occurrence, overlapping ones included, were replaced: the cut is felt only when some overlap and
+// the replacement is the shorter, and scripts depend on it.
+class Substitution {
+ public:
+  // The three must outlive it.
+  Substitution(Bytes text, Bytes pattern, Bytes replacement);
 
-// Writes as much of the text with its occurrences replaced as `out` holds. The occurrences do not
-// overlap.
-void substitute(Bytes text, std::size_t m, Bytes replacement,
-                std::span<const std::size_t> occurrences, MutableBytes out);
+  bool is_found() const { return first_ != npos; }
+  // No result is longer. SIZE_MAX, which no allocation grants, when it cannot be represented.
+  std::size_t room() const;
+  // Writes the result to `out`, which has that room, and returns its length. It is the text as it
+  // is where the occurrences count as none (search/exact/reported_count.h). To be called once.
+  std::size_t write(MutableBytes out);
+
+ private:
+  Bytes text_;
+  Bytes pattern_;
+  Bytes replacement_;
+  Finder finder_;
+  std::size_t first_;
+};
 
 }  // namespace vstring::search

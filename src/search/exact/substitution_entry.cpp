@@ -2,20 +2,19 @@
 #include "host/args.h"
 #include "host/result.h"
 #include "search/exact/exact.h"
-#include "search/exact/reported_count.h"
 #include "search/exact/substitution.h"
 
 using namespace vstring;
 
 namespace {
 
-struct Substitution {
+struct Query {
   Bytes text;
   Bytes pattern;
   Bytes replacement;
 };
 
-Substitution decoded(const Args& args) {
+Query decoded(const Args& args) {
   const Bytes text = args.text(1);
   const Bytes pattern = args.text(2);
   return {text, pattern, args.text(3)};
@@ -34,7 +33,8 @@ HostObject vstring_subst(const HostTable* host, HostObject argseq) {
   const std::size_t at = search::find(pattern, text);
   if (at == npos) return copy_of_text(args);
   TextResult result(args, text.size() - pattern.size() + replacement.size());
-  search::substitute(text, pattern.size(), replacement, {&at, 1}, result.bytes());
+  const MutableBytes rest = copy_into(copy_into(result.bytes(), text.first(at)), replacement);
+  copy_into(rest, text.subspan(at + pattern.size()));
   return result.object();
 }
 
@@ -42,16 +42,8 @@ HostObject vstring_substx(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kThree);
   const auto [text, pattern, replacement] = decoded(args);
   if (text.size() < pattern.size()) return args.object(1);
-  HeldArray<std::size_t> occurrences;
-  args.require(search::find_all(pattern, text, occurrences));
-  if (!search::counts_as_found(occurrences.size())) {
-    occurrences.free();
-    return copy_of_text(args);
-  }
-  const std::size_t length =
-      search::plan_substitution(text.size(), pattern.size(), replacement.size(), occurrences);
-  TextResult result(args, length);
-  search::substitute(text, pattern.size(), replacement, occurrences.view(), result.bytes());
-  occurrences.free();
-  return result.object();
+  search::Substitution substitution(text, pattern, replacement);
+  if (!substitution.is_found()) return copy_of_text(args);
+  TextResult result(args, substitution.room());
+  return result.object(substitution.write(result.bytes()));
 }
