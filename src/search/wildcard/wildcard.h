@@ -13,9 +13,10 @@
 //
 // Every element but "*" takes exactly one byte. The leftmost place for each segment between two
 // stars therefore leaves the most room for the rest, and no other needs to be tried: there is
-// nothing to backtrack into. A literal segment is searched by the exact matcher. Others go through
-// a bit-parallel automaton, one bit per element (R. A. Baeza-Yates, G. H. Gonnet, "A new approach
-// to text searching", 1992).
+// nothing to backtrack into. A literal segment is searched by the exact matcher. Of others the
+// places worth trying are looked for (search/wildcard/places.h); where there are too many, a
+// bit-parallel automaton takes over, one bit per element (R. A. Baeza-Yates, G. H. Gonnet, "A new
+// approach to text searching", 1992).
 #pragma once
 #include "bytes/bytes.h"
 #include "runtime/status.h"
