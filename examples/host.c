@@ -1,5 +1,5 @@
 /* A complete host for vstring in plain C: a heap, the operations that the library calls, errors,
- * and a procedure of its own that a command calls back. */
+ * and procedures that commands call back. */
 #include <setjmp.h>
 #include <stdarg.h>
 #include <stdio.h>
@@ -156,15 +156,25 @@ static void user_info(int64_t level, const char* package, const char* text) {
   if (level <= 1) printf("%s: %s\n", package, text);
 }
 
-/* The one procedure of this host, convert(x, string): x as it is printed. */
+/* The procedures of this host: convert(x, string), x as it is printed, and one that is a command.
+ */
+static const HostTable table;
+
 static HostObject eval_proc(HostObject procedure, int64_t n, ...) {
-  if (n != 2 || strcmp(text_of(procedure), "convert") != 0) host_error("cannot call %1", procedure);
+  const char* const name = tag_of(procedure) == HOST_TAG_NAME ? text_of(procedure) : "";
   va_list list;
   va_start(list, n);
-  line_length = 0;
-  put_object(va_arg(list, HostObject));
+  const HostObject x = va_arg(list, HostObject);
   va_end(list);
-  return new_string(line);
+  if (n == 2 && strcmp(name, "convert") == 0) {
+    line_length = 0;
+    put_object(x);
+    return new_string(line);
+  }
+  if (n != 1 || strcmp(name, "uppercase") != 0) host_error("cannot call %1", procedure);
+  const HostObject argseq = new_sequence(1);
+  words_of(argseq)[1] = x;
+  return vstring_uppercase(&table, argseq);
 }
 
 static const HostTable table = {.HostAssign = assign,
@@ -223,6 +233,8 @@ int main(void) {
   call("message", vstring_fmtmsg, 3, new_string("%1 is made of %2"), banana, factors);
   call("letters", vstring_tally, 1, banana);
   call("entropy", vstring_entropy, 1, new_string("abcd"));
+  call("every letter", vstring_map, 2, new_name("uppercase", 1), banana);
+  call("no procedure", vstring_map, 2, new_name("nothing", 1), banana);
   call("refused", vstring_take, 2, banana, new_integer(-1));
   call("too few", vstring_take, 1, banana);
   vstringRelease(&table); /* the library keeps nothing of this heap: it may go */
