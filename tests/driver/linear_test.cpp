@@ -58,7 +58,10 @@ TEST(LinearLongTier, Searching) {
            "length(longestpalindrome(cap(W(a), \"\", \"b\")))",
            "length(longestpalindrome(cap(W(F), \"\", \"c\")))",
            "size(palindromes(W(ab), 100000000))",
+           "size(palindromes(W(a)))",
            "isbalanced(cap(W(([), \"\", \"]\"))",
+           "size(brackets(cap(H([), \"\", H(}))))",
+           "size(brackets(W([{]})))",
        })
     check_linear(call);
   // a, aa, aaa, ... of n bytes in all.

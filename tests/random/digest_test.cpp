@@ -85,6 +85,15 @@ TEST(Digests, ValuesOfDigest) {
       {R"(digest("123456789", method = "crc32"), digest("", "method" = crc32, 7))",
        R"("cbf43926", "00000000")"},
       {R"(digest("", method = SHA1))", R"("da39a3ee5e6b4b0d3255bfef95601890afd80709")"},
+      {R"(digest("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"))",
+       R"("248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1")"},
+      {R"(digest("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq", method = sha1))",
+       R"("84983e441c3bd26ebaae4aa1f95129e5e54670f1")"},
+      {R"(digest("abc", method = "sha512"))",
+       R"("ddaf35a193617abacc417349ae20413112e6fa4e89a97ea20a9eeee64b55d39a)"
+       R"(2192992a274fc1a836ba3c23a3feebbd454d4423643ce80e2a9ac94fa54ca49f")"},
+      {R"(digest(repeat("a", 1000000)))",
+       R"("cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0")"},
   });
 }
 
