@@ -6,7 +6,7 @@
 namespace velmor {
 
 // While it lives, std::cout writes through it to file descriptor 1.
-class StandardOutput : std::streambuf {
+class StandardOutput final : std::streambuf {
  public:
   StandardOutput();
   ~StandardOutput() override;
