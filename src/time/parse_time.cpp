@@ -30,26 +30,26 @@ struct Fields {
 
 struct NumberRow {
   char conversion;
-  int Fields::*field;
-  int digits;
-  int least;
+  signed char digits;
+  short least;
   int most;
+  int Fields::*field;
 };
 
 // clang-format off
 constexpr NumberRow kNumbers[] = {
-    {'Y', &Fields::year, 4, 0, 9999},
-    {'y', &Fields::year, 2, 0, 99},
-    {'m', &Fields::month, 2, 1, 12},
-    {'d', &Fields::day, 2, 1, 31},
-    {'e', &Fields::day, 2, 1, 31},
-    {'j', &Fields::day_of_year, 3, 1, 366},
-    {'H', &Fields::hour, 2, 0, 23},
-    {'k', &Fields::hour, 2, 0, 23},
-    {'I', &Fields::hour, 2, 1, 12},
-    {'l', &Fields::hour, 2, 1, 12},
-    {'M', &Fields::minute, 2, 0, 59},
-    {'S', &Fields::second, 2, 0, 59},
+    {'Y', 4, 0, 9999, &Fields::year},
+    {'y', 2, 0, 99, &Fields::year},
+    {'m', 2, 1, 12, &Fields::month},
+    {'d', 2, 1, 31, &Fields::day},
+    {'e', 2, 1, 31, &Fields::day},
+    {'j', 3, 1, 366, &Fields::day_of_year},
+    {'H', 2, 0, 23, &Fields::hour},
+    {'k', 2, 0, 23, &Fields::hour},
+    {'I', 2, 1, 12, &Fields::hour},
+    {'l', 2, 1, 12, &Fields::hour},
+    {'M', 2, 0, 59, &Fields::minute},
+    {'S', 2, 0, 59, &Fields::second},
 };
 // clang-format on
 
