@@ -11,6 +11,7 @@ namespace {
 TEST(Procedures, Values) {
   Check({
       {R"(map(ord, ""), map(c -> cap(c, "<", ">"), ab, 7))", R"("", "<a><b>")"},
+      {R"(map(escape, "a\tb"))", R"("a\\tb")"},
       {R"(filter(isalpha, ""), filter(c -> isvowel(c), banana), reject(isvowel, "banana"))",
        R"("", "aaa", "bnn")"},
       {R"(foldl(insert, "x", ""), foldr(overlap, 7, ""), foldl(compare, "a", "b"))",
@@ -89,7 +90,7 @@ TEST(Procedures, AreCalledOnceForEachLetterInOrder) {
 TEST(Procedures, Refusals) {
   CheckRefusals({
       {"first argument must be a procedure",
-       R"(map("f", 7); filter(7, 7); reject([f], "a"); foldl({f}, 2, "a"); foldr(f = g, 1, 2); )"
+       R"(map("f", 7); filter(7, 7); reject([f], "a"); foldl(1, 2, "a"); foldl({f}, 2, "a"); foldr(f = g, 1, 2); )"
        R"(groupby(1 .. 2, "a"); tabulate(-123456789012345678901234567890, "a"))"},
       {"second argument must be a string",
        R"(map(f, 7); filter(f, [f]); reject(f, 1); groupby(f, 1))"},
