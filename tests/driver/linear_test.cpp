@@ -51,6 +51,11 @@ TEST(LinearLongTier, Searching) {
            "searchx(cap(F, \"\", \"b\"), W(F))",
            "length(substx(W(a), repeat(\"a\", 32), \"b\"))",
            "asearchb(repeat(\"ab\", 100), W(aab), 5, 2)",
+           "asearchb(repeat(\"ab\", 12), W(aabb), 4, 2)",
+           "asearchb(\"abcdabcdabce\", W(abcd), 1, 2)",
+           "length(substx(W(ab), \"aba\", \"abababab\"))",
+           "wild(\"*a?b*\", W(a))",
+           "wild(\"*[ab]a[ab]c*\", W(ab))",
            "search([cap(R, \"\", \"b\"), cap(R, \"b\", \"\")], W(a))",
            "search([\"abac\", \"abaabc\"], W(abaab))",  // beginnings that lead nowhere
            "search([W(a), W(ab)], \"ba\")",
