@@ -46,35 +46,39 @@ VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std
     bytes[i] = _mm256_set1_epi8(static_cast<char>(probes.bytes[i]));
     texts[i] = text + probes.offsets[i];
   }
-  const auto look_ahead = [&](std::size_t place) VSTRING_AVX2 {
+  const auto look_ahead = [&](std::size_t place) VSTRING_AVX2 __attribute__((always_inline)) {
     Hits hits = probe(texts[0] + place, bytes[0]);
     for (std::size_t i = 1; i < kAhead; ++i) hits = both(hits, probe(texts[i] + place, bytes[i]));
     return hits;
   };
-  const auto leaves_nothing = [](const Hits& hits) VSTRING_AVX2 {
+  const auto leaves_nothing = [](const Hits& hits) VSTRING_AVX2 __attribute__((always_inline)) {
     const __m256i any = _mm256_or_si256(hits.low, hits.high);
     return _mm256_testz_si256(any, any) != 0;
   };
-  const std::size_t last = end - kProbeBlock;
-  std::size_t place = at;
-  Budget budget = ahead;
-  std::uint64_t found = 0;
-  for (; found == 0 && place <= last; place += found == 0 ? kProbeBlock : 0) {
-    Hits hits = look_ahead(place);
-    if (!budget.is_used_up()) {
-      const std::size_t first = place;
-      while (leaves_nothing(hits) && place + kProbeBlock <= last) {
-        hits = look_ahead(place += kProbeBlock);
-      }
-      budget.earn((place - first) / kProbeBlock);
-      budget.spend(kLookCost);
-    }
+  const auto look_at_others = [&](Hits hits, std::size_t place) VSTRING_AVX2
+      __attribute__((always_inline)) {
 #pragma GCC unroll 8
     for (std::size_t i = kAhead; i < N; ++i) hits = both(hits, probe(texts[i] + place, bytes[i]));
-    found = bits(hits);
+    return bits(hits);
+  };
+  const std::size_t last = end - kProbeBlock;
+  std::uint64_t found = 0;
+  while (found == 0 && at <= last && !ahead.is_used_up()) {
+    const std::size_t first = at;
+    Hits hits = look_ahead(at);
+    while (leaves_nothing(hits) && at + kProbeBlock <= last) hits = look_ahead(at += kProbeBlock);
+    ahead.earn((at - first) / kProbeBlock);
+    ahead.spend(kLookCost);
+    found = look_at_others(hits, at);
+    if (found == 0) at += kProbeBlock;
+  }
+  if (found != 0) return found;
+  std::size_t place = at;
+  for (; place <= last; place += kProbeBlock) {
+    found = look_at_others(look_ahead(place), place);
+    if (found != 0) break;
   }
   at = place;
-  ahead = budget;
   return found;
 }
 
