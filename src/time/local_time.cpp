@@ -5,6 +5,7 @@
 #include <ctime>
 
 #include "bytes/bytes.h"
+#include "host/vstring.h"
 #include "runtime/growing_text.h"
 #include "time/format_time.h"
 
@@ -76,8 +77,8 @@ Result<const char*> format_local(std::int64_t when, const char* format, char* bu
   const std::time_t seconds = when;
   const std::tm* const broken_down = std::localtime(&seconds);
   if (broken_down == nullptr) return Status::refused;  // a year beyond int
+  if (my_strftime(buffer, size, format, broken_down) != 0) return buffer;
   const std::size_t length = format_time(buffer, size, format, *broken_down);
-  if (length <= size) return buffer;
   if (!block.resize(length)) return Status::out_of_memory;
   format_time(block.data(), length, format, *broken_down);
   return block.data();

@@ -9,8 +9,9 @@
 namespace vstring::time {
 
 // The NUL-terminated text of `when` (seconds since the epoch), broken down in the local zone and
-// formatted by format_time. It is built in `buffer`, of `size` bytes, or in `block` where that is
-// too short. LC_TIME is the "C" locale meanwhile and what it was before on return.
+// formatted by my_strftime, whose rule for plain text holds. It is built in `buffer`, of `size`
+// bytes, or in `block` where that is too short. LC_TIME is the "C" locale meanwhile and what it was
+// before on return.
 Result<const char*> format_local(std::int64_t when, const char* format, char* buffer,
                                  std::size_t size, HeldArray<char>& block);
 

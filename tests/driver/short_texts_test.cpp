@@ -50,7 +50,7 @@ TEST(ShortTexts, TakeNoMemory) {
          return Values{"%1", letters(n)};
        },
        8191},
-      {vstring_fmttime, [](std::int64_t n) { return Values{letters(n)}; }, 8191},
+      {vstring_fmttime, [](std::int64_t n) { return Values{letters(n)}; }, 8190},
       {vstring_casesplit, [](std::int64_t n) { return Values{letters(n) + "Y"}; }, 8191},
       {vstring_borderarray, [](std::int64_t n) { return Values{letters(n)}; }, 511},
       {vstring_overlap,
