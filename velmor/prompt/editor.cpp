@@ -2,6 +2,7 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -40,6 +41,15 @@ Editor* editor_of(EditLine* line) {
   void* data = nullptr;
   el_get(line, EL_CLIENTDATA, &data);
   return static_cast<Editor*>(data);
+}
+
+// libedit shows the prompt first and takes the terminal out of its line mode after that; a Ctrl-D
+// typed in between, which a line mode takes for itself, would be lost.
+void leave_line_mode() {
+  termios mode;
+  if (tcgetattr(STDIN_FILENO, &mode) != 0) return;
+  mode.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
+  tcsetattr(STDIN_FILENO, TCSADRAIN, &mode);
 }
 
 // The editor must know which bytes make a character, while commands are to run in the "C" locale,
@@ -88,6 +98,7 @@ Editor::Event Editor::read(const char* prompt, std::string& line) {
   prompt_ = prompt;
   std::cout.flush();
   forget_interruptions();
+  leave_line_mode();
   int count = 0;
   const char* const typed = el_gets(editor_, &count);
   if (interrupted != 0) {
