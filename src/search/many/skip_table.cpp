@@ -23,6 +23,8 @@ bool SkipTable::prepare(VstringPool* pool, std::span<const Pattern> patterns) {
   has_filter_ =
       has_avx2() && patterns.size() <= kFewPatterns && hashed_ >= PrefixFilter::kMaxLength;
   filter_ = {};
+  // No pattern is empty.
+  // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult)
   factor_ = kGoldenRatio << (64 - 8 * hashed_);
   const std::size_t most = std::min(patterns.size(), kMaxSize / kPlacesPerPattern);
   const std::size_t size = std::max(kMinSize, std::bit_ceil(most * kPlacesPerPattern));

@@ -47,6 +47,8 @@ class ElementMasks {
 
 // Runs the automaton whose bit i is set when elements 0..i match the bytes up to here.
 std::size_t find_in_one_word(const Segment& segment, const ElementMasks& masks, Bytes text) {
+  // There is an element.
+  // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult)
   const std::uint64_t accept = std::uint64_t{1} << (segment.elements - 1);
   std::uint64_t state = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
