@@ -28,6 +28,9 @@ std::size_t choose(std::size_t n) {
 
 }  // namespace
 
+// What the fuzzing engine calls; no header of its own declares it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   vstring_test::limit_allocation(std::size_t{1} << 22);
   // One heap for all inputs: the library holds on to lists from one call to the next. Without the

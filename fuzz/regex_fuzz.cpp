@@ -43,6 +43,9 @@ std::string_view take(std::string_view& rest, std::size_t longest) {
 
 }  // namespace
 
+// What the fuzzing engine calls; no header of its own declares it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view rest(reinterpret_cast<const char*>(data), size);
   const bool is_damaged = !rest.empty() && rest[0] == '\377';
