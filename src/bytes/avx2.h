@@ -16,6 +16,10 @@ VSTRING_AVX2 inline __m256i load(const Byte* block) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(block));
 }
 
+VSTRING_AVX2 inline void store(Byte* block, __m256i bytes) {
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(block), bytes);
+}
+
 // A table of sixteen bytes for look-ups in both halves of a register.
 VSTRING_AVX2 inline __m256i load_table(const Byte* table) {
   return _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(table)));

@@ -41,7 +41,7 @@ VSTRING_AVX2 std::uint32_t find_in_blocks(Bytes pattern, Bytes text, std::size_t
   for (; end - at >= kNearBlock; at += kNearBlock) {
     const std::uint32_t within = count_block(pattern, text.data() + at, too_many, counted);
     if (within == 0) continue;
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(counts), counted);
+    avx2::store(counts, counted);
     return within;
   }
   return 0;

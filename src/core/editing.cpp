@@ -81,10 +81,6 @@ void repeat(Bytes text, MutableBytes out) {
   }
 }
 
-void reverse(Bytes text, MutableBytes out) {
-  std::reverse_copy(text.begin(), text.end(), out.begin());
-}
-
 void rotate_right(Bytes text, std::int64_t distance, MutableBytes out) {
   const std::size_t magnitude = static_cast<std::size_t>(distance < 0 ? -distance : distance);
   const std::size_t moved = magnitude % text.size();

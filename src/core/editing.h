@@ -31,7 +31,6 @@ Byte smallest(Bytes text);
 
 // Fills `out` with copies of `text`, which is not empty; the size of `out` is a multiple of its.
 void repeat(Bytes text, MutableBytes out);
-void reverse(Bytes text, MutableBytes out);
 // Rotates a non-empty `text` to the right by |distance|: either sign turns it the same way.
 void rotate_right(Bytes text, std::int64_t distance, MutableBytes out);
 // Adds `amount` to every byte, modulo 256.

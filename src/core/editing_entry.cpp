@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "bytes/reverse.h"
 #include "core/editing.h"
 #include "host/args.h"
 #include "host/measure.h"
@@ -91,7 +92,7 @@ HostObject vstring_reverse(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   TextResult result(args, text.size());
-  core::reverse(text, result.bytes());
+  reverse_bytes(text, result.bytes());
   return result.object();
 }
 

@@ -14,6 +14,7 @@
 #include "bytes/find_near.h"
 #include "bytes/find_probes.h"
 #include "bytes/prefix_filter.h"
+#include "bytes/reverse.h"
 #include "bytes/scan_stream.h"
 
 namespace vstring_test {
@@ -40,6 +41,25 @@ void on_random_texts(Check check) {
   }
 }
 
+// The same for kernels without a place to begin at: every length up to some blocks, at every
+// alignment, bytes of any value.
+template <typename Check>
+void at_every_alignment(Check check) {
+  std::mt19937 random(20261122);
+  for (std::size_t n = 0; n <= 200; ++n) {
+    for (std::size_t alignment = 0; alignment < 32; ++alignment) {
+      std::vector<Byte> block(alignment + n);
+      for (Byte& c : block) c = static_cast<Byte>(random());
+      for (const bool plain : {false, true}) {
+        plain_kernels_only = plain;
+        check(Bytes(block).subspan(alignment), random);
+      }
+      plain_kernels_only = false;
+      if (testing::Test::HasFailure()) return;
+    }
+  }
+}
+
 ByteSet random_set(std::mt19937& random, std::size_t members) {
   ByteSet set;
   for (std::size_t i = 0; i < members; ++i) set.add(static_cast<Byte>(random()));
@@ -53,6 +73,14 @@ std::size_t first_place(std::size_t at, std::size_t end, std::size_t none, Condi
     if (holds(at)) return at;
   }
   return none;
+}
+
+TEST(Kernels, ReverseBytes) {
+  at_every_alignment([](Bytes text, std::mt19937&) {
+    std::vector<Byte> out(text.size());
+    reverse_bytes(text, out);
+    EXPECT_TRUE(std::equal(text.rbegin(), text.rend(), out.begin(), out.end()));
+  });
 }
 
 TEST(Kernels, ByteScan) {
