@@ -3,18 +3,23 @@
 #include <algorithm>
 #include <array>
 
+#include "bytes/byte_map.h"
+
 namespace vstring::charclass {
 namespace {
 
-// Whether the class table has all of first..last in the class, as it has unless the host changed
-// it. The maps then need no table, and compile to vector code.
-bool holds_all(Class wanted, Byte first, Byte last) {
-  std::uint32_t common = wanted;
-  for (std::size_t c = first; c <= last; ++c) common &= cclbm[c];
-  return common != 0;
+// As the class table is now: the host may have changed it.
+template <Byte (*map)(Byte)>
+void change_case(Bytes text, MutableBytes out, Byte first, Byte last) {
+  constexpr std::size_t kTooShortForMap = 32;
+  if (text.size() <= kTooShortForMap) {
+    std::transform(text.begin(), text.end(), out.begin(), map);
+    return;
+  }
+  ByteMap changed;
+  changed.set_all(first, last, map);
+  changed.apply(text, out);
 }
-
-constexpr std::size_t kTooShortToAsk = 32;
 
 consteval std::array<Byte, 256> table_of(Byte (*map)(Byte)) {
   std::array<Byte, 256> table{};
@@ -22,25 +27,10 @@ consteval std::array<Byte, 256> table_of(Byte (*map)(Byte)) {
   return table;
 }
 
-constexpr std::array<Byte, 256> kIdentity = table_of([](Byte c) { return c; });
-
 }  // namespace
 
-void lowercase(Bytes text, MutableBytes out) {
-  if (text.size() > kTooShortToAsk && holds_all(kUpper, 'A', 'Z')) {
-    std::transform(text.begin(), text.end(), out.begin(), to_lower);
-  } else {
-    std::transform(text.begin(), text.end(), out.begin(), lowered);
-  }
-}
-
-void uppercase(Bytes text, MutableBytes out) {
-  if (text.size() > kTooShortToAsk && holds_all(kLower, 'a', 'z')) {
-    std::transform(text.begin(), text.end(), out.begin(), to_upper);
-  } else {
-    std::transform(text.begin(), text.end(), out.begin(), raised);
-  }
-}
+void lowercase(Bytes text, MutableBytes out) { change_case<lowered>(text, out, 'A', 'Z'); }
+void uppercase(Bytes text, MutableBytes out) { change_case<raised>(text, out, 'a', 'z'); }
 
 void capitalise(Bytes text, MutableBytes out) {
   // Tables instead of branches, which words in running text make unpredictable.
@@ -56,9 +46,9 @@ void capitalise(Bytes text, MutableBytes out) {
 }
 
 void translate(Bytes from, Bytes to, Bytes text, MutableBytes out) {
-  std::array<Byte, 256> map = kIdentity;
-  for (std::size_t k = from.size(); k > 0; --k) map[from[k - 1]] = to[k - 1];  // the first one wins
-  std::transform(text.begin(), text.end(), out.begin(), [&map](Byte c) { return map[c]; });
+  ByteMap map;
+  for (std::size_t k = from.size(); k > 0; --k) map.set(from[k - 1], to[k - 1]);  // first one wins
+  map.apply(text, out);
 }
 
 }  // namespace vstring::charclass

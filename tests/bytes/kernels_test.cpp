@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bytes/byte_map.h"
 #include "bytes/byte_scan.h"
 #include "bytes/cpu.h"
 #include "bytes/edit_column.h"
@@ -80,6 +81,29 @@ TEST(Kernels, ReverseBytes) {
     std::vector<Byte> out(text.size());
     reverse_bytes(text, out);
     EXPECT_TRUE(std::equal(text.rbegin(), text.rend(), out.begin(), out.end()));
+  });
+}
+
+// Few rows of sixteen change, or all of them; some bytes are mapped twice.
+TEST(Kernels, ByteMap) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    ByteMap map;
+    std::vector<Byte> images(256);
+    for (std::size_t c = 0; c < 256; ++c) images[c] = static_cast<Byte>(c);
+    for (std::size_t i = random() % 3 == 0 ? 300 : random() % 8; i > 0; --i) {
+      const auto from = static_cast<Byte>(random());
+      images[from] = static_cast<Byte>(random());
+      map.set(from, images[from]);
+    }
+    const std::size_t first = random() % 256;
+    const std::size_t last = first + random() % std::min<std::size_t>(256 - first, 40);
+    const auto change = static_cast<Byte>(random());
+    map.set_all(static_cast<Byte>(first), static_cast<Byte>(last),
+                [change](Byte c) { return static_cast<Byte>(c + change); });
+    for (std::size_t c = first; c <= last; ++c) images[c] = static_cast<Byte>(c + change);
+    std::vector<Byte> out(text.size());
+    map.apply(text, out);
+    for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(images[text[i]], out[i]);
   });
 }
 
