@@ -63,10 +63,6 @@ std::size_t find_last(Bytes text, Byte c) {
   return n == 0 ? npos : n - 1;
 }
 
-std::size_t count(Bytes text, Byte c) {
-  return static_cast<std::size_t>(std::count(text.begin(), text.end(), c));
-}
-
 Byte largest(Bytes text) { return *std::max_element(text.begin(), text.end()); }
 Byte smallest(Bytes text) { return *std::min_element(text.begin(), text.end()); }
 

@@ -23,7 +23,6 @@ bool is_suffix(Bytes suffix, Bytes text);
 // Offset of the first or last `c`, or npos.
 std::size_t find_first(Bytes text, Byte c);
 std::size_t find_last(Bytes text, Byte c);
-std::size_t count(Bytes text, Byte c);
 
 // The largest and smallest byte. Requires a text of at least one byte.
 Byte largest(Bytes text);

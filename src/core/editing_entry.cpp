@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "bytes/count_byte.h"
 #include "bytes/reverse.h"
 #include "core/editing.h"
 #include "host/args.h"
@@ -219,7 +220,7 @@ HostObject vstring_numboccur(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kTwo);
   const Bytes text = args.text(1);
   const Bytes wanted = args.text(2);
-  return new_integer(args, wanted.empty() ? 0 : core::count(text, wanted[0]));
+  return new_integer(args, wanted.empty() ? 0 : count_byte(text, wanted[0]));
 }
 
 // The extremes of a text shorter than two bytes are those of no byte at all: the lowest byte for

@@ -1,9 +1,8 @@
 #include "encoding/marked.h"
 
-#include <algorithm>
-
 #include "bytes/byte_scan.h"
 #include "bytes/copy.h"
+#include "bytes/count_byte.h"
 #include "encoding/hexadecimal.h"
 
 namespace vstring::encoding {
@@ -65,7 +64,7 @@ constinit const Pieces kPercent([](Byte c) {
 // Two bytes more for a blank at the end of each line; two for each line that is broken, which is
 // then nearly full.
 std::size_t quoted_room(Bytes text) {
-  const auto lines = 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+  const auto lines = 1 + count_byte(text, '\n');
   const std::size_t whole = kQuoted.length(text) + (kLongestPiece - 1) * lines;
   return whole + 2 * (whole / (kLongestLine - kLongestPiece + 1));
 }

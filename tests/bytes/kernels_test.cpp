@@ -9,6 +9,7 @@
 
 #include "bytes/byte_map.h"
 #include "bytes/byte_scan.h"
+#include "bytes/count_byte.h"
 #include "bytes/cpu.h"
 #include "bytes/edit_column.h"
 #include "bytes/edit_lanes.h"
@@ -105,6 +106,17 @@ TEST(Kernels, ByteMap) {
     map.apply(text, out);
     for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(images[text[i]], out[i]);
   });
+}
+
+TEST(Kernels, CountByte) {
+  const auto check = [](Bytes text, std::mt19937& random) {
+    const Byte c = text.empty() ? Byte{0} : text[random() % text.size()];
+    EXPECT_EQ(std::count(text.begin(), text.end(), c), count_byte(text, c));
+  };
+  at_every_alignment(check);
+  on_random_texts(check);
+  const std::vector<Byte> many(20000, 200);  // more than one byte of a sum can hold
+  EXPECT_EQ(many.size(), count_byte(many, 200));
 }
 
 TEST(Kernels, ByteScan) {
