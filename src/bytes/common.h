@@ -19,11 +19,17 @@ inline std::uint64_t load8(const Byte* bytes) {
   return word;
 }
 
-// Length of the longest common prefix.
+// From i on, passes blocks of some size in which the texts agree, none beyond `end`; without
+// vectors it stays where it is.
+std::size_t pass_equal_blocks(const Byte* a, const Byte* b, std::size_t i, std::size_t end);
+
+// Length of the longest common prefix. Most are short: the call waits until some bytes agree.
 inline std::size_t common_prefix(Bytes a, Bytes b) {
+  constexpr std::size_t kNear = 32;
   const std::size_t n = std::min(a.size(), b.size());
   std::size_t i = 0;
   for (; i + 8 <= n; i += 8) {
+    if (i == kNear) i = pass_equal_blocks(a.data(), b.data(), i, n - 8);
     const std::uint64_t differing = load8(a.data() + i) ^ load8(b.data() + i);
     if (differing != 0) return i + static_cast<std::size_t>(std::countr_zero(differing)) / 8;
   }

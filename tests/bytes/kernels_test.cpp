@@ -9,6 +9,7 @@
 
 #include "bytes/byte_map.h"
 #include "bytes/byte_scan.h"
+#include "bytes/common.h"
 #include "bytes/count_byte.h"
 #include "bytes/cpu.h"
 #include "bytes/edit_column.h"
@@ -117,6 +118,18 @@ TEST(Kernels, CountByte) {
   on_random_texts(check);
   const std::vector<Byte> many(20000, 200);  // more than one byte of a sum can hold
   EXPECT_EQ(many.size(), count_byte(many, 200));
+}
+
+TEST(Kernels, CommonPrefix) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    std::vector<Byte> other(text.begin(), text.end());
+    EXPECT_EQ(text.size(), common_prefix(text, other));
+    if (text.empty()) return;
+    const std::size_t i = random() % text.size();
+    other[i] ^= static_cast<Byte>(1U << random() % 8);
+    EXPECT_EQ(i, common_prefix(text, other));
+    EXPECT_EQ(i, common_prefix(text, Bytes(other).first(i)));
+  });
 }
 
 TEST(Kernels, ByteScan) {
