@@ -166,7 +166,8 @@ HostObject vstring_regsplit(const HostTable* host, HostObject argseq) {
     cuts.free();
     earlier.free();
   }
-  require(args, has_earlier ? outcome : Outcome::out_of_memory, "cannot split");
+  const bool has_outcome = has_earlier || outcome == Outcome::out_of_space;
+  require(args, has_outcome ? outcome : Outcome::out_of_memory, "cannot split");
   if (cuts.empty()) return args.object(2);
   const std::size_t n = cuts.size() + (rest < text.size() ? 1 : 0);
   const HostObject pieces = new_sequence(args, n, [&](std::size_t i) {
