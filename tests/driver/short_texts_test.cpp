@@ -52,6 +52,11 @@ TEST(ShortTexts, TakeNoMemory) {
        8191},
       {vstring_fmttime, [](std::int64_t n) { return Values{letters(n)}; }, 8190},
       {vstring_casesplit, [](std::int64_t n) { return Values{letters(n) + "Y"}; }, 8191},
+      {vstring_substx,
+       [](std::int64_t n) {
+         return Values{std::string(5000, 'y') + letters(n), "y", ""};
+       },
+       8189},
       {vstring_borderarray, [](std::int64_t n) { return Values{letters(n)}; }, 511},
       {vstring_overlap,
        [](std::int64_t n) {

@@ -17,18 +17,24 @@ class Substitution {
   Substitution(Bytes text, Bytes pattern, Bytes replacement);
 
   bool is_found() const { return first_ != npos; }
-  // No result is longer. SIZE_MAX, which no allocation grants, when it cannot be represented.
-  std::size_t room() const;
+  // The length of the result; of a text that fits the scratch buffer, and so what becomes of it
+  // when the replacement is the shorter, its own will do. SIZE_MAX, which no allocation grants,
+  // when it cannot be represented.
+  std::size_t room();
   // Writes the result to `out`, which has that room, and returns its length. It is the text as it
   // is where the occurrences count as none (search/exact/reported_count.h). To be called once.
   std::size_t write(MutableBytes out);
 
  private:
+  // Of the text with `count` replacements.
+  __int128 length_after(std::size_t count) const;
+
   Bytes text_;
   Bytes pattern_;
   Bytes replacement_;
   Finder finder_;
   std::size_t first_;
+  bool is_kept_ = false;  // the occurrences count as none
 };
 
 }  // namespace vstring::search
