@@ -30,6 +30,12 @@ VSTRING_AVX2 inline __m256i upper_halves(__m256i bytes) {
   return _mm256_and_si256(_mm256_srli_epi16(bytes, 4), _mm256_set1_epi8(15));
 }
 
+VSTRING_AVX2 inline std::uint64_t sum_of_four(__m256i numbers) {
+  std::uint64_t parts[4];
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(parts), numbers);
+  return parts[0] + parts[1] + parts[2] + parts[3];
+}
+
 // Bit i tells whether byte i is not zero.
 VSTRING_AVX2 inline std::uint32_t non_zero(__m256i bytes) {
   const __m256i zero = _mm256_cmpeq_epi8(bytes, _mm256_setzero_si256());

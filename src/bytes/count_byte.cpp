@@ -29,9 +29,7 @@ VSTRING_AVX2 std::size_t count_in_blocks(Bytes& text, Byte c) {
     total = _mm256_add_epi64(total, _mm256_sad_epu8(sums, zero));
     text = text.subspan(blocks * avx2::kBlock);
   }
-  std::uint64_t parts[4];
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(parts), total);
-  return parts[0] + parts[1] + parts[2] + parts[3];
+  return avx2::sum_of_four(total);
 }
 
 }  // namespace

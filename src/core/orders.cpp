@@ -58,17 +58,6 @@ int recursive_path(Iterator s, Iterator s_end, Iterator t, Iterator t_end) {
   return t == t_end ? last_passed : -1;
 }
 
-template <typename Map>
-bool precedes_under(Bytes s, Bytes t, Map map) {
-  for (std::size_t i = 0;; ++i) {
-    if (i == s.size()) return true;
-    if (i == t.size()) return false;
-    const Byte a = map(s[i]);
-    const Byte b = map(t[i]);
-    if (a != b) return a < b;
-  }
-}
-
 }  // namespace
 
 Byte first_repeated(Bytes letters) {
@@ -134,10 +123,23 @@ int recursive_path_from_right(Bytes s, Bytes t) {
 }
 
 bool precedes(Bytes s, Bytes t) {
-  return precedes_under(s, t, [](Byte c) { return c; });
+  const std::size_t i = common_prefix(s, t);
+  return i == s.size() || (i < t.size() && s[i] < t[i]);
 }
 
-bool precedes_ignoring_case(Bytes s, Bytes t) { return precedes_under(s, t, charclass::lowered); }
+bool precedes_ignoring_case(Bytes s, Bytes t) {
+  for (std::size_t i = 0;; ++i) {
+    if (i == s.size()) return true;
+    if (i == t.size()) return false;
+    if (s[i] == t[i]) {
+      i += common_prefix(s.subspan(i + 1), t.subspan(i + 1));
+      continue;
+    }
+    const Byte a = charclass::lowered(s[i]);
+    const Byte b = charclass::lowered(t[i]);
+    if (a != b) return a < b;
+  }
+}
 
 void sort_bytes(Bytes text, MutableBytes out) {
   // Below this, comparing is cheaper than looking at 256 counters.
@@ -159,19 +161,6 @@ void sort_bytes(Bytes text, MutableBytes out) {
     const std::size_t n = counts[0][c] + counts[1][c] + counts[2][c] + counts[3][c];
     next = std::fill_n(next, n, static_cast<Byte>(c));
   }
-}
-
-bool is_sorted(Bytes text) {
-  // Block by block, without a branch inside: the inner loop compiles to vector code.
-  constexpr std::size_t kBlock = 64;
-  std::size_t i = 1;
-  for (; i + kBlock <= text.size(); i += kBlock) {
-    unsigned descents = 0;
-    for (std::size_t k = i; k < i + kBlock; ++k) descents |= text[k] < text[k - 1] ? 1U : 0U;
-    if (descents != 0) return false;
-  }
-  return std::is_sorted(text.begin() + static_cast<std::ptrdiff_t>(std::min(i - 1, text.size())),
-                        text.end());
 }
 
 }  // namespace vstring::core

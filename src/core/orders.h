@@ -51,6 +51,5 @@ bool precedes_ignoring_case(Bytes s, Bytes t);
 // Writes the bytes of `text` in increasing order to `out`, of the same size; they do not overlap.
 // A counting sort: linear time.
 void sort_bytes(Bytes text, MutableBytes out);
-bool is_sorted(Bytes text);
 
 }  // namespace vstring::core

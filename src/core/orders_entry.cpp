@@ -1,6 +1,7 @@
 // Entry points: lex, revlex, shortlex, shortrevlex, wslo, wreathorder, lrpo, rrpo, compare,
 // compareci, sort, issorted.
 #include "bytes/byte_set.h"
+#include "bytes/is_sorted.h"
 #include "core/orders.h"
 #include "host/args.h"
 #include "host/measure.h"
@@ -155,5 +156,5 @@ HostObject vstring_sort(const HostTable* host, HostObject argseq) {
 
 HostObject vstring_issorted(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOneText);
-  return new_boolean(args, core::is_sorted(args.text(1)));
+  return new_boolean(args, is_sorted(args.text(1)));
 }

@@ -9,6 +9,7 @@
 
 #include "bytes/byte_map.h"
 #include "bytes/byte_scan.h"
+#include "bytes/byte_sums.h"
 #include "bytes/common.h"
 #include "bytes/count_byte.h"
 #include "bytes/cpu.h"
@@ -16,6 +17,7 @@
 #include "bytes/edit_lanes.h"
 #include "bytes/find_near.h"
 #include "bytes/find_probes.h"
+#include "bytes/is_sorted.h"
 #include "bytes/prefix_filter.h"
 #include "bytes/reverse.h"
 #include "bytes/scan_stream.h"
@@ -118,6 +120,38 @@ TEST(Kernels, CountByte) {
   on_random_texts(check);
   const std::vector<Byte> many(20000, 200);  // more than one byte of a sum can hold
   EXPECT_EQ(many.size(), count_byte(many, 200));
+}
+
+TEST(Kernels, ByteSums) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    std::vector<Byte> other(text.begin(), text.end());
+    for (Byte& c : other) c = random() % 3 == 0 ? static_cast<Byte>(random()) : c;
+    std::size_t different = 0;
+    std::size_t ways = 0;
+    std::size_t ways_to_0 = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const int distance = std::abs(text[i] - other[i]);
+      different += distance != 0 ? 1U : 0U;
+      ways += static_cast<std::size_t>(std::min(distance, 256 - distance));
+      ways_to_0 += static_cast<std::size_t>(std::min<int>(text[i], 256 - text[i]));
+    }
+    EXPECT_EQ(different, count_different(text, other));
+    EXPECT_EQ(ways, sum_ways(text, other));
+    EXPECT_EQ(ways_to_0, sum_ways_to_0(text));
+  });
+}
+
+// Two bytes of a sorted text change places, or none.
+TEST(Kernels, IsSorted) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    std::vector<Byte> sorted(text.begin(), text.end());
+    std::sort(sorted.begin(), sorted.end());
+    EXPECT_TRUE(is_sorted(sorted));
+    if (text.size() < 2) return;
+    const std::size_t i = random() % (text.size() - 1);
+    std::swap(sorted[i], sorted[i + 1]);
+    EXPECT_EQ(sorted[i] <= sorted[i + 1], is_sorted(sorted));
+  });
 }
 
 TEST(Kernels, CommonPrefix) {

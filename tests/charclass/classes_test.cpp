@@ -160,6 +160,7 @@ TEST(Predicates, AskTheTableAsItIs) {
       {R"(isupper("1B"), hasupper("B"), isupper("1"))", "false, false, true"},
       {R"(isupper(repeat("1", 2000)), isupper(cap(repeat("1", 2000), "", "B")))", "true, false"},
       {R"(lowercase("AB1\351"), casesplit("aB1"))", R"("aB1\351", "aB", "1")"},
+      {R"(compareci("Ab", "aB"), compareci("aB", "Ab"))", "false, true"},
       {"lowercase(repeat(\"AB1\", 20))",
        quoted("aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1")},
   });
