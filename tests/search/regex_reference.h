@@ -5,7 +5,6 @@
 #include <array>
 #include <bitset>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,7 +50,21 @@ class Regex {
   }
 
  private:
-  using Next = std::function<bool(std::size_t)>;
+  // What must match from there on: a reference to a function that outlives the call it is handed
+  // to. std::function would take memory for each step.
+  class Next {
+   public:
+    template <typename Function>
+    Next(const Function& function)
+        : function_(&function), call_([](const void* f, std::size_t at) {
+            return (*static_cast<const Function*>(f))(at);
+          }) {}
+    bool operator()(std::size_t at) const { return call_(function_, at); }
+
+   private:
+    const void* function_;
+    bool (*call_)(const void*, std::size_t);
+  };
 
   struct Run {
     std::string_view text;
@@ -65,7 +78,7 @@ class Regex {
     }
 
     bool match_group(const Node& node, std::size_t at, const Next& next) {
-      const Next close = [&](std::size_t end) {
+      const auto close = [&](std::size_t end) {
         if (!next(end)) return false;
         set(2 * node.group + 1, end);
         return true;
@@ -96,16 +109,13 @@ class Regex {
       }
       const Node& x = node.operand[0];
       if (node.operation == '?') return match(x, at, next) || next(at);
-      const Next more = [&](std::size_t end) { return match(x, end, more_or_less(node, next)); };
-      if (node.operation == '*') return more(at) || next(at);
-      return more(at);
+      if (node.operation == '*') return match_any(x, at, next);
+      return match(x, at, [&](std::size_t end) { return match_any(x, end, next); });
     }
 
-    // After one x of a * or +: as many more as there are, or what follows.
-    Next more_or_less(const Node& node, const Next& next) {
-      return [this, &node, &next](std::size_t at) {
-        return match(node.operand[0], at, more_or_less(node, next)) || next(at);
-      };
+    // As many x as there are, then what follows; one less; and so on down to none.
+    bool match_any(const Node& x, std::size_t at, const Next& next) {
+      return match(x, at, [&](std::size_t end) { return match_any(x, end, next); }) || next(at);
     }
   };
 
