@@ -1,6 +1,7 @@
 #include "words/likeness/levenshtein.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <span>
 
@@ -11,6 +12,16 @@
 namespace vstring::words {
 namespace {
 
+// Whether all cells of a row are above `bound`, and so all below it, as far as that is seen at
+// little cost. The differences along the row begin at `start`.
+bool is_above(std::size_t bound, RowStart start, std::span<const EditTable::Run> runs) {
+  for (const EditTable::Run& run : runs) {
+    if (start.value <= bound + static_cast<std::size_t>(std::popcount(run.fell))) return false;
+    start.value += run.gain();
+  }
+  return start.value > bound;
+}
+
 // The distance if it is at most `bound`, else something above it. A path of that cost from corner
 // to corner leaves the diagonals between the corners by at most half of what the bound has over
 // their difference. Cells outside of this band count as reached by straight moves, which makes
@@ -20,10 +31,25 @@ std::size_t distance_within(Bytes rows, Bytes columns, std::size_t bound,
                             std::span<EditTable::Run> runs) {
   const auto difference = static_cast<std::int64_t>(rows.size() - columns.size());
   const auto margin = (static_cast<std::int64_t>(bound) - difference) / 2;
-  const RowStart start = last_row<EditTable>(rows, columns, runs, {-difference - margin, margin});
+  bool stopped = false;
+  const RowStart start = last_row<EditTable>(
+      rows, columns, runs, {-difference - margin, margin},
+      [&](RowStart row, const auto& near) { return stopped = is_above(bound, row, near); });
+  if (stopped) return bound + 1;
   std::size_t distance = start.value;
   for (std::size_t r = start.run; r < runs.size(); ++r) distance += runs[r].gain();
   return distance;
+}
+
+// Of words of up to 64 letters: one column of one machine word, moved along the shorter word. The
+// distance is where it begins, above the rows, and what these add to that.
+std::size_t distance_in_one_word(Bytes rows, Bytes columns) {
+  const LetterRows<1> equal(rows, columns);
+  EditColumn column;
+  for (const Byte c : columns) column.advance(equal[c][0], {1, 0}, 0);
+  const std::uint64_t inside = UINT64_MAX >> (EditColumn::kRows - rows.size());
+  const int added = std::popcount(column.rise & inside) - std::popcount(column.fall & inside);
+  return columns.size() + static_cast<std::size_t>(added);
 }
 
 }  // namespace
@@ -33,6 +59,7 @@ Result<std::size_t> levenshtein(Bytes s, Bytes t, std::size_t limit) {
   const Bytes rows = s.size() >= t.size() ? s : t;
   const Bytes columns = s.size() >= t.size() ? t : s;
   if (columns.empty() || rows.size() - columns.size() > limit) return rows.size() - columns.size();
+  if (rows.size() <= EditColumn::kRows) return distance_in_one_word(rows, columns);
 
   SmallArray<EditTable::Run, 16> runs;
   if (!runs.allocate(runs_for(columns.size()))) return Status::out_of_memory;

@@ -167,12 +167,17 @@ struct Diagonals {
   std::int64_t high = std::int64_t{1} << 62;
 };
 
+inline constexpr auto kToTheEnd = [](RowStart, const auto&) { return false; };
+
 // Turns `runs`, one for 64 columns, into the differences along the last row of the table. Cells
 // off the diagonals count as reached by straight moves. Rows and columns are not empty; the words
 // of a stripe overlap in the processor, since the upper ones need not wait for the lower ones.
-template <typename Table>
+//
+// Below each stripe, is_over(start, runs on the diagonals) tells whether what follows matters no
+// more; the row reached by then is given.
+template <typename Table, typename IsOver = decltype(kToTheEnd)>
 RowStart last_row(Bytes rows, Bytes columns, std::span<typename Table::Run> runs,
-                  Diagonals near = {}) {
+                  Diagonals near = {}, IsOver is_over = {}) {
   constexpr std::size_t kWide = 2;
   std::fill(runs.begin(), runs.end(), typename Table::Run{});
   RowStart start = {0, 0};
@@ -194,6 +199,7 @@ RowStart last_row(Bytes rows, Bytes columns, std::span<typename Table::Run> runs
     }
     start.value += Table::kDown * height;
     r += height;
+    if (is_over(start, runs.subspan(start.run, end_run - start.run))) break;
   }
   return start;
 }
