@@ -79,7 +79,8 @@ std::uint64_t ByteScan::members(Bytes text) const {
 #ifdef VSTRING_AVX2
   constexpr std::size_t kBlocks = 2 * avx2::kBlock;
   if (has_avx2() && text.size() == kBlocks) return members_of_two(lower_, upper_, text.data());
-  if (has_avx2() && !text.empty()) {
+  constexpr std::size_t kFew = 8;  // bytes that are sooner asked for one by one
+  if (has_avx2() && text.size() > kFew) {
     Byte blocks[kBlocks];
     std::memcpy(blocks, text.data(), text.size());
     return members_of_two(lower_, upper_, blocks) & UINT64_MAX >> (kBlocks - text.size());

@@ -1,29 +1,13 @@
 #include "host/result.h"
 
 namespace vstring {
-namespace {
 
-// The host's copy of a text in the scratch buffer. A command that the host calls before it has
-// copied builds its result elsewhere; `holder` lies in the frame of this one.
-HostObject copy_of_scratch(const HostTable* host, const void* holder) {
-  memory::state.scratch_holder = holder;
-  const HostObject string = host->HostNewString(chars(scratch));
-  memory::state.scratch_holder = nullptr;
-  return string;
-}
-
-}  // namespace
-
-TextResult::TextResult(const Args& args, std::size_t length, std::size_t scratch_limit)
-    : host_(args.host()), text_(scratch), length_(length) {
-  if (length < scratch_limit && scratch_is_free()) return;
-  if (length == SIZE_MAX || !block_.resize(length + 1)) args.raise(Status::out_of_memory);
+void TextResult::take_block(const Args& args) {
+  if (length_ == SIZE_MAX || !block_.resize(length_ + 1)) args.raise(Status::out_of_memory);
   text_ = block_.data();
 }
 
-HostObject TextResult::object(std::size_t length) {
-  text_[length] = '\0';
-  if (block_.empty()) return copy_of_scratch(host_, this);
+HostObject TextResult::copy_of_block() {
   const HostObject string = host_->HostNewString(chars(text_));
   block_.free();
   return string;

@@ -17,16 +17,32 @@
 
 namespace vstring {
 
+// The host's copy of a text in the scratch buffer. A command that the host calls before it has
+// copied builds its result elsewhere; `holder` lies in the frame of this one.
+inline HostObject copy_of_scratch(const HostTable* host, const void* holder) {
+  memory::state.scratch_holder = holder;
+  const HostObject string = host->HostNewString(chars(scratch));
+  memory::state.scratch_holder = nullptr;
+  return string;
+}
+
 class TextResult {
  public:
   // Room for `length` bytes and a terminator: in the scratch buffer when they are no more than
   // `scratch_limit`. Raises "out of memory".
-  TextResult(const Args& args, std::size_t length, std::size_t scratch_limit = kScratchLimit);
+  TextResult(const Args& args, std::size_t length, std::size_t scratch_limit = kScratchLimit)
+      : host_(args.host()), text_(scratch), length_(length) {
+    if (length >= scratch_limit || !scratch_is_free()) [[unlikely]]
+      take_block(args);
+  }
 
   MutableBytes bytes() const { return {text_, length_}; }
   // The host string of what bytes() holds, or of its first `length` bytes. Ends the result.
   HostObject object() { return object(length_); }
-  HostObject object(std::size_t length);
+  HostObject object(std::size_t length) {
+    text_[length] = '\0';
+    return block_.empty() ? copy_of_scratch(host_, this) : copy_of_block();
+  }
   // The same, or argument `position` of the call itself when that has the same bytes.
   HostObject object_or_argument(const Args& args, int position, std::size_t length);
   HostObject object_or_argument(const Args& args, int position) {
@@ -34,6 +50,9 @@ class TextResult {
   }
 
  private:
+  void take_block(const Args& args);
+  HostObject copy_of_block();
+
   const HostTable* host_;
   Byte* text_;
   std::size_t length_;

@@ -22,11 +22,14 @@ std::size_t words_for_text(std::string_view text, const TextLayout& layout) {
 // Writes header, empty slots, text and what follows it over `length` words.
 void lay_out_text(std::uint64_t* object, int tag, std::size_t length, std::string_view text,
                   const TextLayout& layout) {
+  constexpr std::uint64_t kEachByte = 0x0101010101010101;
   object[0] = header(tag, length);
   object[1] = object[2] = 0;
+  for (std::size_t i = kTextWord + text.size() / 8; i < length; ++i) {
+    object[i] = kEachByte * layout.filler;
+  }
   auto* const bytes = reinterpret_cast<char*>(object + kTextWord);
   if (!text.empty()) std::memcpy(bytes, text.data(), text.size());
-  std::memset(bytes + text.size(), layout.filler, 8 * (length - kTextWord) - text.size());
   bytes[text.size()] = '\0';
 }
 
@@ -54,6 +57,17 @@ Heap::~Heap() {
   for (const auto& [text, name] : names_) blocks_.give_back(words(name), length_in_words(name));
 }
 
+// Small enough to be worth it in each maker: a call that makes a string pays for little else.
+inline std::uint64_t* Heap::allocate(int tag, std::size_t length) {
+  if (length > kMaxLength) throw std::length_error("object too large");
+  if (objects_.size() == objects_.capacity()) objects_.reserve(2 * objects_.size() + 64);
+  std::uint64_t* object = blocks_.take(length);
+  object[0] = header(tag, length);
+  objects_.push_back(object);
+  words_in_use_ += length;
+  return object;
+}
+
 HostObject Heap::integer(std::int64_t value) {
   if (value >= kMinImmediate && value <= kMaxImmediate) return immediate(value);
   const bool negative = value < 0;
@@ -75,13 +89,19 @@ HostObject Heap::floating(double value) {
   return record(kTagFloat, {std::bit_cast<std::uint64_t>(value)});
 }
 
-HostObject Heap::string(std::string_view text) {
-  text = text.substr(0, text.find('\0'));
+// Requires a text without NUL.
+inline HostObject Heap::string_of(std::string_view text) {
   const std::size_t length = words_for_text(text, text_layout);
   std::uint64_t* object = allocate(HOST_TAG_STRING, length);
   lay_out_text(object, HOST_TAG_STRING, length, text, text_layout);
   return object_of(object);
 }
+
+HostObject Heap::string(std::string_view text) {
+  return string_of(text.substr(0, text.find('\0')));
+}
+
+HostObject Heap::string(const char* text) { return string_of(text); }
 
 HostObject Heap::name(std::string_view text) {
   text = text.substr(0, text.find('\0'));
@@ -136,16 +156,6 @@ bool Heap::owns(HostObject object) const {
   // The newest first: what is asked about was mostly made just now.
   if (std::find(objects_.rbegin(), objects_.rend(), words(object)) != objects_.rend()) return true;
   return std::ranges::any_of(names_, [=](const auto& entry) { return entry.second == object; });
-}
-
-std::uint64_t* Heap::allocate(int tag, std::size_t length) {
-  if (length > kMaxLength) throw std::length_error("object too large");
-  if (objects_.size() == objects_.capacity()) objects_.reserve(2 * objects_.size() + 64);
-  std::uint64_t* object = blocks_.take(length);
-  object[0] = header(tag, length);
-  objects_.push_back(object);
-  words_in_use_ += length;
-  return object;
 }
 
 HostObject Heap::record(int tag, std::initializer_list<HostObject> parts) {

@@ -48,7 +48,8 @@ class Heap {
   // Throws std::invalid_argument unless it is an optional minus sign and decimal digits.
   HostObject big_integer(std::string_view decimal);
   HostObject floating(double value);
-  HostObject string(std::string_view text);                // up to its first NUL
+  HostObject string(std::string_view text);  // up to its first NUL
+  HostObject string(const char* text);
   HostObject name(std::string_view text);                  // the one name with this text
   HostObject sequence(std::size_t n);                      // of n elements, all NULL
   HostObject sequence(std::span<const HostObject> items);  // sequences among them are spliced in
@@ -88,6 +89,7 @@ class Heap {
   bool owns(HostObject object) const;  // immediates included; slow, for reports
 
  private:
+  HostObject string_of(std::string_view text);
   std::uint64_t* allocate(int tag, std::size_t length);
   HostObject record(int tag, std::initializer_list<HostObject> parts);
   void set_slot(HostObject name, std::size_t word, HostObject value);

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "bytes/bytes.h"
-#include "runtime/memory.h"
+#include "runtime/small_stack.h"
 #include "search/regex/match.h"
 #include "search/regex/plan.h"
 
@@ -52,7 +52,7 @@ class Backtracker {
   const Plan& plan_;
   Bytes text_;
   std::size_t max_frames_;
-  Buffer<Frame> stack_;
+  SmallStack<Frame, 8> stack_;
 };
 
 }  // namespace vstring::regex
