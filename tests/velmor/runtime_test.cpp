@@ -96,6 +96,10 @@ TEST_F(Runtime, IntegersAreImmediateWhileTheyFit) {
     EXPECT_TRUE(host->HostIsInteger(object));
     EXPECT_FALSE(host->HostIsInteger32(object));
   }
+  const std::uint64_t limbs[] = {5, 1, 0};  // leading zeros do not count
+  EXPECT_EQ(print(velmor_integer_of_limbs(heap, 3, limbs, 0)), "18446744073709551621");
+  EXPECT_EQ(velmor_integer_of_limbs(heap, 1, limbs, 1), integer(-5));
+  EXPECT_EQ(velmor_integer_of_limbs(heap, 0, limbs, 1), integer(0));
   for (const char* bad : {"", "-", "1x", " 1", "+1", "--1"})
     EXPECT_EQ(velmor_big_integer(heap, bad), 0U) << bad;
 }

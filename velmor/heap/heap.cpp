@@ -76,8 +76,8 @@ HostObject Heap::integer(std::int64_t value) {
                 {negative ? 0 - magnitude : magnitude});
 }
 
-HostObject Heap::big_integer(std::string_view decimal) {
-  const Magnitude magnitude = parse_decimal(decimal);
+HostObject Heap::big_integer(Magnitude magnitude) {
+  while (!magnitude.limbs.empty() && magnitude.limbs.back() == 0) magnitude.limbs.pop_back();
   if (const auto value = to_int64(magnitude)) return integer(*value);
   std::uint64_t* object = allocate(magnitude.negative ? HOST_TAG_NEGATIVE : HOST_TAG_NON_NEGATIVE,
                                    magnitude.limbs.size() + 1);

@@ -12,6 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "big_integer.h"
 #include "blocks.h"
 #include "object.h"
 
@@ -45,8 +46,7 @@ class Heap {
   Heap& operator=(const Heap&) = delete;
 
   HostObject integer(std::int64_t value);
-  // Throws std::invalid_argument unless it is an optional minus sign and decimal digits.
-  HostObject big_integer(std::string_view decimal);
+  HostObject big_integer(Magnitude magnitude);
   HostObject floating(double value);
   HostObject string(std::string_view text);  // up to its first NUL
   HostObject string(const char* text);

@@ -51,7 +51,14 @@ HostObject velmor_integer(VelmorHeap* heap, int64_t value) {
 }
 
 HostObject velmor_big_integer(VelmorHeap* heap, const char* decimal) {
-  return value_or_null([=] { return heap->objects.big_integer(decimal); });
+  return value_or_null([=] { return heap->objects.big_integer(parse_decimal(decimal)); });
+}
+
+HostObject velmor_integer_of_limbs(VelmorHeap* heap, size_t n, const uint64_t* limbs,
+                                   int negative) {
+  return value_or_null([=] {
+    return heap->objects.big_integer({{limbs, limbs + n}, negative != 0});
+  });
 }
 
 HostObject velmor_float(VelmorHeap* heap, double value) {

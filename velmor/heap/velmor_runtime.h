@@ -39,6 +39,8 @@ const HostTable* velmor_table(VelmorHeap* heap);
  * duplicates. 0 when memory fails. */
 HostObject velmor_integer(VelmorHeap* heap, int64_t value);
 HostObject velmor_big_integer(VelmorHeap* heap, const char* decimal); /* 0 unless -?[0-9]+ */
+HostObject velmor_integer_of_limbs(VelmorHeap* heap, size_t n, const uint64_t* limbs,
+                                   int negative); /* n 64-bit digits, the least significant first */
 HostObject velmor_float(VelmorHeap* heap, double value);
 HostObject velmor_string(VelmorHeap* heap, const char* text);
 HostObject velmor_string_n(VelmorHeap* heap, const char* bytes,
