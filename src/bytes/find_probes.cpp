@@ -1,5 +1,6 @@
 #include "bytes/find_probes.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -34,7 +35,7 @@ VSTRING_AVX2 std::uint64_t bits(const Hits& hits) {
   return low | std::uint64_t{high} << 32;
 }
 
-// Goes over whole blocks of alignments, one at least, N probes for each.
+// Goes over whole blocks of alignments, N probes for each; the last may overlap the one before.
 template <std::size_t N>
 VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std::size_t end,
                                           const Probes& probes, Budget& ahead) {
@@ -62,21 +63,29 @@ VSTRING_AVX2 std::uint64_t find_in_blocks(const Byte* text, std::size_t& at, std
     return bits(hits);
   };
   const std::size_t last = end - kProbeBlock;
-  std::uint64_t found = 0;
-  while (found == 0 && at <= last && !ahead.is_used_up()) {
-    const std::size_t first = at;
-    Hits hits = look_ahead(at);
-    while (leaves_nothing(hits) && at + kProbeBlock <= last) hits = look_ahead(at += kProbeBlock);
-    ahead.earn((at - first) / kProbeBlock);
-    ahead.spend(kLookCost);
-    found = look_at_others(hits, at);
-    if (found == 0) at += kProbeBlock;
-  }
-  if (found != 0) return found;
   std::size_t place = at;
-  for (; place <= last; place += kProbeBlock) {
+  std::uint64_t found = 0;
+  while (place <= last && !ahead.is_used_up()) {
+    const std::size_t first = place;
+    Hits hits = look_ahead(place);
+    while (leaves_nothing(hits) && place + kProbeBlock <= last) {
+      place += kProbeBlock;
+      hits = look_ahead(place);
+    }
+    ahead.earn((place - first) / kProbeBlock);
+    found = look_at_others(hits, place);
+    if (found != 0) break;
+    ahead.spend(kLookCost);
+    place += kProbeBlock;
+  }
+  for (; found == 0 && place <= last; place += kProbeBlock) {
     found = look_at_others(look_ahead(place), place);
     if (found != 0) break;
+  }
+  if (found == 0 && place < end) {
+    const std::size_t passed = place - last;
+    place = last;
+    found = look_at_others(look_ahead(place), place) >> passed << passed;
   }
   at = place;
   return found;
@@ -102,47 +111,50 @@ bool stand_at(const Byte* place, const Probes& probes) {
 // Sixteen bytes, for which every processor has vector instructions.
 using Lanes [[gnu::vector_size(16)]] = Byte;
 
-// All probes at the alignments of a block, as bits.
-std::uint64_t stand_in_block(const Byte* block, const Probes& probes) {
-  constexpr std::size_t kParts = kProbeBlock / sizeof(Lanes);
-  Lanes stand[kParts];
-  std::memset(stand, 0xff, sizeof stand);
+// All probes at sixteen alignments, as bits.
+std::uint64_t stand_in_lanes(const Byte* place, const Probes& probes) {
+  Lanes stand = ~Lanes{};
   for (std::size_t i = 0; i < probes.count; ++i) {
-    Lanes text[kParts];
-    std::memcpy(text, block + probes.offsets[i], sizeof text);
-    for (std::size_t part = 0; part < kParts; ++part) {
-      stand[part] = text[part] == probes.bytes[i] ? stand[part] : Lanes{};
-    }
+    Lanes text;
+    std::memcpy(&text, place + probes.offsets[i], sizeof text);
+    stand = text == probes.bytes[i] ? stand : Lanes{};
   }
-  std::uint64_t words[kProbeBlock / 8];
-  std::memcpy(words, stand, sizeof words);
-  std::uint64_t bits = 0;
-  for (std::size_t i = 0; i < kProbeBlock / 8; ++i) {
-    // The product has the top bits of the eight bytes side by side in its own top byte.
+  std::uint64_t words[2];
+  std::memcpy(words, &stand, sizeof words);
+  // The product has the top bits of the eight bytes side by side in its own top byte.
+  const auto bits = [](std::uint64_t word) {
     constexpr std::uint64_t kTopBits = 0x8080808080808080;
-    bits |= (words[i] & kTopBits) * 0x0002040810204081 >> 56 << 8 * i;
+    return (word & kTopBits) * 0x0002040810204081 >> 56;
+  };
+  return bits(words[0]) | bits(words[1]) << 8;
+}
+
+// All probes at the first n alignments, a block of them at most, as bits.
+std::uint64_t stand_in_block(const Byte* block, std::size_t n, const Probes& probes) {
+  constexpr std::size_t kPart = sizeof(Lanes);
+  std::uint64_t hits = 0;
+  for (std::size_t i = 0; i < n && n >= kPart; i += kPart) {
+    const std::size_t part = std::min(i, n - kPart);  // the last may overlap the one before
+    hits |= stand_in_lanes(block + part, probes) << part;
   }
-  return bits;
+  for (std::size_t i = 0; i < n && n < kPart; ++i) {
+    if (stand_at(block + i, probes)) hits |= std::uint64_t{1} << i;
+  }
+  return hits;
 }
 
 // From one place of the first probe to the next, there block by block.
 std::uint64_t find_plainly(const Byte* text, std::size_t& at, std::size_t end,
                            const Probes& probes) {
   const Byte* const first = text + probes.offsets[0];
-  std::uint64_t hits = 0;
-  for (; hits == 0 && at < end; at += hits == 0 ? kProbeBlock : 0) {
+  for (; at < end; at += kProbeBlock) {
     const void* const found = std::memchr(first + at, probes.bytes[0], end - at);
-    if (found == nullptr) return 0;
+    if (found == nullptr) break;
     at = static_cast<std::size_t>(static_cast<const Byte*>(found) - first);
-    if (end - at >= kProbeBlock) {
-      hits = stand_in_block(text + at, probes);
-      continue;
-    }
-    for (std::size_t i = at; i < end; ++i) {
-      if (stand_at(text + i, probes)) hits |= std::uint64_t{1} << (i - at);
-    }
+    const std::uint64_t hits = stand_in_block(text + at, std::min(end - at, kProbeBlock), probes);
+    if (hits != 0) return hits;
   }
-  return hits;
+  return 0;
 }
 
 }  // namespace
@@ -150,14 +162,8 @@ std::uint64_t find_plainly(const Byte* text, std::size_t& at, std::size_t end,
 std::uint64_t find_probes(Bytes text, std::size_t& at, std::size_t end, const Probes& probes,
                           Budget& ahead) {
 #ifdef VSTRING_AVX2
-  if (has_avx2() && end >= at + kProbeBlock) {
-    const FindInBlocks find_in_blocks = kFindInBlocks[probes.count - 1];
-    const std::uint64_t hits = find_in_blocks(text.data(), at, end, probes, ahead);
-    if (hits != 0 || at == end) return hits;
-    // The last block overlaps the one before.
-    const std::size_t passed = at - (end - kProbeBlock);
-    at = end - kProbeBlock;
-    return find_in_blocks(text.data(), at, end, probes, ahead) >> passed << passed;
+  if (has_avx2() && end >= kProbeBlock) {
+    return kFindInBlocks[probes.count - 1](text.data(), at, end, probes, ahead);
   }
 #endif
   return find_plainly(text.data(), at, end, probes);
