@@ -14,22 +14,31 @@ namespace {
 constexpr std::size_t kComparedPerByte = 4;
 constexpr std::size_t kFreeComparisons = 4096;
 
-// From one place of the pattern's first byte to the next.
-std::size_t find_directly(Bytes pattern, Bytes text, std::size_t end) {
-  for (std::size_t at = 0; at < end; ++at) {
-    const void* const found = std::memchr(text.data() + at, pattern[0], end - at);
-    if (found == nullptr) break;
-    at = static_cast<std::size_t>(static_cast<const Byte*>(found) - text.data());
-    if (std::memcmp(found, pattern.data(), pattern.size()) == 0) return at;
+// So many places of a pattern's rarest byte are tried before anything is prepared.
+constexpr std::size_t kFirstTries = 2;
+
+// From one place of the pattern's byte `i` to the next, as far as alignment `end`, but to no more
+// than some places. Offset of the first occurrence, or npos, `at` then being the first alignment
+// that has not been tried.
+std::size_t find_by_byte(Bytes pattern, std::size_t i, Bytes text, std::size_t& at, std::size_t end,
+                         std::size_t tries) {
+  const Byte* const under = text.data() + i;
+  for (; at < end && tries > 0; ++at, --tries) {
+    const void* const found = std::memchr(under + at, pattern[i], end - at);
+    if (found == nullptr) {
+      at = end;
+      break;
+    }
+    at = static_cast<std::size_t>(static_cast<const Byte*>(found) - under);
+    if (std::memcmp(text.data() + at, pattern.data(), pattern.size()) == 0) return at;
   }
   return npos;
 }
 
 }  // namespace
 
-void Finder::start(const Needle& needle, Bytes text) {
-  const std::size_t m = needle.size();
-  needle_ = needle;
+void Finder::start_text(Bytes text) {
+  const std::size_t m = needle_.size();
   text_ = text;
   end_ = m == 0 || m > text.size() ? 0 : text.size() - m + 1;
   at_ = base_ = 0;
@@ -115,10 +124,15 @@ Status Finder::collect(HeldArray<std::size_t>& offsets) {
 std::size_t find(Bytes pattern, Bytes text) {
   const std::size_t m = pattern.size();
   if (m == 0 || m > text.size()) return npos;
+  const std::size_t end = text.size() - m + 1;
+  std::size_t at = 0;
   // A single byte needs no more, and few alignments are not worth a finder.
-  const std::size_t alignments = text.size() - m + 1;
-  if (m == 1 || alignments < kProbeBlock) return find_directly(pattern, text, alignments);
-  return Finder(pattern, text).next();
+  if (m == 1 || end < kProbeBlock) return find_by_byte(pattern, 0, text, at, end, SIZE_MAX);
+  // Nor is what the first places of its rarest byte tell.
+  const Needle needle(pattern, text.size());
+  const std::size_t found =
+      find_by_byte(pattern, needle.probes().offsets[0], text, at, end, kFirstTries);
+  return found != npos || at == end ? found : Finder(needle, text).next_from(at);
 }
 
 Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets) {

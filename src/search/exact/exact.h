@@ -24,10 +24,12 @@ namespace vstring::search {
 class Finder {
  public:
   Finder() = default;  // finds nothing until it is started
-  Finder(const Needle& needle, Bytes text) { start(needle, text); }
-  Finder(Bytes pattern, Bytes text) { start(pattern, text); }
-  void start(const Needle& needle, Bytes text);
-  void start(Bytes pattern, Bytes text) { start(Needle(pattern, text.size()), text); }
+  Finder(const Needle& needle, Bytes text) : needle_(needle) { start_text(text); }
+  Finder(Bytes pattern, Bytes text) : needle_(pattern, text.size()) { start_text(text); }
+  void start(Bytes pattern, Bytes text) {
+    needle_ = Needle(pattern, text.size());
+    start_text(text);
+  }
 
   // Offset of the next occurrence, or npos.
   std::size_t next();
@@ -37,6 +39,7 @@ class Finder {
   Status collect(HeldArray<std::size_t>& offsets);
 
  private:
+  void start_text(Bytes text);
   bool scan_on();
   bool occurs_at(std::size_t at);
   void give_up(std::size_t from);

@@ -1,6 +1,7 @@
 #include "search/exact/needle.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "bytes/commonness.h"
 
@@ -21,30 +22,39 @@ Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern), size
     probes_.bytes[probes_.count] = pattern_[i];
     probes_.offsets[probes_.count++] = i;
   };
+  if (m == 1) {
+    add(0);
+    return;
+  }
   const std::size_t window = std::min(m, std::max(kShortestWindow, text_length / kWindowShare));
   const auto is_rarer = [&](std::size_t i, std::size_t j) {
     return kCommonness[pattern[i]] < kCommonness[pattern[j]];
   };
+  // The rarest byte, and the rarest of the others; where there are none, the place farthest off.
   std::size_t rarest = 0;
-  for (std::size_t i = 1; i < window; ++i) {
-    if (is_rarer(i, rarest)) rarest = i;
-  }
-  // The rarest of the other bytes; where there are none, the place farthest off.
   std::size_t second = npos;
-  for (std::size_t i = 0; i < window; ++i) {
-    if (pattern[i] == pattern[rarest]) continue;
-    if (second == npos || is_rarer(i, second)) second = i;
+  for (std::size_t i = 1; i < window; ++i) {
+    if (is_rarer(i, rarest)) {
+      second = rarest;
+      rarest = i;
+    } else if (pattern[i] != pattern[rarest] && (second == npos || is_rarer(i, second))) {
+      second = i;
+    }
   }
   if (second == npos) second = rarest == 0 ? window - 1 : 0;
-  add(rarest);
-  if (second != rarest) add(second);
   if (m <= Probes::kMost) {
-    for (std::size_t i = 0; i < m; ++i) {
-      if (i != rarest && i != second) add(i);
-    }
+    for (std::size_t i = 0; i < m; ++i) add(i);
+    const auto exchange = [this](std::size_t i, std::size_t j) {
+      std::swap(probes_.bytes[i], probes_.bytes[j]);
+      std::swap(probes_.offsets[i], probes_.offsets[j]);
+    };
+    exchange(0, rarest);
+    exchange(1, second == 0 ? rarest : second);
   } else {
+    add(rarest);
+    add(second);
     constexpr std::size_t kMore = 4;
-    for (std::size_t i = 0; i < kMore; ++i) add((window - 1) * i / (kMore - 1));
+    for (std::size_t i = 0; i < kMore; ++i) add(window * (2 * i + 1) / (2 * kMore));
   }
 }
 
