@@ -68,7 +68,7 @@ inline Backtracker::Step Backtracker::step(std::size_t begin, Position& now, std
       std::size_t& slot = match.slot[state.slot];
       const std::size_t before = slot;
       slot = p;
-      // With no choice open there is nothing to go back to: a failed attempt clears all captures.
+      // With no choice open there is nothing to go back to: every attempt begins with none set.
       return stack_.empty() ? Step::go_on : push({Kind::restore, state.slot, before, 0});
     }
     case Op::star:
@@ -124,13 +124,13 @@ inline bool Backtracker::resume(Position& now, std::int64_t& credit, Match& matc
 Attempt Backtracker::run(std::size_t begin, std::size_t at, std::int64_t& credit, Match& match) {
   Position now = {plan_.start, at};
   stack_.clear();
+  if (plan_.slot_count > 2) match.clear(plan_.slot_count);
   while (--credit >= 0) {
     switch (step(begin, now, credit, match)) {
       case Step::go_on:
         break;
       case Step::turn_back:
         if (resume(now, credit, match)) break;
-        if (plan_.slot_count > 2) match.clear(plan_.slot_count);
         return Attempt::failed;
       case Step::accept:
         match.slot[0] = at;

@@ -20,8 +20,8 @@ class Backtracker {
   Backtracker(const Plan& plan, Bytes text, std::size_t max_frames)
       : plan_(plan), text_(text), max_frames_(max_frames) {}
 
-  // Looks for a match that starts at `at`. Needs `match` cleared; leaves it so when the attempt
-  // fails. Gives up when `credit`, one unit per step, is used up or the stack is full.
+  // Looks for a match that starts at `at`. Gives up when `credit`, one unit per step, is used up or
+  // the stack is full.
   Attempt run(std::size_t begin, std::size_t at, std::int64_t& credit, Match& match);
 
  private:

@@ -34,14 +34,18 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
       credit_(method == Method::backtracking ? INT64_MAX : kFirstCredit),
       starts_(plan, text),
       backtracker_(plan, text, method == Method::backtracking ? SIZE_MAX : kMaxFrames) {
-  earn(text.size());
+  earn_up_to(text.size());
+  earned_up_to_ = 0;
 }
 
-void Matcher::earn(std::size_t bytes) {
+// For the text that has been passed since credit was earned last.
+void Matcher::earn_up_to(std::size_t at) {
   if (method_ == Method::backtracking) return;
-  const std::size_t earned = std::min(bytes, kMaxCredit / kCreditPerByte) * kCreditPerByte;
-  credit_ = std::min(std::max<std::int64_t>(credit_, 0) + static_cast<std::int64_t>(earned),
-                     static_cast<std::int64_t>(kMaxCredit));
+  const std::size_t bytes = std::min(at - earned_up_to_, kMaxCredit / kCreditPerByte);
+  credit_ = std::min(
+      std::max<std::int64_t>(credit_, 0) + static_cast<std::int64_t>(bytes * kCreditPerByte),
+      static_cast<std::int64_t>(kMaxCredit));
+  earned_up_to_ = at;
 }
 
 Matcher::Linear& Matcher::linear() {
@@ -106,24 +110,19 @@ Outcome Matcher::find_single(std::size_t begin, Match& match) {
 }
 
 Outcome Matcher::backtrack(std::size_t begin, Match& match) {
-  match.clear(plan_.slot_count);
   if (!looked_from_end_) look_from_end(begin);
   if (first_start_ == npos) return Outcome::no_match;
   std::size_t at = std::max(begin, first_start_);
   for (;;) {
-    if (!plan_.anchored) {
-      const std::size_t candidate = starts_.next(at);
-      if (candidate == npos) return Outcome::no_match;
-      earn(candidate - at);
-      at = candidate;
-    }
+    if (!plan_.anchored) at = starts_.next(at);
+    if (at == npos) return Outcome::no_match;
+    earn_up_to(at);
     const std::int64_t before = credit_;
     const Attempt attempt = backtracker_.run(begin, at, credit_, match);
     ++attempts_;
     spent_ += static_cast<std::size_t>(before - credit_);
     switch (attempt) {
       case Attempt::matched:
-        earn(match.end() - at + 1);
         return Outcome::match;
       case Attempt::gave_up:
         if (method_ == Method::backtracking) return Outcome::out_of_space;
@@ -131,10 +130,8 @@ Outcome Matcher::backtrack(std::size_t begin, Match& match) {
       case Attempt::failed:
         break;
     }
-    const std::size_t next = plan_.after_failure(text_, at);
-    if (plan_.anchored || next > text_.size()) return Outcome::no_match;
-    earn(next - at);
-    at = next;
+    at = plan_.after_failure(text_, at);
+    if (plan_.anchored || at > text_.size()) return Outcome::no_match;
   }
 }
 
@@ -146,9 +143,7 @@ Outcome Matcher::simulate(std::size_t begin, std::size_t from, Match& match) {
     if (answer == Gate::Answer::yes && only_tests_) return Outcome::match;
   }
   if (!by.simulation.prepare()) return Outcome::out_of_space;
-  if (!by.simulation.run(begin, from, match)) return Outcome::no_match;
-  earn(match.end() - from + 1);
-  return Outcome::match;
+  return by.simulation.run(begin, from, match) ? Outcome::match : Outcome::no_match;
 }
 
 }  // namespace vstring::regex

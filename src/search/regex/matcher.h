@@ -66,13 +66,14 @@ class Matcher {
   Outcome backtrack(std::size_t begin, Match& match);
   Linear& linear();
   Outcome simulate(std::size_t begin, std::size_t from, Match& match);
-  void earn(std::size_t bytes);
+  void earn_up_to(std::size_t at);
 
   const Plan& plan_;
   const Bytes text_;
   Method method_;
   bool only_tests_ = false;  // a yes will do
   std::int64_t credit_;
+  std::size_t earned_up_to_ = 0;
   std::size_t first_start_ = 0;  // no match starts before
   bool looked_from_end_ = false;
   std::size_t attempts_ = 0;
