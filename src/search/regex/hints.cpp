@@ -19,6 +19,10 @@ constexpr std::size_t kMaxLook = 64;
 constexpr double kMaxHits = 1.0 / 12;
 constexpr double kFewHits = 1.0 / 256;
 
+// What is required is not looked for where it stands so much more often than what a match begins
+// with.
+constexpr double kMuchMore = 16;
+
 class Analysis {
  public:
   explicit Analysis(Plan& plan) : plan_(plan), hints_(plan.hints) {}
@@ -70,6 +74,7 @@ class Analysis {
   States now_;
   States later_;                     // those that take what look_ahead saw
   StateNumber found_[kMaxRequired];  // the required states, hints_.required_count of them
+  double starts_ = 1;                // the share of places where a match may start
 };
 
 // Enters the states that can be reached from one and that this round has not seen, depth first;
@@ -218,8 +223,9 @@ void Analysis::find_prefixes() {
   double hits = 1;
   for (std::size_t i = 0; i < length; ++i) hits *= share(all[i]);
   const bool is_worth_it = length > 1 && hits <= kMaxHits;
-  const double most_hits = is_worth_it ? hits + kFewHits : share(all[0]);
-  hints_.prefix_length = find_prefix(most_hits) || !is_worth_it ? 0 : length;
+  starts_ = is_worth_it ? hits : share(all[0]);
+  hints_.prefix_length =
+      find_prefix(is_worth_it ? hits + kFewHits : starts_) || !is_worth_it ? 0 : length;
 }
 
 // The bytes that a match begins with, as far as they are known one by one. False when they stand at
@@ -228,6 +234,7 @@ bool Analysis::find_prefix(double most_hits) {
   const State& state = this->state(first_[0]);
   if (first_.size() == 1 && state.op == Op::literal && state.other > 1) {
     hints_.prefix = search::Needle(plan_.literal(state), SIZE_MAX);
+    starts_ = share_of(state);
     return true;
   }
   Byte known[Probes::kMost];
@@ -247,6 +254,7 @@ bool Analysis::find_prefix(double most_hits) {
     if (i >= count + kMaxUnknown || advance() || now_.empty()) break;
   }
   if (count == 0 || hits > most_hits) return false;
+  starts_ = hits;
   hints_.prefix = search::Needle(Bytes(known, count), {places, count});
   return true;
 }
@@ -321,10 +329,11 @@ void Analysis::find_surroundings() {
     return true;
   });
   hints_.lead = ByteScan(lead);
-  hints_.has_lead = lead.count() < 256;
   const State& required = state(found_[0]);
-  hints_.has_follow = !look_ahead({&required.next, 1}).can_end() && required.op != Op::plus;
+  hints_.has_lead = lead.count() < 256 && share_of(required) < kMuchMore * starts_;
+  const bool can_end = look_ahead({&required.next, 1}).can_end();
   hints_.follow = bytes_of(later_);
+  hints_.has_follow = !can_end && required.op != Op::plus && hints_.follow.count() < 256;
 }
 
 }  // namespace
