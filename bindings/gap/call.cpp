@@ -6,6 +6,8 @@
 #include "call.h"
 
 #include <sys/resource.h>
+
+#include <algorithm>
 #include <clocale>
 #include <cstdint>
 #include <exception>
@@ -14,6 +16,8 @@
 #include <utility>
 
 #include "bindings.h"
+#include "heap/object.h"
+#include "heap/print.h"
 #include "values.h"
 
 namespace vstring_gap {
@@ -69,12 +73,14 @@ HostObject evaluate(HostObject procedure, HostObject argseq) {
   if (velmor_tag(procedure) == HOST_TAG_NAME) {
     const Binding* const binding = find_binding(velmor_text(procedure));
     if (binding == nullptr)
-      throw std::runtime_error(std::string(velmor_text(procedure)) + " is not a procedure");
+      throw std::runtime_error(std::string("no command ") + velmor_text(procedure));
     HostObject result = 0;
     if (velmor_call(heap, binding->command, argseq, &result) == 0)
       throw std::runtime_error(velmor_error(heap));
     return result;
   }
+  if (velmor_tag(procedure) != velmor::kTagProcedure)
+    throw std::runtime_error(velmor::print(procedure) + " is not a function");
   const Obj function = Procedures::unwrap(procedure);
   Obj result = 0;
   if (!call_function(function, FromHeap().items(argseq), &result)) {

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What a command gives back, or hands to a procedure.
 #include <bit>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
-#include <string>
-#include <vector>
+#include <string_view>
 
+#include "heap/big_integer.h"
 #include "heap/object.h"
 #include "values.h"
 
@@ -95,10 +93,7 @@ Obj FromHeap::value(HostObject object, int depth) {
 
 Obj FromHeap::integer(HostObject object) {
   if (velmor::is_immediate(object)) return ObjInt_Int8(velmor::immediate_value(object));
-  const std::unique_ptr<char, decltype(&std::free)> digits(velmor_print(nullptr, object),
-                                                           std::free);
-  if (digits == nullptr) throw std::bad_alloc();
-  return IntStringInternal(0, digits.get());
+  return IntStringInternal(0, velmor::to_decimal(object).c_str());
 }
 
 // The list is where the collector finds its elements; what `known_` holds is part of one that is

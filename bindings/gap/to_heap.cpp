@@ -2,7 +2,7 @@
 // What a command is given.
 #include <cstdlib>
 #include <cstring>
-#include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <vector>

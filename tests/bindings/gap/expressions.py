@@ -72,75 +72,80 @@ def quoted(text):
                          for c in text) + '"'
 
 
-def written(items, write):
-    return ", ".join(map(write, items))
+VELMOR = {"=": "({}) = ({})", "..": "({}) .. ({})", "+": "({}) + ({})", "procedure": "({}) -> {}"}
+GAP = {"=": "VString.Eq({}, {})", "..": "VString.Range({}, {})", "+": "({} + {})",
+       "procedure": "({{{}}} -> {})"}
 
 
-def for_velmor(node):
-    kind = node[0]
-    if kind in BINARY:
-        return f"({for_velmor(node[1])}) {kind} ({for_velmor(node[2])})"
-    if kind == "procedure":
-        return f"({', '.join(node[1])}) -> {for_velmor(node[2])}"
-    if kind == "list":
-        return f"[{written(node[1], for_velmor)}]"
-    if kind == "string":
-        return quoted(node[1])
-    if kind == "call":
-        return f"{node[1]}({written(node[2], for_velmor)})"
-    if kind == "element":
-        return f"{node[1]}[{for_velmor(node[2])}]"
-    return str(node[1])
-
-
-class GapWriter:
-    """`rows` are those of the module: signature and result tell what is what."""
-
-    def __init__(self, rows):
-        self.signatures = {row[0]: row[1] for row in rows}
-        self.sequences = {row[0] for row in rows if row[5].startswith("a sequence")}
+class Writer:
+    """Of velmor's language; `signatures` and `sequences` are for the other one."""
+    forms = VELMOR
+    signatures = {}
+    sequences = set()
 
     def gives_sequence(self, node):
         return node[0] == "call" and node[1] in self.sequences
 
     def write(self, node, names=()):
-        write = lambda part: self.write(part, names)
-        kind = node[0]
+        kind, first = node[:2]
         if kind == "string":
-            return quoted(node[1])
-        if kind == "list" and len(node[1]) == 1 and self.gives_sequence(node[1][0]):
-            return write(node[1][0])  # a list already
+            return quoted(first)
+        if kind == "list" and len(first) == 1 and self.gives_sequence(first[0]):
+            return self.write(first[0], names)  # a list already
         if kind == "list":
-            return f"[{written(node[1], write)}]"
+            return f"[{', '.join(self.write(part, names) for part in first)}]"
         if kind == "procedure":
-            names = (*names, *node[1])
-            return f"({{{', '.join(node[1])}}} -> {self.write(node[2], names)})"
-        if kind == "=":
-            return f"VString.Eq({write(node[1])}, {write(node[2])})"
-        if kind == ".." and node[1][0] == node[2][0] == "integer" and node[1][1] <= node[2][1]:
-            return f"[{write(node[1])} .. {write(node[2])}]"
-        if kind == "..":
-            return f"VString.Range({write(node[1])}, {write(node[2])})"
-        if kind == "+":
-            return f"({write(node[1])} + {write(node[2])})"
+            body = self.write(node[2], (*names, *first))
+            return self.forms[kind].format(", ".join(first), body)
+        if kind in self.forms:
+            return self.forms[kind].format(self.write(first, names), self.write(node[2], names))
         if kind == "element":
-            return f"{node[1]}[{write(node[2])}]"
-        if kind == "call" and node[1] == "apply":
-            return f"List({write(node[2][1])}, {write(node[2][0])})"
+            return f"{first}[{self.write(node[2], names)}]"
         if kind == "call":
-            return f"{self.function(node[1])}({written(node[2], lambda part: self.argument(node[1], part, names))})"
-        if kind == "name" and node[1] not in names:
-            return {"true": "true", "false": "false", "FAIL": "fail"}.get(
-                node[1], f'VString.Name("{node[1]}")')
-        return str(node[1])
+            arguments = [self.argument(first, place, part, names) for place, part in enumerate(node[2], 1)]
+            return self.function(first, arguments)
+        return str(first) if kind != "name" or first in names else self.name(first)
 
-    def function(self, command):
-        return "VString." + ("Repeat" if command == "repeat" else command)
+    def function(self, command, arguments):
+        return f"{command}({', '.join(arguments)})"
 
-    def argument(self, command, node, names):
-        """A function where a procedure is wanted, a record for an option."""
-        if node[0] == "name" and node[1] in self.signatures and "(f, " in self.signatures[command]:
-            return self.function(node[1])
+    def name(self, text):
+        return text
+
+    def argument(self, command, place, node, names):
+        return self.write(node, names)
+
+
+class GapWriter(Writer):
+    """`rows` are those of the module: signature and result tell what is what."""
+    forms = GAP
+
+    def __init__(self, rows):
+        self.signatures = {row[0]: row[1] for row in rows}
+        self.sequences = {row[0] for row in rows if row[5].startswith("a sequence")}
+
+    def function(self, command, arguments):
+        if command == "apply":
+            return f"List({arguments[1]}, {arguments[0]})"
+        return super().function("VString." + ("Repeat" if command == "repeat" else command), arguments)
+
+    def name(self, text):
+        value = {"true": "true", "false": "false", "FAIL": "fail"}
+        return value.get(text, f'VString.Name("{text}")')
+
+    def range_place(self, command):
+        """Where it takes a range, and with that one of GAP's; 0 for nowhere."""
+        before, dots, _ = self.signatures.get(command, "").partition(" .. ")
+        return before[before.rfind("("):].count(",") + 1 if dots else 0
+
+    def argument(self, command, place, node, names):
+        """A function where a procedure is wanted, GAP's range for a range, a record for an option."""
+        takes_procedure = place == 1 and "(f, " in self.signatures.get(command, "")
+        if takes_procedure and node[0] == "name" and node[1] in self.signatures:
+            return "VString." + node[1]
         if node[0] == "=" and node[1][0] == "name":
             return f"rec({node[1][1]} := {self.write(node[2], names)})"
+        if (node[0] == ".." and place == self.range_place(command)
+                and node[1][0] == node[2][0] == "integer" and node[1][1] <= node[2][1]):
+            return f"[{node[1][1]} .. {node[2][1]}]"
         return self.write(node, names)

@@ -100,7 +100,7 @@ gap> l := [];; l[1] := l;; l[2] := l;; VString.join(l);
 Error, VString.join: lists are nested too deeply
 gap> r := rec();; r.r := r;; VString.length(r);
 Error, VString.length: lists are nested too deeply
-gap> l := 1;; for i in [1 .. 100000] do l := [l]; od; VString.join(l);
+gap> l := 1;; for i in [1 .. 5000] do l := [l]; od; VString.join(l);
 Error, VString.join: lists are nested too deeply
 gap> l := "a";; for i in [1 .. 200] do l := [l, l]; od; VString.length(l);
 Error, VString.length: first argument must be a string
@@ -127,7 +127,7 @@ gap> VString.map(VString.Name("uppercase"), "abc"); VString.filter(VString.isdig
 "ABC"
 "1"
 gap> VString.map(VString.Name("nothing"), "abc");
-Error, VString.map: nothing is not a procedure
+Error, VString.map: no command nothing
 gap> f := c -> VString.map(f, c);; VString.map(f, "a");
 Error, VString.map: functions and commands call each other too deeply
 gap> kept := [];; VString.foldl(function(r, c) Add(kept, r); return r; end, x -> x, "ab");;
