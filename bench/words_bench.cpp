@@ -96,8 +96,8 @@ std::size_t border_array(Bytes w) {
   return border.back();
 }
 std::size_t lyndon(Bytes w) {  // counted and then walked through, as the command does
-  std::size_t lengths = vstring::words::count_lyndon_factors(w);
   vstring::words::LyndonFactors factors(w);
+  std::size_t lengths = factors.count();
   for (Bytes u = factors.next(); !u.empty(); u = factors.next()) lengths += u.size();
   return lengths;
 }

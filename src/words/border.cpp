@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "runtime/small_array.h"
+#include "words/shift.h"
 
 namespace vstring::words {
 namespace {
@@ -66,6 +67,9 @@ Result<std::size_t> longest_border_by_array(Bytes word) {
 }
 
 Result<std::size_t> overlap(Bytes s, Bytes t) {
+  if (t.size() >= s.size()) {
+    if (const auto p = find_shift(s, t, 0)) return s.size() - *p;
+  }
   const Bytes links = (t.size() >= s.size() ? t : s).first(std::min(s.size(), t.size()));
   return fits_short_cells(links) ? matched_at_end<std::uint32_t>(s, t, links)
                                  : matched_at_end<std::uint64_t>(s, t, links);

@@ -27,8 +27,8 @@ void border_array(Bytes word, std::span<Cell> border);
 Result<std::size_t> longest_border_by_array(Bytes word);
 
 // How far `t` can be laid over the end of `s`: the length of the longest suffix of s that is a
-// prefix of t, for |t| >= |s|, by running s through the matching automaton of t. O(|s|) time, as
-// many cells as the shorter word has letters.
+// prefix of t, for |t| >= |s|: by exact search, or by running s through the matching automaton of
+// t. O(|s|) time, as many cells as the shorter word has letters.
 //
 // A shorter t is treated in its own way, which callers rely on: the scan ends as soon as all of t
 // has been matched, even before the end of s, and it falls back along the borders of s, not of t.

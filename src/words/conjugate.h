@@ -13,7 +13,8 @@ namespace vstring::words {
 // least circular substrings", 1980.)
 std::size_t least_rotation(Bytes word);
 
-// Whether the words are rotations of each other: their least rotations are equal. O(n) time.
+// Whether the words are rotations of each other: the start of one is looked for in the other; where
+// that stands too often, their least rotations are compared. O(n) time.
 bool are_conjugate(Bytes v, Bytes w);
 
 }  // namespace vstring::words

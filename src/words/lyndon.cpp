@@ -1,18 +1,12 @@
 #include "words/lyndon.h"
 
+#include "bytes/common.h"
 #include "words/letter_order.h"
 
 namespace vstring::words {
-namespace {
 
-struct Power {
-  std::size_t length;
-  std::size_t exponent;
-};
-
-// One round of Duval's algorithm: the first factor of `word`, which is not empty, and how often it
-// stands there in a row.
-Power first_power(Bytes word) {
+// One round of Duval's algorithm. The word is not empty.
+LyndonFactors::Power LyndonFactors::first_power(Bytes word) {
   // word[0, j) is a Lyndon word as long as no suffix from within it is smaller than all of `word`:
   // look for the first smaller suffix, jumping over what agrees with the start.
   std::size_t j = 1;
@@ -27,29 +21,24 @@ Power first_power(Bytes word) {
   }
 }
 
-}  // namespace
+LyndonFactors::LyndonFactors(Bytes word) : rest_(word) {
+  while (!word.empty()) {
+    const Power power = first_power(word);
+    if (kept_count_ < kKept) kept_[kept_count_++] = power;
+    count_ += power.exponent;
+    word = word.subspan(power.length * power.exponent);
+  }
+}
 
 Bytes LyndonFactors::next() {
   if (rest_.empty()) return {};
-  if (repeats_ == 0) {
-    const Power power = first_power(rest_);
-    length_ = power.length;
-    repeats_ = power.exponent;
+  if (now_.exponent == 0) {
+    now_ = passed_ < kept_count_ ? kept_[passed_++] : first_power(rest_);
   }
-  --repeats_;
-  const Bytes factor = rest_.first(length_);
-  rest_ = rest_.subspan(length_);
+  --now_.exponent;
+  const Bytes factor = rest_.first(now_.length);
+  rest_ = rest_.subspan(now_.length);
   return factor;
-}
-
-std::size_t count_lyndon_factors(Bytes word) {
-  std::size_t count = 0;
-  for (Bytes rest = word; !rest.empty();) {
-    const Power power = first_power(rest);
-    count += power.exponent;
-    rest = rest.subspan(power.length * power.exponent);
-  }
-  return count;
 }
 
 }  // namespace vstring::words

@@ -14,17 +14,29 @@ namespace vstring::words {
 // them together take O(n) time; no memory.
 class LyndonFactors {
  public:
-  explicit LyndonFactors(Bytes word) : rest_(word) {}
+  explicit LyndonFactors(Bytes word);
 
+  // All of them; `next` takes none away.
+  std::size_t count() const { return count_; }
   // The next factor; empty behind the last.
   Bytes next();
 
  private:
-  Bytes rest_;
-  std::size_t length_ = 0;   // of the factor that was found last
-  std::size_t repeats_ = 0;  // how often the rest begins with that factor again
-};
+  // A factor's length, and how often it stands in a row.
+  struct Power {
+    std::size_t length;
+    std::size_t exponent;
+  };
+  static constexpr std::size_t kKept = 64;  // those of most words, so as not to find them twice
 
-std::size_t count_lyndon_factors(Bytes word);
+  static Power first_power(Bytes word);
+
+  Bytes rest_;
+  std::size_t count_ = 0;
+  Power kept_[kKept];
+  std::size_t kept_count_ = 0;
+  std::size_t passed_ = 0;  // of those kept
+  Power now_ = {0, 0};      // the factor that was found last, and how often the rest repeats it
+};
 
 }  // namespace vstring::words

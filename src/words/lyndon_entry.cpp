@@ -12,7 +12,7 @@ HostObject vstring_lynfac(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOneText);
   const Bytes word = args.text(1);
   words::LyndonFactors factors(word);
-  return new_list(args, words::count_lyndon_factors(word),
+  return new_list(args, factors.count(),
                   [&](std::size_t) { return new_string(args, factors.next()); });
 }
 

@@ -18,6 +18,7 @@
 #include "bytes/find_near.h"
 #include "bytes/find_probes.h"
 #include "bytes/is_sorted.h"
+#include "bytes/pass_greater.h"
 #include "bytes/prefix_filter.h"
 #include "bytes/reverse.h"
 #include "bytes/scan_stream.h"
@@ -163,6 +164,27 @@ TEST(Kernels, CommonPrefix) {
     other[i] ^= static_cast<Byte>(1U << random() % 8);
     EXPECT_EQ(i, common_prefix(text, other));
     EXPECT_EQ(i, common_prefix(text, Bytes(other).first(i)));
+  });
+}
+
+// Few letters, of both signs, so that many places agree with the bound in some of them.
+TEST(Kernels, PassGreater) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    std::vector<Byte> letters(text.begin(), text.end());
+    for (Byte& c : letters) c = c < 250 ? static_cast<Byte>(127 + c % 2) : c;
+    std::vector<Byte> bound(8);
+    for (Byte& c : bound) c = static_cast<Byte>(127 + random() % 2);
+    const std::size_t n = letters.size();
+    const std::size_t at = random() % (n + 1);
+    const std::size_t last = n < 8 ? 0 : n - 7;
+    const auto is_low = [&](std::size_t i) {
+      const auto* const signed_letters = reinterpret_cast<const signed char*>(letters.data() + i);
+      const auto* const signed_bound = reinterpret_cast<const signed char*>(bound.data());
+      return !std::lexicographical_compare(signed_bound, signed_bound + 8, signed_letters,
+                                           signed_letters + 8);
+    };
+    EXPECT_EQ(first_place(at, last, std::max(at, last), is_low),
+              pass_greater(bound.data(), letters, at));
   });
 }
 

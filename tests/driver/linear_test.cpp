@@ -107,6 +107,8 @@ TEST(LinearLongTier, Words) {
         check_linear("length(" + command + "(" + argument + "))");
       check_linear("period(" + argument + ")");
       check_linear("length(implode(lynfac(" + argument + ")))");
+      check_linear("conjp(" + argument + ", rotate(" + argument + ", 100))");
+      check_linear("overlap(" + word + ", " + argument + ")");
     }
   }
 }

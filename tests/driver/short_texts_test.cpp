@@ -60,7 +60,7 @@ TEST(ShortTexts, TakeNoMemory) {
       {vstring_borderarray, [](std::int64_t n) { return Values{letters(n)}; }, 511},
       {vstring_overlap,
        [](std::int64_t n) {
-         return Values{letters(n), letters(n)};
+         return Values{letters(n) + "x", letters(n)};  // t is shorter: a table of its letters
        },
        511},
   };
