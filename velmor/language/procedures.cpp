@@ -5,7 +5,7 @@
 // its arguments and those values into a frame; the body's names know their places there.
 #include "language/procedures.h"
 
-#include <sys/resource.h>
+#include <pthread.h>
 
 #include <algorithm>
 
@@ -17,11 +17,15 @@ namespace {
 
 constexpr std::size_t kLargestStack = std::size_t{4} << 20;
 
-// Half of what the system gives leaves room for the library and for one more body.
-std::size_t stack_for_evaluation() {
-  rlimit limit{};
-  if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return kLargestStack;
-  return std::min<std::size_t>(kLargestStack, limit.rlim_cur / 2);
+// The middle of this thread's stack: what lies below is room for the library and for one more body.
+const char* middle_of_stack() {
+  pthread_attr_t attributes;
+  if (pthread_getattr_np(pthread_self(), &attributes) != 0) return nullptr;
+  void* lowest = nullptr;
+  std::size_t size = 0;
+  pthread_attr_getstack(&attributes, &lowest, &size);
+  pthread_attr_destroy(&attributes);
+  return static_cast<const char*>(lowest) + size / 2;
 }
 
 std::string counted(std::size_t n, const char* what) {
@@ -84,9 +88,9 @@ HostObject Session::call_procedure(HostObject procedure, HostObject argseq) {
 }
 
 void Session::check_stack() const {
-  static const std::size_t allowed = stack_for_evaluation();
+  thread_local const char* const middle = middle_of_stack();
   const char* const here = static_cast<const char*>(__builtin_frame_address(0));
-  if (static_cast<std::size_t>(stack_base_ - here) > allowed)
+  if (here < middle || static_cast<std::size_t>(stack_base_ - here) > kLargestStack)
     throw Failure("procedures call each other too deeply");
 }
 

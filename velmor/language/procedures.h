@@ -10,7 +10,7 @@
 namespace velmor {
 
 struct Procedure {
-  std::size_t parameters;
+  std::size_t parameters = 0;
   std::vector<std::size_t> captured_slots;  // of the enclosing procedure's frame
   std::string text;
   std::unique_ptr<Node> body;

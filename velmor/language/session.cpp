@@ -52,6 +52,10 @@ bool Session::has_value(const std::string& name) {
   return velmor_value(heap(), velmor_name(heap(), name.c_str())) != 0;
 }
 
+void Session::remove(const std::string& name) {
+  functions_.erase(velmor_name(heap(), name.c_str()));
+}
+
 UnknownCommand Session::unknown(const std::string& name) {
   std::vector<std::string> known;
   for (const auto& [object, function] : functions_) known.emplace_back(velmor_text(object));
@@ -131,8 +135,19 @@ void Session::begin_evaluation() {
 
 Expression Session::prepare(std::string_view statement) {
   Expression expression(heap(), parse_statement(statement));
+  expression.first_procedure_ = procedures_.size();
   bind(*expression.tree_, nullptr);
+  expression.end_of_procedures_ = procedures_.size();
   return expression;
+}
+
+void Session::forget(Expression expression) {
+  for (std::size_t i = expression.first_procedure_; i < expression.end_of_procedures_; ++i) {
+    Expression::Release{heap()}(procedures_[i].body.release());
+    procedures_[i] = {};
+  }
+  // Numbers before one that is in use stay taken.
+  while (!procedures_.empty() && procedures_.back().body == nullptr) procedures_.pop_back();
 }
 
 HostObject Session::value_of(const Expression& expression) {

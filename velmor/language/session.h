@@ -49,6 +49,7 @@ class Expression {
   Expression(VelmorHeap* heap, std::unique_ptr<Node> tree) : tree_(tree.release(), {heap}) {}
 
   std::unique_ptr<Node, Release> tree_;
+  std::size_t first_procedure_ = 0, end_of_procedures_ = 0;  // the numbers of those in it
 };
 
 class Session {
@@ -75,6 +76,9 @@ class Session {
   const Callable* find(const std::string& name);
   bool is_protected(const std::string& name);
   bool has_value(const std::string& name);
+  // Takes a command or function away, for hosts that cannot offer it: calling it is an
+  // UnknownCommand from now on.
+  void remove(const std::string& name);
   UnknownCommand unknown(const std::string& name);  // with a suggestion
 
   // Evaluates one expression (or assignment). Its value lives until the next call of evaluate.
@@ -89,6 +93,9 @@ class Session {
   // The parts of evaluate, for those who evaluate often. The value lives until the next
   // collect_garbage. prepare throws SyntaxError, value_of Failure.
   Expression prepare(std::string_view statement);
+  // Ends an expression and its procedures, which are kept for good otherwise. No value may be left
+  // that came of it and holds one.
+  void forget(Expression expression);
   HostObject value_of(const Expression& expression);
   // As value_of, but when the whole expression is a call whose result is a sequence of one element,
   // that sequence: formats that tell it from its element want to know.
