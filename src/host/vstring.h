@@ -49,9 +49,9 @@ extern "C" {
  *                  round it up if they clear what that adds, or leave what follows the zero byte in
  *                  the last word as it was, but not both.
  *                  Words 1 and 2 of a string, and word 1 of a name, are the host's. Word 2 of a
- * name holds 0 or an object (its attribute). Unless that has HOST_TAG_SEQUENCE and length 1, the
- * name has a spelling of its own, which `fmtmsg` asks the host for; a word with its lowest bit set
- * is ignored.
+ *                  name holds 0 or an object (its attribute). Unless that has HOST_TAG_SEQUENCE and
+ *                  length 1, the name has a spelling of its own, which `fmtmsg` asks the host for;
+ *                  a word with its lowest bit set is ignored.
  *   expression sequence   word i is element i, from 1 to length - 1; any tag, HOST_TAG_SEQUENCE or
  *                  another
  *   list, set      word 1: the expression sequence of the elements

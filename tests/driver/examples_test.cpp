@@ -3,10 +3,12 @@
 
 #include <fstream>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "lexiva/commands.h"
 #include "lexiva/keywords.h"
+#include "lexiva/methods.h"
 #include "support/check.h"
 
 namespace vstring_test {
@@ -32,6 +34,20 @@ TEST(BindingTable, HelpIsComplete) {
                 velmor::lexiva::arguments_of(command).empty());
     }
   }
+}
+
+// Each command that is listed has one row that tells its cost; the rows name nothing else.
+TEST(BindingTable, HasAMethodForEveryListedCommand) {
+  std::multiset<std::string> rows, listed;
+  for (const velmor::lexiva::Method& method : velmor::lexiva::methods()) {
+    std::istringstream names{std::string(method.commands)};
+    for (std::string name; names >> name;) rows.insert(name);
+  }
+  for (const velmor::lexiva::Family& family : velmor::lexiva::families()) {
+    for (const velmor::lexiva::Command& command : family.commands)
+      if (family.listed) listed.insert(command.name);
+  }
+  EXPECT_EQ(rows, listed);
 }
 
 TEST(BindingTable, KeywordsAreThoseOfCommands) {

@@ -314,7 +314,8 @@ TEST_F(CommandLine, Help) {
          "    s            a string\n"
          "    n            an integer\n"
          "    chars        a string, whose bytes count\n"
-         "  Returns a string; s itself when n exceeds its length or no byte of chars occurs.\n\n"
+         "  Returns a string; s itself when n exceeds its length or no byte of chars occurs.\n"
+         "  Cost: linear in the texts.\n\n"
          "  > take(\"hello world\", \" \");\n  \"hello\"\n",
          "");
   EXPECT_EQ(shell("$V help"), 0);

@@ -5,35 +5,17 @@
 #include <string_view>
 
 #include "lexiva/commands.h"
+#include "manual/roff.h"
 
 namespace velmor {
 namespace {
 
-// Text as roff shows it.
-std::string roff(std::string_view text) {
-  std::string escaped;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool at_line_start = i == 0 || text[i - 1] == '\n';
-    if (at_line_start && (text[i] == '.' || text[i] == '\'')) escaped += "\\&";
-    if (text[i] == '\\')
-      escaped += "\\e";
-    else if (text[i] == '-')
-      escaped += "\\-";
-    else
-      escaped += text[i];
-  }
-  return escaped;
-}
-
-std::string bold(std::string_view text) { return "\\fB" + roff(text) + "\\fR"; }
-std::string italic(std::string_view text) { return "\\fI" + roff(text) + "\\fR"; }
+using roff::bold;
+using roff::italic;
+using roff::plain;
 
 void write_entry(std::ostream& out, const std::string& head, std::string_view text) {
-  out << ".TP\n" << head << '\n' << roff(text) << ".\n";
-}
-
-void write_verbatim(std::ostream& out, std::string_view text) {
-  out << ".PP\n.nf\n" << roff(text) << ".fi\n";
+  out << ".TP\n" << head << '\n' << plain(text) << ".\n";
 }
 
 void write_options(std::ostream& out, const Outline& outline) {
@@ -61,9 +43,9 @@ void write_commands(std::ostream& out) {
       << " shows each of them with an example.\n";
   for (const lexiva::Family& family : lexiva::families()) {
     if (family.commands.empty() || !family.listed) continue;
-    out << ".SS " << roff(family.title) << '\n';
+    out << ".SS " << plain(family.title) << '\n';
     for (const lexiva::Command& command : family.commands)
-      out << ".TP\n" << bold(command.signature) << '\n' << roff(command.help) << '\n';
+      out << ".TP\n" << bold(command.signature) << '\n' << plain(command.help) << '\n';
   }
 }
 
@@ -77,7 +59,7 @@ void write_manual(std::ostream& out, const Outline& program) {
   for (const Outline& subcommand : program.subcommands)
     out << ".br\n" << bold(program.name) << " " << synopsis_of(subcommand) << '\n';
   out << ".SH DESCRIPTION\n"
-      << roff(program.description)
+      << plain(program.description)
       << " Without arguments, talks with the user at a terminal, or runs the statements that come "
          "in "
          "on standard input.\n"
@@ -86,11 +68,11 @@ void write_manual(std::ostream& out, const Outline& program) {
   out << ".TP\n" << bold("--") << "\nEnds the options: what follows is EXPR or FILE.\n";
   for (const Outline& subcommand : program.subcommands) {
     out << ".SH " << bold(program.name + " " + subcommand.name) << '\n'
-        << roff(subcommand.description) << ".\n";
+        << plain(subcommand.description) << ".\n";
     write_options(out, subcommand);
-    if (!subcommand.footer.empty()) write_verbatim(out, subcommand.footer);
+    if (!subcommand.footer.empty()) out << roff::verbatim(subcommand.footer);
   }
-  write_verbatim(out, program.footer);
+  out << roff::verbatim(program.footer);
   write_commands(out);
   out << ".SH ENVIRONMENT\n";
   write_entry(out, bold("VSTRING_LIBRARY"), "The library to load, unless --library names one");

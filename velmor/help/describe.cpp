@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "lexiva/commands.h"
+#include "lexiva/methods.h"
 
 namespace velmor {
 namespace {
@@ -23,6 +24,10 @@ bool describe_command(std::ostream& out, const std::string& name) {
         << argument.kind << '\n';
   out << "  Returns " << command->returns << ".\n";
   if (*command->notes != '\0') out << "  " << command->notes << '\n';
+  if (const lexiva::Method* const method = lexiva::method_of(command->name)) {
+    out << "  Cost: " << method->cost << ".\n";
+    if (!method->source.empty()) out << "  Source: " << method->source << ".\n";
+  }
   out << "\n  > " << command->example << ";\n";
   if (*command->result != '\0') out << "  " << command->result << '\n';
   return true;

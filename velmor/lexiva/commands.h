@@ -20,6 +20,7 @@ struct Command {
 };
 
 struct Family {
+  const char* page;  // of the manual, behind "vstring-"
   const char* title;
   std::span<const Command> commands;
   bool listed = true;  // in help and completion
