@@ -5,7 +5,9 @@ import contextlib
 import doctest
 import inspect
 import io
+import pathlib
 import pickle
+import re
 import unittest
 
 import vstring
@@ -24,6 +26,14 @@ class Commands(unittest.TestCase):
                     value = eval(example.source, {"vstring": vstring})
                     shown = "" if value is None else repr(value) + "\n"
                     self.assertEqual(shown, example.want)
+
+    def test_documents_show_what_comes_out(self):
+        root = pathlib.Path(__file__).parents[3]
+        for document in (root / "README.md", root / "docs" / "python.md"):
+            blocks = re.findall(r"```pycon\n(.*?)```", document.read_text("utf-8"), re.DOTALL)
+            test = doctest.DocTestParser().get_doctest("".join(blocks), {}, document.name, None, 0)
+            self.assertGreater(len(test.examples), 3)
+            self.assertEqual(doctest.DocTestRunner().run(test).failed, 0)
 
     def test_functions(self):
         self.assertEqual(len(FUNCTIONS), 218 + len(["version", "Version", "WildcardMatch", "each"]))
