@@ -1,9 +1,10 @@
 #include "charclass/case_map.h"
 
 #include <algorithm>
-#include <array>
 
 #include "bytes/byte_map.h"
+#include "bytes/capitalise.h"
+#include "charclass/predicates.h"
 
 namespace vstring::charclass {
 namespace {
@@ -21,26 +22,20 @@ void change_case(Bytes text, MutableBytes out, Byte first, Byte last) {
   changed.apply(text, out);
 }
 
-consteval std::array<Byte, 256> table_of(Byte (*map)(Byte)) {
-  std::array<Byte, 256> table{};
-  for (std::size_t c = 0; c < table.size(); ++c) table[c] = map(static_cast<Byte>(c));
-  return table;
-}
-
 }  // namespace
 
 void lowercase(Bytes text, MutableBytes out) { change_case<lowered>(text, out, 'A', 'Z'); }
 void uppercase(Bytes text, MutableBytes out) { change_case<raised>(text, out, 'a', 'z'); }
 
 void capitalise(Bytes text, MutableBytes out) {
-  // Tables instead of branches, which words in running text make unpredictable.
-  static constexpr std::array<Byte, 256> kMaps[] = {table_of(to_upper), table_of(to_lower)};
-  std::size_t inside = 0;
+  // Below this, asking the class table for every byte costs less than asking for all of them.
+  constexpr std::size_t kWorthScan = 512;
+  if (text.size() >= kWorthScan) return capitalise_words(scan_of(kAlnum, 255), text, out);
+  bool inside = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const Byte c = text[i];
-    const std::size_t in_word = is(c, kAlnum) ? 1 : 0;
-    const auto change = static_cast<Byte>(c ^ kMaps[inside][c]);
-    out[i] = static_cast<Byte>(c ^ (in_word * change));
+    const bool in_word = is(c, kAlnum);
+    out[i] = !in_word ? c : inside ? to_lower(c) : to_upper(c);
     inside = in_word;
   }
 }

@@ -1,16 +1,32 @@
 #include "random/drawing.h"
 
+#include <bit>
 #include <cstddef>
+#include <cstring>
 #include <numeric>
 #include <utility>
 
 namespace vstring::random {
+namespace {
+
+// (A. Mycroft, 1987.)
+bool has_zero_byte(std::uint32_t word) { return ((word - 0x01010101) & ~word & 0x80808080) != 0; }
+
+}  // namespace
 
 void draw_bytes(Generator& generator, MutableBytes out) {
+  static_assert(std::endian::native == std::endian::little);
+  // A copy of its own can stay in registers: what is written to `out` cannot change it.
+  Generator own = generator;
   const std::size_t n = out.size();
   std::size_t i = 0;
   do {
-    std::uint32_t number = generator.next();
+    std::uint32_t number = own.next();
+    if (n - i >= sizeof number && !has_zero_byte(number)) {
+      std::memcpy(&out[i], &number, sizeof number);
+      i += sizeof number;
+      continue;
+    }
     for (int k = 0; k < 4 && i < n; ++k) {
       const auto byte = static_cast<Byte>(number);
       number >>= 8;
@@ -18,6 +34,7 @@ void draw_bytes(Generator& generator, MutableBytes out) {
       if (byte != 0) ++i;
     }
   } while (i < n);
+  generator = own;
 }
 
 void draw_bits(Generator& generator, MutableBytes out) {

@@ -3,13 +3,6 @@
 #include <cstddef>
 
 namespace vstring::random {
-namespace {
-
-constexpr std::uint32_t advance(std::uint32_t x, std::uint32_t multiplier) {
-  return (x >> 16) + (x & 0xffff) * multiplier;
-}
-
-}  // namespace
 
 void Generator::seed(std::uint32_t seed) {
   constexpr std::uint32_t kMultiplier[4] = {18273, 23163, 24984, 28854};
@@ -27,15 +20,6 @@ void Generator::seed(std::uint32_t seed) {
     ring_[k] = (high + low) | 1;
   }
   seeded_ = true;
-}
-
-std::uint32_t Generator::next() {
-  if (!seeded_) seed(0);
-  const std::uint32_t i = --position_;
-  const std::uint32_t product = ring_[(i + 33) % 128] * ring_[(i + 99) % 128];
-  ring_[i % 128] = product;
-  carry_ = advance(carry_, 30903);
-  return product + carry_;
 }
 
 Byte Generator::next_byte() {

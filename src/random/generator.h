@@ -20,7 +20,14 @@ class Generator {
   void seed(std::uint32_t seed);
 
   // The next number of the stream; that of seed 0 when none was given.
-  std::uint32_t next();
+  std::uint32_t next() {
+    if (!seeded_) seed(0);
+    const std::uint32_t i = --position_;
+    const std::uint32_t product = ring_[(i + 33) % 128] * ring_[(i + 99) % 128];
+    ring_[i % 128] = product;
+    carry_ = advance(carry_, 30903);
+    return product + carry_;
+  }
 
   // The next byte of the stream, each number giving four of them, most significant first.
   Byte next_byte();
@@ -28,6 +35,11 @@ class Generator {
   bool has_bytes() const { return byte_count_ > 0; }
 
  private:
+  // Multiply with carry.
+  static constexpr std::uint32_t advance(std::uint32_t x, std::uint32_t multiplier) {
+    return (x >> 16) + (x & 0xffff) * multiplier;
+  }
+
   std::array<std::uint32_t, 128> ring_ = {};
   std::uint32_t position_ = 0;
   std::uint32_t carry_ = 0;

@@ -5,8 +5,9 @@ namespace vstring::random {
 namespace {
 
 std::uint32_t F(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return z ^ (x & (y ^ z)); }
+// A sum, of which the processor has one half done before x is known.
 std::uint32_t G(std::uint32_t x, std::uint32_t y, std::uint32_t z) {
-  return (x & (y | z)) | (y & z);
+  return (x & (y ^ z)) + (y & z);
 }
 std::uint32_t H(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return x ^ (y ^ z); }
 

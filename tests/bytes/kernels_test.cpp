@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <random>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "bytes/byte_map.h"
 #include "bytes/byte_scan.h"
 #include "bytes/byte_sums.h"
+#include "bytes/capitalise.h"
 #include "bytes/common.h"
 #include "bytes/count_byte.h"
 #include "bytes/cpu.h"
@@ -109,6 +111,27 @@ TEST(Kernels, ByteMap) {
     std::vector<Byte> out(text.size());
     map.apply(text, out);
     for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(images[text[i]], out[i]);
+  });
+}
+
+// Words of any bytes, of few of them or of most.
+TEST(Kernels, CapitaliseWords) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    ByteSet set = random_set(random, 200);
+    if (random() % 4 == 0) set.complement();
+    std::vector<Byte> letters(text.begin(), text.end());
+    for (Byte& c : letters) c = random() % 4 == 0 ? c : static_cast<Byte>('A' + c % 58);
+    std::vector<Byte> out(letters.size());
+    capitalise_words(ByteScan(set), letters, out);
+    bool inside = false;
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+      int expected = letters[i];
+      if (set.has(letters[i])) {
+        expected = inside ? std::tolower(letters[i]) : std::toupper(letters[i]);
+      }
+      ASSERT_EQ(expected, out[i]);
+      inside = set.has(letters[i]);
+    }
   });
 }
 

@@ -152,7 +152,7 @@ TEST(Predicates, WholeTextsAndRanges) {
 TEST(Predicates, AskTheTableAsItIs) {
   const int one = '1';
   const int b = 'B';
-  cclbm[0351] |= 0x7;
+  cclbm[0351] |= 0x87;
   cclbm[one] |= 0x2;
   cclbm[b] &= ~0x2U;
   CheckInOrder({
@@ -161,6 +161,8 @@ TEST(Predicates, AskTheTableAsItIs) {
       {R"(isupper(repeat("1", 2000)), isupper(cap(repeat("1", 2000), "", "B")))", "true, false"},
       {R"(lowercase("AB1\351"), casesplit("aB1"))", R"("aB1\351", "aB", "1")"},
       {R"(compareci("Ab", "aB"), compareci("aB", "Ab"))", "false, true"},
+      {R"(capitalise("\351A b"), substr(capitalise(repeat("\351A b", 200)), 1 .. 4))",
+       R"("\351a B", "\351a B")"},
       {"lowercase(repeat(\"AB1\", 20))",
        quoted("aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1")},
   });

@@ -1,20 +1,26 @@
 #include "text/language/soundex.h"
 
+#include <array>
 #include <cctype>
+#include <cstddef>
 
 #include "charclass/class_table.h"
 
 namespace vstring::text {
 namespace {
 
-constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-constexpr char kDigits[] = "01230120022455012623010202";
-static_assert(sizeof kDigits == sizeof kLetters);
+constexpr char kDigits[] = "01230120022455012623010202";  // of A to Z
 
-Byte digit_of(Byte capital) {
-  const bool is_coded = capital >= 'A' && capital <= 'Z';
-  return static_cast<Byte>(is_coded ? kDigits[capital - 'A'] : '0');
+// The digit of each byte, of small letters as of capital ones.
+consteval std::array<Byte, 256> digits_of_bytes() {
+  std::array<Byte, 256> digits;
+  digits.fill('0');
+  for (std::size_t i = 0; i < 26; ++i) {
+    digits['A' + i] = digits['a' + i] = static_cast<Byte>(kDigits[i]);
+  }
+  return digits;
 }
+constexpr std::array<Byte, 256> kDigitOf = digits_of_bytes();
 
 }  // namespace
 
@@ -24,10 +30,9 @@ SoundexKey soundex(Bytes text) {
   Byte last = '0';
   for (const Byte c : text) {
     if (!charclass::is(c, charclass::kAlpha)) continue;
-    const auto capital = static_cast<Byte>(std::toupper(c));
-    const Byte digit = digit_of(capital);
+    const Byte digit = kDigitOf[c];
     if (n == 0) {
-      key[n++] = capital;
+      key[n++] = static_cast<Byte>(std::toupper(c));
     } else if (digit != '0' && digit != last) {
       key[n++] = digit;
       if (n == key.size()) break;
