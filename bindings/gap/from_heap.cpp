@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "heap/big_integer.h"
 #include "heap/object.h"
 #include "values.h"
 
@@ -93,7 +92,9 @@ Obj FromHeap::value(HostObject object, int depth) {
 
 Obj FromHeap::integer(HostObject object) {
   if (velmor::is_immediate(object)) return ObjInt_Int8(velmor::immediate_value(object));
-  return IntStringInternal(0, velmor::to_decimal(object).c_str());
+  const int limbs = static_cast<int>(velmor::length_in_words(object) - 1);
+  return MakeObjInt(velmor::words(object) + 1,
+                    velmor_tag(object) == HOST_TAG_NEGATIVE ? -limbs : limbs);
 }
 
 // The list is where the collector finds its elements; what `known_` holds is part of one that is

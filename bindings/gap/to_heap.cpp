@@ -106,13 +106,8 @@ HostObject ToHeap::value(Obj object, int depth) {
 
 HostObject ToHeap::integer(Obj object) {
   if (IS_INTOBJ(object)) return made(velmor_integer(heap_, INT_INTOBJ(object)));
-  mpz_t number;
-  const mp_size_t limbs = static_cast<mp_size_t>(SIZE_INT(object));
-  mpz_roinit_n(number, reinterpret_cast<const mp_limb_t*>(CONST_ADDR_INT(object)),
-               IS_NEG_INT(object) ? -limbs : limbs);
-  std::string digits(mpz_sizeinbase(number, 10) + 2, '\0');
-  mpz_get_str(digits.data(), 10, number);
-  return made(velmor_big_integer(heap_, digits.c_str()));
+  return made(velmor_integer_of_limbs(heap_, SIZE_INT(object), CONST_ADDR_INT(object),
+                                      IS_NEG_INT(object) ? 1 : 0));
 }
 
 HostObject ToHeap::text(const void* bytes, std::size_t length) {
