@@ -1,254 +1,173 @@
-// Characters, joining, sorting and wildcards on 1 MB, each beside libc or the textbook.
-#include <benchmark/benchmark.h>
-#include <fnmatch.h>
-
+// Texts made from a megabyte of prose, beside the standard algorithms, plain loops (built for this
+// machine) and stringzilla.
 #include <algorithm>
+#include <array>
 #include <cctype>
-#include <cstdlib>
 #include <cstring>
-#include <string>
-#include <vector>
 
-#include "heap/velmor_runtime.h"
+#include "harness/job.h"
+#include "harness/texts.h"
+#ifdef VSTRING_PEER_STRINGZILLA
+#include "peers/stringzilla.h"
+#endif
 
+namespace bench {
 namespace {
 
-constexpr std::size_t kSize = 1 << 20;
+using Table = std::array<char, 256>;
 
-// A million bytes of words in mixed case.
-const std::string& mixed_case() {
-  static const std::string text = [] {
-    const char* const kWords[] = {"the ",    "Quick ", "brown ", "fox ",
-                                  "jumps\n", "over ",  "a ",     "LAZY "};
-    std::string made;
-    for (std::uint32_t state = 1; made.size() < kSize; state = state * 1664525 + 1013904223) {
-      made += kWords[state >> 29];
-    }
-    made.resize(kSize);
+unsigned char code(char c) { return static_cast<unsigned char>(c); }
+
+std::string mapped(const std::string& text, const Table& table) {
+  std::string made = text;
+  for (char& c : made) c = table[code(c)];
+  return made;
+}
+
+Table table_of(int (*map)(int)) {
+  Table table;
+  for (int c = 0; c < 256; ++c) table[static_cast<std::size_t>(c)] = static_cast<char>(map(c));
+  return table;
+}
+
+Peers table_peers(const Table& table) {
+  Peers peers{peer("plain loop", [=] { return mapped(megabyte(), table); })};
+#ifdef VSTRING_PEER_STRINGZILLA
+  peers.push_back(peer("stringzilla", [=] {
+    std::string made(megabyte().size(), '\0');
+    zilla_lookup(made.data(), made.size(), megabyte().data(), table.data());
     return made;
-  }();
+  }));
+#endif
+  return peers;
+}
+
+void add_table(const char* row, VelmorCommand command, const Table& table,
+               const std::vector<std::string>& before = {}) {
+  job("texts/" + std::string(row), [=] {
+    std::vector<HostObject> arguments;
+    for (const std::string& text : before) arguments.push_back(argument(text));
+    arguments.push_back(argument(megabyte()));
+    return against(call(command, arguments), table_peers(table));
+  });
+}
+
+std::string capitalised(std::string text) {
+  bool inside = false;
+  for (char& c : text) {
+    const int each = code(c);
+    c = static_cast<char>(inside ? std::tolower(each) : std::toupper(each));
+    inside = std::isalnum(each) != 0;
+  }
   return text;
 }
 
-// Calls the command with the arguments once per iteration; bytes are those of the text.
-class Call {
- public:
-  VelmorHeap* heap = velmor_heap_new();
-  ~Call() { velmor_heap_free(heap); }
-
-  HostObject text(const std::string& bytes) {
-    return velmor_string_n(heap, bytes.data(), bytes.size());
-  }
-
-  void run(benchmark::State& state, VelmorCommand command, std::vector<HostObject> arguments) {
-    const HostObject argseq = velmor_sequence(heap, arguments.size(), arguments.data());
-    velmor_root(heap, argseq);
-    std::size_t calls = 0;
-    for (auto _ : state) {
-      HostObject result = 0;
-      if (velmor_call(heap, command, argseq, &result) == 0) {
-        state.SkipWithError(velmor_error(heap));
-        break;
-      }
-      benchmark::DoNotOptimize(result);
-      if (++calls % 8 == 0) {
-        state.PauseTiming();
-        velmor_collect(heap);
-        state.ResumeTiming();
-      }
-    }
-    state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
-  }
-};
-
-// The textbook's or libc's way to make a text, handed to the host as ours is.
-template <typename Make>
-void peer_text(benchmark::State& state, Make make) {
-  Call call;
-  std::size_t calls = 0;
-  for (auto _ : state) {
-    const std::string result = make(mixed_case());
-    benchmark::DoNotOptimize(velmor_string(call.heap, result.c_str()));
-    if (++calls % 8 == 0) {
-      state.PauseTiming();
-      velmor_collect(call.heap);
-      state.ResumeTiming();
-    }
-  }
-  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
+std::string counted(const std::string& text) {
+  std::array<std::size_t, 256> counts{};
+  for (const char c : text) ++counts[code(c)];
+  std::string made;
+  made.reserve(text.size());
+  for (std::size_t c = 0; c < 256; ++c) made.append(counts[c], static_cast<char>(c));
+  return made;
 }
 
-template <typename Ask>
-void peer_question(benchmark::State& state, Ask ask) {
-  for (auto _ : state) benchmark::DoNotOptimize(ask(mixed_case()));
-  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
-}
-
-void on_text(benchmark::State& state, VelmorCommand command) {
-  Call call;
-  call.run(state, command, {call.text(mixed_case())});
-}
-
-void lowercase(benchmark::State& state) { on_text(state, vstring_lowercase); }
-void lowercase_tolower(benchmark::State& state) {
-  peer_text(state, [](std::string text) {
-    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-  });
-}
-
-void capitalise(benchmark::State& state) { on_text(state, vstring_capitalise); }
-void capitalise_textbook(benchmark::State& state) {
-  peer_text(state, [](std::string text) {
-    bool inside = false;
-    for (char& c : text) {
-      const int code = static_cast<unsigned char>(c);
-      c = static_cast<char>(inside ? std::tolower(code) : std::toupper(code));
-      inside = std::isalnum(code) != 0;
-    }
-    return text;
-  });
-}
-
-void tr(benchmark::State& state) {
-  Call call;
-  call.run(state, vstring_tr, {call.text("aeiou"), call.text("AEIOU"), call.text(mixed_case())});
-}
-void tr_strchr(benchmark::State& state) {
-  peer_text(state, [](std::string text) {
-    for (char& c : text) {
-      const char* const found = std::strchr("aeiou", c);
-      if (found != nullptr) c = "AEIOU"[found - std::strchr("aeiou", 'a')];
-    }
-    return text;
-  });
-}
-
-void sort(benchmark::State& state) { on_text(state, vstring_sort); }
-void sort_std(benchmark::State& state) {
-  peer_text(state, [](std::string text) {
-    std::sort(text.begin(), text.end());
-    return text;
-  });
-}
-
-void split(benchmark::State& state) { on_text(state, vstring_split); }
-void split_strtok(benchmark::State& state) {
-  Call call;
-  std::size_t calls = 0;
-  for (auto _ : state) {
-    std::string copy = mixed_case();
-    std::vector<HostObject> fields;
-    char* rest = nullptr;
-    for (char* field = strtok_r(copy.data(), " \t\n\f\r", &rest); field != nullptr;
-         field = strtok_r(nullptr, " \t\n\f\r", &rest)) {
-      fields.push_back(velmor_string(call.heap, field));
-    }
-    benchmark::DoNotOptimize(velmor_list(call.heap, fields.size(), fields.data()));
-    if (++calls % 8 == 0) {
-      state.PauseTiming();
-      velmor_collect(call.heap);
-      state.ResumeTiming();
-    }
-  }
-  state.SetBytesProcessed(state.iterations() * std::int64_t{kSize});
-}
-
-std::vector<std::string> words() {
+std::vector<std::string> fields(const std::string& text) {
   std::vector<std::string> found;
-  std::string copy = mixed_case();
-  char* rest = nullptr;
-  for (char* word = strtok_r(copy.data(), " \n", &rest); word != nullptr;
-       word = strtok_r(nullptr, " \n", &rest)) {
-    found.emplace_back(word);
+  for (const char* at = text.c_str();; ++at) {
+    const std::size_t n = std::strcspn(at, " \t\n\v\f\r");
+    found.emplace_back(at, n);
+    at += n;
+    if (*at == '\0') return found;
   }
-  return found;
 }
 
-void join(benchmark::State& state) {
-  Call call;
-  std::vector<HostObject> elements;
-  for (const std::string& word : words()) elements.push_back(call.text(word));
-  call.run(state, vstring_join, {velmor_list(call.heap, elements.size(), elements.data())});
+HostObject list_of(const std::vector<std::string>& texts) {
+  return list(texts.size(), [&](std::size_t i) { return result(texts[i]); });
 }
-void join_append(benchmark::State& state) {
-  const std::vector<std::string> all = words();
-  peer_text(state, [&](const std::string&) {
-    std::string joined = all[0];
-    for (std::size_t i = 1; i < all.size(); ++i) joined.append(" ").append(all[i]);
-    return joined;
+
+std::string joined(HostObject texts) {
+  std::string made(text_of(velmor_element(texts, 1)));
+  for (std::size_t i = 2; i <= velmor_size(texts); ++i) {
+    made.append(" ").append(text_of(velmor_element(texts, i)));
+  }
+  return made;
+}
+
+const Jobs added([] {
+  const auto text_job = [](const char* row, auto make) {
+    job("texts/" + std::string(row), [=] { return make(argument(megabyte())); });
+  };
+  text_job("reverse", [](HostObject text) {
+    return against(call(vstring_reverse, {text}), {peer("std::reverse_copy", [] {
+                     std::string made(megabyte().size(), '\0');
+                     std::reverse_copy(megabyte().begin(), megabyte().end(), made.begin());
+                     return made;
+                   })});
   });
-}
-
-void isprint(benchmark::State& state) {
-  Call call;
-  std::string text = mixed_case();
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  call.run(state, vstring_isprint, {call.text(text)});
-}
-void isprint_libc(benchmark::State& state) {
-  peer_question(state, [](const std::string& text) {
-    return std::all_of(text.begin(), text.end(), [](char c) {
-      return std::isprint(static_cast<unsigned char>(c)) != 0 || c == '\n';
-    });
+  add_table("lowercase", vstring_lowercase, table_of(std::tolower));
+  add_table("uppercase", vstring_uppercase, table_of(std::toupper));
+  Table vowels = table_of([](int c) { return c; });
+  for (const char c : {'a', 'e', 'i', 'o', 'u'}) vowels[code(c)] = static_cast<char>(c - 32);
+  add_table("tr", vstring_tr, vowels, {"aeiou", "AEIOU"});
+  text_job("capitalise", [](HostObject text) {
+    return against(call(vstring_capitalise, {text}),
+                   {peer("plain loop", [] { return capitalised(megabyte()); })});
   });
-}
-
-void hasdigit(benchmark::State& state) { on_text(state, vstring_hasdigit); }
-void hasdigit_strpbrk(benchmark::State& state) {
-  peer_question(state, [](const std::string& text) {
-    return std::strpbrk(text.c_str(), "0123456789") != nullptr;
+  text_job("sort", [](HostObject text) {
+    return against(call(vstring_sort, {text}),
+                   {peer("counting", [] { return counted(megabyte()); }), peer("std::sort", [] {
+                      std::string made = megabyte();
+                      std::sort(made.begin(), made.end());
+                      return made;
+                    })});
   });
-}
-
-void issorted(benchmark::State& state) {
-  Call call;
-  std::string text = mixed_case();
-  std::sort(text.begin(), text.end());
-  call.run(state, vstring_issorted, {call.text(text)});
-}
-void issorted_std(benchmark::State& state) {
-  std::string text = mixed_case();
-  std::sort(text.begin(), text.end());
-  peer_question(state,
-                [&](const std::string&) { return std::is_sorted(text.begin(), text.end()); });
-}
-
-// Patterns of each kind: a literal that is absent, one that is common, sets, and a run of stars.
-const char* const kPatterns[] = {"*absent words*", "*fox*LAZY*fox*", "*[xyz]o[^a-u]*!",
-                                 "*o*o*o*o*o*o*!"};
-
-void wild(benchmark::State& state) {
-  Call call;
-  call.run(state, vstring_wild, {call.text(kPatterns[state.range(0)]), call.text(mixed_case())});
-  state.SetLabel(kPatterns[state.range(0)]);
-}
-void wild_fnmatch(benchmark::State& state) {
-  peer_question(state, [&](const std::string& text) {
-    return fnmatch(kPatterns[state.range(0)], text.c_str(), 0);
+  job("texts/repeat", [] {
+    const std::string word = "repetition ";
+    return against(call(vstring_repeat, {argument(word), argument(std::int64_t{100'000})}),
+                   {peer("append", [=] {
+                     std::string made;
+                     made.reserve(word.size() * 100'000);
+                     for (int i = 0; i < 100'000; ++i) made += word;
+                     return made;
+                   })});
   });
-  state.SetLabel(kPatterns[state.range(0)]);
-}
-
-BENCHMARK(lowercase)->Name("lowercase/ours");
-BENCHMARK(lowercase_tolower)->Name("lowercase/tolower");
-BENCHMARK(capitalise)->Name("capitalise/ours");
-BENCHMARK(capitalise_textbook)->Name("capitalise/textbook");
-BENCHMARK(tr)->Name("tr/ours");
-BENCHMARK(tr_strchr)->Name("tr/strchr");
-BENCHMARK(sort)->Name("sort/ours");
-BENCHMARK(sort_std)->Name("sort/std");
-BENCHMARK(split)->Name("split/ours");
-BENCHMARK(split_strtok)->Name("split/strtok");
-BENCHMARK(join)->Name("join/ours");
-BENCHMARK(join_append)->Name("join/append");
-BENCHMARK(isprint)->Name("isprint/ours");
-BENCHMARK(isprint_libc)->Name("isprint/libc");
-BENCHMARK(hasdigit)->Name("hasdigit/ours");
-BENCHMARK(hasdigit_strpbrk)->Name("hasdigit/strpbrk");
-BENCHMARK(issorted)->Name("issorted/ours");
-BENCHMARK(issorted_std)->Name("issorted/std");
-BENCHMARK(wild)->Name("wild/ours")->DenseRange(0, 3);
-BENCHMARK(wild_fnmatch)->Name("wild/fnmatch")->DenseRange(0, 3);
+  text_job("rotate", [](HostObject text) {
+    return against(call(vstring_rotate, {text, argument(std::int64_t{1000})}),
+                   {peer("std::rotate_copy", [] {
+                     std::string made(megabyte().size(), '\0');
+                     std::rotate_copy(megabyte().begin(), megabyte().end() - 1000, megabyte().end(),
+                                      made.begin());
+                     return made;
+                   })});
+  });
+  text_job("insert", [](HostObject text) {
+    const std::string few = "a few words";
+    return against(
+        call(vstring_insert, {text, argument(std::int64_t{500'000}), argument(few)}),
+        {peer("append", [=] {
+          std::string made;
+          made.reserve(megabyte().size() + few.size());
+          return made.append(megabyte(), 0, 500'000).append(few).append(megabyte(), 500'000);
+        })});
+  });
+  text_job("split", [](HostObject text) {
+    return against(call(vstring_split, {text}),
+                   {{"strcspn", [] { return list_of(fields(megabyte())); }}});
+  });
+  text_job("explode", [](HostObject text) {
+    return against(call(vstring_explode, {text}),
+                   {{"plain loop", [] {
+                       return list(megabyte().size(), [](std::size_t i) {
+                         const char letter[] = {megabyte()[i], '\0'};
+                         return table()->HostNewString(letter);
+                       });
+                     }}});
+  });
+  job("texts/join", [] {
+    const HostObject words = argument(fields(megabyte()));
+    return against(call(vstring_join, {words}), {peer("append", [=] { return joined(words); })});
+  });
+});
 
 }  // namespace
+}  // namespace bench

@@ -1,45 +1,22 @@
-// Levenshtein distance, beside edlib: words without likeness and words that differ in a twentieth
-// of their letters. The rate is that of cells of the whole matrix.
-#include <benchmark/benchmark.h>
-
+// Levenshtein distance, beside two rows of the table and edlib: words without likeness, and words
+// that differ in a twentieth of their letters.
+#include <algorithm>
+#include <numeric>
 #include <random>
-#include <string>
 
-#include "texts.h"
-#include "words/likeness/distance.h"
-#include "words/likeness/levenshtein.h"
+#include "harness/job.h"
+#include "harness/texts.h"
 #ifdef VSTRING_PEER_EDLIB
 #include <edlib.h>
 #endif
 
+namespace bench {
 namespace {
 
-using vstring::Byte;
-using vstring::Bytes;
-using vstring_bench::bytes;
+constexpr std::string_view kLetters = "abcdefghijklmnopqrst";
 
-std::size_t ours(const std::string& s, const std::string& t) {
-  return *vstring::words::levenshtein(bytes(s), bytes(t));
-}
-
-#ifdef VSTRING_PEER_EDLIB
-std::size_t edlib(const std::string& s, const std::string& t) {
-  const EdlibAlignResult result =
-      edlibAlign(s.data(), static_cast<int>(s.size()), t.data(), static_cast<int>(t.size()),
-                 edlibNewAlignConfig(-1, EDLIB_MODE_NW, EDLIB_TASK_DISTANCE, nullptr, 0));
-  const auto distance = static_cast<std::size_t>(result.editDistance);
-  edlibFreeAlignResult(result);
-  return distance;
-}
-#endif
-
-std::string random_word(std::size_t n, std::mt19937& engine) {
-  std::string word(n, '\0');
-  for (char& c : word) c = static_cast<char>('a' + engine() % 20);
-  return word;
-}
-
-std::string edited(std::string word, std::mt19937& engine) {
+std::string edited(std::string word) {
+  std::mt19937 engine(1);
   for (std::size_t i = 0; i < 1 + word.size() / 20; ++i) {
     const std::size_t at = engine() % word.size();
     switch (engine() % 3) {
@@ -56,35 +33,47 @@ std::string edited(std::string word, std::mt19937& engine) {
   return word;
 }
 
-template <typename Distance>
-void measure(benchmark::State& state, Distance distance, bool alike) {
-  const auto n = static_cast<std::size_t>(state.range(0));
-  std::mt19937 engine(static_cast<unsigned>(n));
-  const std::string s = random_word(n, engine);
-  const std::string t = alike ? edited(s, engine) : random_word(n, engine);
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(distance(s, t));
-  state.counters["cells"] = benchmark::Counter(static_cast<double>(n) * static_cast<double>(n),
-                                               benchmark::Counter::kIsIterationInvariantRate);
+// R. A. Wagner and M. J. Fischer, "The string-to-string correction problem", 1974.
+std::size_t two_rows(const std::string& s, const std::string& t) {
+  std::vector<std::uint32_t> row(t.size() + 1);
+  std::vector<std::uint32_t> next(t.size() + 1);
+  std::iota(row.begin(), row.end(), 0U);
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    next[0] = static_cast<std::uint32_t>(i + 1);
+    for (std::size_t j = 0; j < t.size(); ++j) {
+      next[j + 1] = std::min({next[j] + 1, row[j + 1] + 1, row[j] + (s[i] != t[j] ? 1U : 0U)});
+    }
+    row.swap(next);
+  }
+  return row.back();
 }
 
-#define VSTRING_LENGTHS Arg(8)->Arg(64)->Arg(1000)->Arg(10000)->Arg(100000)
-BENCHMARK_CAPTURE(measure, ours, ours, false)->Name("levenshtein/unlike/ours")->VSTRING_LENGTHS;
-BENCHMARK_CAPTURE(measure, ours, ours, true)->Name("levenshtein/alike/ours")->VSTRING_LENGTHS;
 #ifdef VSTRING_PEER_EDLIB
-BENCHMARK_CAPTURE(measure, edlib, edlib, false)->Name("levenshtein/unlike/edlib")->VSTRING_LENGTHS;
-BENCHMARK_CAPTURE(measure, edlib, edlib, true)->Name("levenshtein/alike/edlib")->VSTRING_LENGTHS;
+std::int64_t edlib(const std::string& s, const std::string& t) {
+  const EdlibAlignResult found =
+      edlibAlign(s.data(), static_cast<int>(s.size()), t.data(), static_cast<int>(t.size()),
+                 edlibNewAlignConfig(-1, EDLIB_MODE_NW, EDLIB_TASK_DISTANCE, nullptr, 0));
+  edlibFreeAlignResult(found);
+  return found.editDistance;
+}
 #endif
 
-void linear(benchmark::State& state, std::size_t (*distance)(Bytes, Bytes)) {
-  std::mt19937 engine(1);
-  const std::string s = random_word(1 << 20, engine);
-  const std::string t = s;
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(distance(bytes(s), bytes(t)));
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(s.size()));
-}
-BENCHMARK_CAPTURE(linear, hd, vstring::words::hamming_distance)->Name("hd/ours");
-BENCHMARK_CAPTURE(linear, leedist, vstring::words::lee_distance)->Name("leedist/ours");
-BENCHMARK_CAPTURE(linear, prefixdist, vstring::words::prefix_distance)->Name("prefixdist/ours");
-BENCHMARK_CAPTURE(linear, suffixdist, vstring::words::suffix_distance)->Name("suffixdist/ours");
+const Jobs added([] {
+  for (const bool similar : {true, false}) {
+    for (const std::size_t n : {8U, 64U, 1000U, 10000U}) {
+      job("Levenshtein/" + std::to_string(n) + (similar ? " similar" : " unrelated"), [=] {
+        const std::string s = random_text(n, kLetters, 1);
+        const std::string t = similar ? edited(s) : random_text(n, kLetters, 2);
+        std::vector<Contestant> all{{"ours", call(vstring_levenshtein, {argument(s), argument(t)})},
+                                    {"two rows", [=] { return result(two_rows(s, t)); }}};
+#ifdef VSTRING_PEER_EDLIB
+        all.push_back({"edlib", [=] { return result(edlib(s, t)); }});
+#endif
+        return all;
+      });
+    }
+  }
+});
 
 }  // namespace
+}  // namespace bench

@@ -1,154 +1,162 @@
-// Many patterns at once, beside Hyperscan: building, and scanning with a callback per match.
-//
-// Hyperscan reports where a match ends, in no stated order; the automaton also knows where it
-// begins, and its order.
-#include <benchmark/benchmark.h>
+// Many patterns at once, and one pattern in many texts. Building is timed, but for dictionaries.
+#include <memory>
 
-#include "host/vstring.h"
-#include "texts.h"
-#ifdef VSTRING_PEER_HYPERSCAN
-#include <hs.h>
-#endif
+#include "harness/job.h"
+#include "harness/texts.h"
+#include "peers/finders.h"
+#include "peers/hyperscan.h"
 
-namespace vstring_bench {
+namespace bench {
 namespace {
 
 using Words = std::vector<std::string>;
 
-struct Workload {
-  Words patterns;
-  std::string text;
+struct Hit {
+  std::size_t offset;
+  std::size_t number;
 };
 
-const Workload& workload(std::int64_t which) {
-  constexpr std::size_t kLength = 4'000'000;
-  static const std::vector<Workload> workloads = [] {
-    std::vector<Workload> made;
-    for (const std::size_t n : {3, 30, 300, 3000}) made.push_back({some_words(n), prose(kLength)});
-    Words all;
-    for (std::size_t k = 0; k < vstring::search::kBuiltinWordCount; ++k) all.push_back(word(k));
-    made.push_back({all, prose(kLength)});
-    Words powers;
-    for (std::size_t n = 1; n <= 64; ++n) powers.push_back(std::string(n, 'a'));
-    made.push_back({powers, std::string(kLength / 64, 'a')});
-    made.push_back(
-        {{std::string(60, 'a') + "b", std::string(30, 'a') + "c"}, std::string(kLength, 'a')});
-    return made;
-  }();
-  return workloads[static_cast<std::size_t>(which)];
+HostObject pairs(const std::vector<Hit>& hits) {
+  return sequence(hits.size(),
+                  [&](std::size_t i) { return pair(hits[i].offset + 1, hits[i].number + 1); });
 }
 
-const char* const kNames[] = {"3 words",    "30 words",  "300 words",    "3000 words",
-                              "dictionary", "a^1..a^64", "a^60 b in a^n"};
-
-void report(benchmark::State& state, std::size_t bytes, std::int64_t matches) {
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
-  state.SetLabel(kNames[state.range(0)]);
-  if (matches >= 0) state.counters["matches"] = static_cast<double>(matches);
-}
-
-VstringAutomaton* automaton_of(const Words& patterns) {
-  VstringAutomaton* const automaton = ac_alloc();
-  std::int32_t number = 0;
-  for (const std::string& pattern : patterns) ac_insert(automaton, pattern.c_str(), ++number);
-  ac_prep(automaton);
-  return automaton;
-}
-
-void release(VstringAutomaton* automaton) {
-  ac_free(automaton);
-  std::free(automaton);
-}
-
-std::size_t total_length(const Words& words) {
-  std::size_t n = 0;
-  for (const std::string& each : words) n += each.size();
-  return n;
-}
-
-void many_build(benchmark::State& state) {
-  const Words& patterns = workload(state.range(0)).patterns;
-  for (auto _ : state) release(automaton_of(patterns));
-  report(state, total_length(patterns), -1);
-}
-BENCHMARK(many_build)->Name("many_build/ours")->DenseRange(0, 4)->Unit(benchmark::kMicrosecond);
-
-void many_scan(benchmark::State& state) {
-  const auto& [patterns, text] = workload(state.range(0));
-  VstringAutomaton* const automaton = automaton_of(patterns);
-  std::int64_t matches = 0;
-  for (auto _ : state) {
-    matches = 0;
-    const auto count = [](void* total, const char*, const char*, std::int32_t) {
-      ++*static_cast<std::int64_t*>(total);
-      return 1;
-    };
-    ac_search(automaton, text.c_str(), count, &matches);
-  }
-  release(automaton);
-  report(state, text.size(), matches);
-}
-BENCHMARK(many_scan)->Name("many_scan/ours")->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
-
-#ifdef VSTRING_PEER_HYPERSCAN
-
-hs_database_t* hyperscan_of(const Words& patterns) {
+#ifdef VSTRING_PEER_RUST
+std::shared_ptr<RustMany> rust_of(const Words& words) {
   std::vector<const char*> texts;
   std::vector<std::size_t> lengths;
-  std::vector<unsigned> flags, numbers;
-  for (const std::string& pattern : patterns) {
-    texts.push_back(pattern.c_str());
-    lengths.push_back(pattern.size());
-    flags.push_back(0);
-    numbers.push_back(static_cast<unsigned>(texts.size()));
+  for (const std::string& word : words) {
+    texts.push_back(word.data());
+    lengths.push_back(word.size());
   }
-  hs_database_t* database = nullptr;
-  hs_compile_error_t* error = nullptr;
-  if (hs_compile_lit_multi(texts.data(), flags.data(), numbers.data(), lengths.data(),
-                           static_cast<unsigned>(texts.size()), HS_MODE_BLOCK, nullptr, &database,
-                           &error) != HS_SUCCESS) {
-    hs_free_compile_error(error);
-  }
-  return database;
+  return {rust_many_new(texts.data(), lengths.data(), texts.size()), rust_many_free};
 }
 
-void many_build_hyperscan(benchmark::State& state) {
-  const Words& patterns = workload(state.range(0)).patterns;
-  for (auto _ : state) hs_free_database(hyperscan_of(patterns));
-  report(state, total_length(patterns), -1);
+HostObject rust_hits(const RustMany& automaton, const std::string& text) {
+  std::vector<Hit> hits;
+  rust_many_all(
+      &automaton, text.data(), text.size(),
+      [](void* all, std::size_t at, std::size_t number) {
+        static_cast<std::vector<Hit>*>(all)->push_back({at, number});
+      },
+      &hits);
+  return pairs(hits);
 }
-BENCHMARK(many_build_hyperscan)
-    ->Name("many_build/hyperscan")
-    ->DenseRange(0, 4)
-    ->Unit(benchmark::kMicrosecond);
-
-void many_scan_hyperscan(benchmark::State& state) {
-  const auto& [patterns, text] = workload(state.range(0));
-  hs_database_t* const database = hyperscan_of(patterns);
-  hs_scratch_t* scratch = nullptr;
-  if (hs_alloc_scratch(database, &scratch) != HS_SUCCESS) {
-    state.SkipWithError("Hyperscan refuses the patterns");
-    return;
-  }
-  std::int64_t matches = 0;
-  for (auto _ : state) {
-    matches = 0;
-    const auto count = [](unsigned, unsigned long long, unsigned long long, unsigned, void* total) {
-      ++*static_cast<std::int64_t*>(total);
-      return 0;
-    };
-    hs_scan(database, text.data(), static_cast<unsigned>(text.size()), 0, scratch, count, &matches);
-  }
-  hs_free_scratch(scratch);
-  hs_free_database(database);
-  report(state, text.size(), matches);
-}
-BENCHMARK(many_scan_hyperscan)
-    ->Name("many_scan/hyperscan")
-    ->DenseRange(0, 6)
-    ->Unit(benchmark::kMillisecond);
-
 #endif
 
+#ifdef VSTRING_PEER_HYPERSCAN
+HostObject hyperscan_hits(const Hyperscan& compiled, const Words& words, const std::string& text) {
+  std::vector<Hit> hits;
+  compiled.scan(text, [&](unsigned number, std::size_t end) {
+    hits.push_back({end - words[number].size(), number});
+    return false;
+  });
+  return pairs(hits);
+}
+#endif
+
+HostObject dictionary_of(const Words& words) {
+  HostObject number = call(vstring_dictCreate, {argument(words)})();
+  return argument(velmor_to_integer(number));
+}
+
+std::vector<Contestant> search_all(const Words& words) {
+  std::vector<Contestant> all{
+      {"ours", call(vstring_searchx, {argument(words), argument(prose())})}};
+#ifdef VSTRING_PEER_RUST
+  all.push_back({"Rust aho-corasick", [=] { return rust_hits(*rust_of(words), prose()); }});
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+  all.push_back({"Hyperscan", [=] { return hyperscan_hits(Hyperscan(words), words, prose()); }});
+#endif
+  return all;
+}
+
+std::vector<Contestant> search_dictionary(const Words& words) {
+  std::vector<Contestant> all{
+      {"ours", call(vstring_dictObjSearch, {dictionary_of(words), argument(prose())})}};
+#ifdef VSTRING_PEER_RUST
+  all.push_back(
+      {"Rust aho-corasick", [built = rust_of(words)] { return rust_hits(*built, prose()); }});
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+  all.push_back({"Hyperscan",
+                 [=, built = Hyperscan(words)] { return hyperscan_hits(built, words, prose()); }});
+#endif
+  return all;
+}
+
+HostObject nowhere(bool has) { return has ? result(true) : pair(0, 0); }
+
+std::vector<Contestant> search_absent() {
+  Words words = some_words(1000);
+  std::erase_if(words, [](const std::string& word) { return prose().find(word) != kNowhere; });
+  words.resize(100);
+  std::vector<Contestant> all{{"ours", call(vstring_search, {argument(words), argument(prose())})}};
+#ifdef VSTRING_PEER_RUST
+  all.push_back({"Rust aho-corasick", [=] {
+                   return nowhere(
+                       rust_many_has(rust_of(words).get(), prose().data(), prose().size()));
+                 }});
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+  all.push_back({"Hyperscan", [=] { return nowhere(Hyperscan(words).has(prose())); }});
+#endif
+  return all;
+}
+
+std::vector<Contestant> build() {
+  const Words words = some_words(1000);
+  const Work create = call(vstring_dictCreate, {argument(words)});
+  std::vector<Contestant> all{{"ours", [=] {
+                                 const HostObject made[] = {create()};
+                                 const HostObject argseq = velmor_sequence(heap(), 1, made);
+                                 velmor_call(heap(), vstring_dictObjFree, argseq, nullptr);
+                                 return result(true);
+                               }}};
+#ifdef VSTRING_PEER_RUST
+  all.push_back({"Rust aho-corasick", [=] { return result(rust_of(words) != nullptr); }});
+#endif
+#ifdef VSTRING_PEER_HYPERSCAN
+  all.push_back({"Hyperscan", [=] { return result(Hyperscan(words).accepted()); }});
+#endif
+  return all;
+}
+
+// The lines of the prose, and a pattern that some have.
+std::vector<Contestant> list_of_texts() {
+  Words lines;
+  for (std::size_t from = 0; from < megabyte().size();) {
+    const std::size_t end = std::min(megabyte().find('\n', from), megabyte().size());
+    lines.push_back(megabyte().substr(from, end - from));
+    from = end + 1;
+  }
+  const std::string pattern = "Jacob";
+  const HostObject texts = argument(lines);
+  std::vector<Contestant> all{{"ours", call(vstring_search, {argument(pattern), texts})}};
+  add_finders(all, pattern, [&](auto finder) {
+    return [=] {
+      return list(velmor_size(texts), [&](std::size_t i) {
+        return result(finder.next(text_of(velmor_element(texts, i + 1)), 0) + 1);
+      });
+    };
+  });
+  return all;
+}
+
+const Jobs added([] {
+  for (const std::size_t n : {10U, 100U, 1000U, 25000U}) {
+    job(
+        "many patterns/searchx " + std::to_string(n) + " words",
+        [=] { return search_all(some_words(n)); }, Order::free);
+    job(
+        "many patterns/dictionary of " + std::to_string(n) + " words",
+        [=] { return search_dictionary(some_words(n)); }, Order::free);
+  }
+  job("many patterns/first of 100, absent", search_absent);
+  job("many patterns/list of texts", list_of_texts);
+  job("many patterns/build 1000 words", build);
+});
+
 }  // namespace
-}  // namespace vstring_bench
+}  // namespace bench

@@ -1,29 +1,13 @@
 // Suffix arrays, transforms, common factors, alignments, likeness and tallies, beside
-// libdivsufsort, a suffix automaton, edlib, and Python's jellyfish and Counter.
-#include <benchmark/benchmark.h>
-
+// libdivsufsort, a suffix automaton, edlib and the standard library.
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <cstdint>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <random>
-#include <string>
-#include <vector>
+#include <unordered_map>
 
-#include "texts.h"
-#include "words/alignment/alignment.h"
-#include "words/alignment/edit_path.h"
-#include "words/likeness/closest.h"
-#include "words/likeness/damerau.h"
-#include "words/likeness/jaro.h"
-#include "words/likeness/ratio.h"
-#include "words/statistics.h"
-#include "words/suffix/burrows_wheeler.h"
-#include "words/suffix/factors.h"
-#include "words/suffix/repetition.h"
-#include "words/suffix/suffix_array.h"
+#include "harness/job.h"
+#include "harness/texts.h"
 #ifdef VSTRING_PEER_DIVSUFSORT
 #include <divsufsort.h>
 #endif
@@ -31,84 +15,45 @@
 #include <edlib.h>
 #endif
 
+namespace bench {
 namespace {
 
-using vstring::Buffer;
-using vstring::Byte;
-using vstring::Bytes;
-using vstring_bench::bytes;
-
-std::string random_text(std::size_t n, const std::string& letters, unsigned seed) {
-  std::mt19937 engine(seed);
-  std::string text(n, '\0');
-  for (char& c : text) c = letters[engine() % letters.size()];
-  return text;
-}
-
-std::string all_bytes() {
-  std::string letters;
-  for (int c = 1; c < 256; ++c) letters += static_cast<char>(c);
-  return letters;
-}
-
-// ---- Texts of one kind: suffixes ----
-
-std::int64_t suffix_array(const std::string& text) {
-  std::vector<std::int32_t> sorted(text.size());
-  (void)vstring::words::suffix_array(bytes(text), sorted);
-  return sorted[0];
-}
-
-std::int64_t transform(const std::string& text) {
-  std::vector<Byte> last(text.size());
-  return static_cast<std::int64_t>(*vstring::words::burrows_wheeler(bytes(text), last));
-}
-
-std::int64_t repetitions(const std::string& text) {
-  Buffer<vstring::words::Repetition> found;
-  (void)vstring::words::maximal_repetitions(bytes(text), found);
-  return static_cast<std::int64_t>(found.size());
-}
+// ---- Suffixes ----
 
 #ifdef VSTRING_PEER_DIVSUFSORT
-std::int64_t divsufsort_array(const std::string& text) {
-  std::vector<std::int32_t> sorted(text.size());
-  divsufsort(reinterpret_cast<const Byte*>(text.data()), sorted.data(),
-             static_cast<std::int32_t>(text.size()));
-  return sorted[0];
+const unsigned char* codes(const std::string& text) {
+  return reinterpret_cast<const unsigned char*>(text.data());
 }
 
-std::int64_t divsufsort_transform(const std::string& text) {
-  std::vector<Byte> last(text.size());
-  return divbwt(reinterpret_cast<const Byte*>(text.data()), last.data(), nullptr,
-                static_cast<std::int32_t>(text.size()));
+HostObject sorted_suffixes(const std::string& text) {
+  std::vector<std::int32_t> sorted(text.size());
+  divsufsort(codes(text), sorted.data(), static_cast<std::int32_t>(text.size()));
+  return list(sorted.size(), [&](std::size_t i) { return result(sorted[i] + 1); });
+}
+
+HostObject transform(const std::string& text) {
+  std::string last(text.size(), '\0');
+  divbwt(codes(text), reinterpret_cast<unsigned char*>(last.data()), nullptr,
+         static_cast<std::int32_t>(text.size()));
+  return result(last);
 }
 #endif
 
-// The two halves of the text.
-std::int64_t common_factor(const std::string& text) {
-  const Bytes all = bytes(text);
-  const std::size_t half = text.size() / 2;
-  return static_cast<std::int64_t>(
-      vstring::words::longest_common_factor(all.first(half), all.subspan(half))->size());
-}
-
-// A. Blumer et al., "The smallest automaton recognizing the subwords of a text", 1985, of the first
-// half; the second one is run through it.
-std::int64_t automaton_factor(const std::string& text) {
+// How long the longest common factor is. A. Blumer et al., "The smallest automaton recognizing the
+// subwords of a text", 1985, of s; t is run through it.
+std::size_t longest_common(const std::string& s, const std::string& t) {
   struct State {
     std::array<std::int32_t, 256> next;
     std::int32_t link = -1;
     std::int32_t length = 0;
     State() { next.fill(-1); }
   };
-  const std::size_t half = text.size() / 2;
   std::vector<State> states(1);
-  states.reserve(2 * half);
+  states.reserve(2 * s.size());
   const auto at = [&](std::int32_t i) -> State& { return states[static_cast<std::size_t>(i)]; };
   std::int32_t last = 0;
-  for (std::size_t i = 0; i < half; ++i) {
-    const auto c = static_cast<Byte>(text[i]);
+  for (const char letter : s) {
+    const auto c = static_cast<unsigned char>(letter);
     const auto added = static_cast<std::int32_t>(states.size());
     states.emplace_back();
     at(added).length = at(last).length + 1;
@@ -128,237 +73,183 @@ std::int64_t automaton_factor(const std::string& text) {
     last = added;
   }
   std::int32_t state = 0;
-  std::int64_t length = 0;
-  std::int64_t longest = 0;
-  for (std::size_t i = half; i < text.size(); ++i) {
-    const auto c = static_cast<Byte>(text[i]);
+  std::int32_t length = 0;
+  std::int32_t longest = 0;
+  for (const char letter : t) {
+    const auto c = static_cast<unsigned char>(letter);
     while (state > 0 && at(state).next[c] < 0) length = at(state = at(state).link).length;
     if (at(state).next[c] < 0) continue;
     state = at(state).next[c];
     longest = std::max(longest, ++length);
   }
-  return longest;
+  return static_cast<std::size_t>(longest);
 }
 
-void measure(benchmark::State& state, std::int64_t (*answer)(const std::string&),
-             const std::string& text) {
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(answer(text));
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
-}
-
-// ---- Pairs: alignments ----
-
-std::int64_t edits(const std::string& s, const std::string& t) {
-  Buffer<Byte> columns;
-  (void)vstring::words::edit_path(bytes(s), bytes(t), columns);
-  return static_cast<std::int64_t>(columns.size());
-}
-
-std::int64_t align(const std::string& s, const std::string& t) {
-  Buffer<Byte> columns;
-  return *vstring::words::align(bytes(s), bytes(t), {}, columns);
-}
-
-std::int64_t partial_ratio(const std::string& s, const std::string& t) {
-  return static_cast<std::int64_t>(*vstring::words::partial_ratio(bytes(s), bytes(t)));
-}
+// ---- Alignments ----
 
 #ifdef VSTRING_PEER_EDLIB
-std::int64_t edlib_path(const std::string& s, const std::string& t) {
-  const EdlibAlignResult result =
+// A cigar of the least edits, of which there may be others.
+std::string edlib_cigar(const std::string& s, const std::string& t) {
+  const EdlibAlignResult found =
       edlibAlign(s.data(), static_cast<int>(s.size()), t.data(), static_cast<int>(t.size()),
                  edlibNewAlignConfig(-1, EDLIB_MODE_NW, EDLIB_TASK_PATH, nullptr, 0));
-  const std::int64_t columns = result.alignmentLength;
-  edlibFreeAlignResult(result);
-  return columns;
+  char* const text =
+      edlibAlignmentToCigar(found.alignment, found.alignmentLength, EDLIB_CIGAR_EXTENDED);
+  std::string cigar = text;
+  std::free(text);
+  edlibFreeAlignResult(found);
+  return cigar;
+}
+
+std::size_t edit_distance(const std::string& s, const std::string& t, std::size_t most) {
+  const EdlibAlignResult found = edlibAlign(
+      s.data(), static_cast<int>(s.size()), t.data(), static_cast<int>(t.size()),
+      edlibNewAlignConfig(static_cast<int>(most), EDLIB_MODE_NW, EDLIB_TASK_DISTANCE, nullptr, 0));
+  edlibFreeAlignResult(found);
+  return found.editDistance < 0 ? most + 1 : static_cast<std::size_t>(found.editDistance);
+}
+
+// How many columns of a cigar are edits.
+std::size_t edits_of(const std::string& cigar) {
+  std::size_t edits = 0;
+  std::size_t n = 0;
+  for (const char c : cigar) {
+    if (c >= '0' && c <= '9') {
+      n = 10 * n + static_cast<std::size_t>(c - '0');
+    } else {
+      edits += c == '=' ? 0 : n;
+      n = 0;
+    }
+  }
+  return edits;
 }
 #endif
 
-void measure_pair(benchmark::State& state,
-                  std::int64_t (*answer)(const std::string&, const std::string&), std::size_t n,
-                  bool alike) {
-  const std::string s = random_text(n, "ACGT", 1);
-  std::string t = alike ? s : random_text(n, "ACGT", 2);
-  for (std::size_t i = 0; alike && i < n; i += 20) t[i] = 'A';
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(answer(s, t));
-  state.counters["cells"] = benchmark::Counter(static_cast<double>(n) * static_cast<double>(n),
-                                               benchmark::Counter::kIsIterationInvariantRate);
-}
-
-// ---- Words: likeness and tallies, beside Python ----
-
-std::vector<std::string> dictionary() {
-  std::vector<std::string> words;
-  for (std::size_t k = 0; k < vstring::search::kBuiltinWordCount; ++k) {
-    words.push_back(vstring_bench::word(k));
-  }
-  return words;
-}
-
-std::vector<Bytes> spans(const std::vector<std::string>& words) {
-  std::vector<Bytes> spans;
-  for (const std::string& word : words) spans.push_back(bytes(word));
-  return spans;
-}
-
-// 235,000 words where Debian's miscfiles are installed.
-std::vector<std::string> large_dictionary() {
-  std::ifstream in("/usr/share/dict/web2");
-  const std::vector<std::string> words(std::istream_iterator<std::string>(in), {});
-  return words.empty() ? dictionary() : words;
-}
-
-void closest(benchmark::State& state) {
-  const std::vector<std::string> words = large_dictionary();
-  const std::vector<Bytes> texts = spans(words);
-  for ([[maybe_unused]] auto _ : state) {
-    Buffer<vstring::words::Neighbour> nearest;
-    (void)vstring::words::nearest_texts(bytes("appelation"), texts, 5,
-                                        vstring::words::Metric::levenshtein, nearest);
-    benchmark::DoNotOptimize(nearest.data());
-  }
-}
-
-// The dictionary's neighbours, one after the other.
-template <typename Measure>
-void compare_words(benchmark::State& state, Measure measure) {
-  const std::vector<std::string> words = dictionary();
-  for ([[maybe_unused]] auto _ : state) {
-    for (std::size_t k = 0; k + 1 < words.size(); ++k) {
-      benchmark::DoNotOptimize(*measure(bytes(words[k]), bytes(words[k + 1])));
-    }
-  }
-}
-
-void tally(benchmark::State& state) {
-  const std::string text = vstring_bench::prose(4000000);
-  std::vector<Bytes> tokens;
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(" \n", i), text.size());
-    if (end > i) tokens.push_back(bytes(text).subspan(i, end - i));
-    i = end + 1;
-  }
-  for ([[maybe_unused]] auto _ : state) {
-    Buffer<vstring::words::Tally> tallies;
-    (void)vstring::words::tally_texts(tokens, tallies);
-    benchmark::DoNotOptimize(tallies.data());
-  }
-}
-
-// Seconds of the processor that a statement of Python takes, `words` being the dictionary, `many`
-// the large one, and `tokens` the words of the same prose.
-void python(benchmark::State& state, const std::string& import, const std::string& statement) {
-  std::string script = "import time, timeit\n" + import + "\n";
-  const auto give = [&](const char* name, const std::vector<std::string>& texts) {
-    const std::string path = std::string("/tmp/vstring_bench_") + name;
-    std::ofstream out(path);
-    for (const std::string& text : texts) out << text << '\n';
-    script += std::string(name) + " = open(\"" + path + "\", encoding=\"latin1\").read().split()\n";
-  };
-  give("words", dictionary());
-  give("many", large_dictionary());
-  give("tokens", {vstring_bench::prose(4000000)});
-  const std::string command = "/usr/bin/python3 -W ignore -c '" + script +
-                              "print(timeit.timeit(lambda: " + statement +
-                              ", timer=time.process_time, number=1))' 2>/dev/null";
-  for ([[maybe_unused]] auto _ : state) {
-    FILE* const pipe = popen(command.c_str(), "r");
-    double seconds = 0;
-    const int read = pipe != nullptr ? std::fscanf(pipe, "%lf", &seconds) : 0;
-    if (pipe != nullptr) pclose(pipe);
-    if (read != 1) {
-      state.SkipWithError("not installed");
-      break;
-    }
-    state.SetIterationTime(seconds);
-  }
-}
-
-const bool registered = [] {
-  constexpr std::size_t kLength = 4000000;
-  const std::pair<const char*, std::string> texts[] = {
-      {"prose", vstring_bench::prose(kLength)},
-      {"dna", random_text(kLength, "ACGT", 1)},
-      {"bytes", random_text(kLength, all_bytes(), 1)},
-      {"fibonacci", vstring_bench::fibonacci_word(kLength)},
-  };
-  struct Job {
-    const char* name;
-    const char* who;
-    std::int64_t (*answer)(const std::string&);
-  };
-  const Job jobs[] = {
-      {"suffixarray", "ours", suffix_array},
-      {"bwt", "ours", transform},
-#ifdef VSTRING_PEER_DIVSUFSORT
-      {"suffixarray", "divsufsort", divsufsort_array},
-      {"bwt", "divsufsort", divsufsort_transform},
-#endif
-      {"repetitions", "ours", repetitions},
-  };
-  const Job halves[] = {{"lcsubstring", "ours", common_factor},
-                        {"lcsubstring", "automaton", automaton_factor}};
-  const auto name = [](const Job& job, const char* kind) {
-    return std::string(job.name) + "/" + kind + "/" + job.who;
-  };
-  for (const auto& [kind, text] : texts) {
-    for (const Job& job : jobs) {
-      benchmark::RegisterBenchmark(name(job, kind).c_str(), measure, job.answer, text)
-          ->Unit(benchmark::kMillisecond);
-    }
-    for (const Job& job : halves) {  // the automaton takes 2 kB a letter
-      benchmark::RegisterBenchmark(name(job, kind).c_str(), measure, job.answer,
-                                   text.substr(0, 200000))
-          ->Unit(benchmark::kMillisecond);
-    }
-  }
-  struct PairJob {
-    const char* name;
-    std::int64_t (*answer)(const std::string&, const std::string&);
-  };
-  const PairJob pair_jobs[] = {
-      {"edits/%s/ours", edits},
+void add_pair(const char* row, VelmorCommand command, bool has_peer) {
+  for (const bool alike : {false, true}) {
+    for (const std::size_t n : {100U, 1000U, 10000U}) {
+      job("alignments/" + std::string(row) + " " + std::to_string(n) +
+              (alike ? " similar" : " unrelated"),
+          [=] {
+            const std::string s = random_text(n, "ACGT", 1);
+            std::string t = alike ? s : random_text(n, "ACGT", 2);
+            for (std::size_t i = 0; alike && i < n; i += 20) t[i] = 'A';
+            const Work ours = call(command, {argument(s), argument(t)});
+            std::vector<Contestant> all{{"ours", ours}};
 #ifdef VSTRING_PEER_EDLIB
-      {"edits/%s/edlib", edlib_path},
+            if (has_peer) {
+              const std::size_t least = edits_of(velmor_text(ours()));
+              if (edits_of(edlib_cigar(s, t)) == least) {
+                all.push_back(
+                    {"edlib", [=] { return result(edlib_cigar(s, t)); }, Does::something});
+              }
+            }
 #endif
-      {"align/%s/ours", align},
-      {"partialratio/%s/ours", partial_ratio},
-  };
-  for (const PairJob& job : pair_jobs) {
-    for (const bool alike : {false, true}) {
-      for (const std::size_t n : {100U, 1000U, 10000U}) {
-        char title[64];
-        std::snprintf(title, sizeof title, job.name, alike ? "alike" : "unlike");
-        benchmark::RegisterBenchmark((title + ("/" + std::to_string(n))).c_str(), measure_pair,
-                                     job.answer, n, alike);
-      }
+            return all;
+          });
     }
   }
-  return true;
-}();
+}
 
-BENCHMARK(closest)->Name("closest/web2/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(compare_words, jaro, vstring::words::jaro)
-    ->Name("jaro/dictionary/ours")
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(compare_words, damerau, vstring::words::damerau_distance)
-    ->Name("damerau/dictionary/ours")
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(tally)->Name("tally/prose/ours")->Unit(benchmark::kMillisecond);
+// ---- Likeness and tallies ----
 
-#define VSTRING_PYTHON(job, import, statement)            \
-  BENCHMARK_CAPTURE(python, statement, import, statement) \
-      ->Name(job)                                         \
-      ->Iterations(1)                                     \
-      ->UseManualTime()                                   \
-      ->Unit(benchmark::kMillisecond)
-VSTRING_PYTHON("closest/web2/jellyfish", "import jellyfish",
-               "sorted((jellyfish.levenshtein_distance(\"appelation\", w), i) "
-               "for i, w in enumerate(many))[:5]");
-VSTRING_PYTHON("jaro/dictionary/jellyfish", "import jellyfish",
-               "[jellyfish.jaro_similarity(s, t) for s, t in zip(words, words[1:])]");
-VSTRING_PYTHON("damerau/dictionary/jellyfish", "import jellyfish",
-               "[jellyfish.damerau_levenshtein_distance(s, t) for s, t in zip(words, words[1:])]");
-VSTRING_PYTHON("tally/prose/counter", "import collections", "collections.Counter(tokens)");
+#ifdef VSTRING_PEER_EDLIB
+// The first of those that are nearest, and how near.
+HostObject nearest(const std::string& word, const std::vector<std::string>& words) {
+  std::size_t best = 0;
+  std::size_t least = word.size() + words[0].size();
+  for (std::size_t i = 0; i < words.size() && least > 0; ++i) {
+    const std::size_t distance = edit_distance(word, words[i], least - 1);
+    if (distance < least) {
+      least = distance;
+      best = i;
+    }
+  }
+  return list(1, [&](std::size_t) {
+    return list(2, [&](std::size_t i) { return i == 0 ? result(words[best]) : result(least); });
+  });
+}
+#endif
+
+HostObject counts(const std::vector<std::string>& texts) {
+  std::unordered_map<std::string_view, std::size_t> places;
+  std::vector<std::pair<std::string_view, std::size_t>> all;
+  for (const std::string& text : texts) {
+    const auto [place, is_new] = places.try_emplace(text, all.size());
+    if (is_new) all.emplace_back(text, 0);
+    ++all[place->second].second;
+  }
+  return list(all.size(), [&](std::size_t i) {
+    return table()->HostNewExpr("=", result(std::string(all[i].first)), result(all[i].second));
+  });
+}
+
+const std::vector<std::string>& tokens() {
+  static const std::vector<std::string> all = [] {
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i < megabyte().size();) {
+      const std::size_t end = std::min(megabyte().find_first_of(" \n", i), megabyte().size());
+      if (end > i) found.push_back(megabyte().substr(i, end - i));
+      i = end + 1;
+    }
+    return found;
+  }();
+  return all;
+}
+
+const Jobs added([] {
+  struct Kind {
+    const char* name;
+    std::string (*text)();
+  };
+  constexpr std::size_t kLength = 1 << 20;
+  for (const Kind& kind : {Kind{"prose", [] { return prose().substr(0, kLength); }},
+                           Kind{"DNA", [] { return dna().substr(0, kLength); }},
+                           Kind{"random bytes", [] { return noise().substr(0, kLength); }},
+                           Kind{"Fibonacci", [] { return fibonacci_word(kLength); }}}) {
+    const auto add = [&](const char* row, VelmorCommand command,
+                         HostObject (*peer)(const std::string&), Does does) {
+      job("suffixes/" + std::string(row) + " " + kind.name, [=] {
+        static std::string text;
+        text = kind.text();
+        std::vector<Contestant> all{{"ours", call(command, {argument(text)})}};
+        if (peer != nullptr) all.push_back({"libdivsufsort", [=] { return peer(text); }, does});
+        return all;
+      });
+    };
+#ifdef VSTRING_PEER_DIVSUFSORT
+    add("suffixarray", vstring_suffixarray, sorted_suffixes, Does::the_same);
+    add("bwt", vstring_bwt, transform, Does::something);  // of suffixes, not of rotations
+#endif
+    add("repetitions", vstring_repetitions, nullptr, Does::something);
+    job("suffixes/lcsubstring " + std::string(kind.name),
+        [=] {  // the automaton takes 2 kB a letter
+          const std::string text = kind.text();
+          const std::string s = text.substr(0, 100'000);
+          const std::string t = text.substr(100'000, 100'000);
+          const Work ours = call(vstring_lcsubstring, {argument(s), argument(t)});
+          const std::size_t n = velmor_text_length(ours());
+          return std::vector<Contestant>{
+              {"ours", ours},
+              {"automaton", [=] { return result(longest_common(s, t) == n); }, Does::a_part}};
+        });
+  }
+  add_pair("edits", vstring_edits, true);
+  add_pair("align", vstring_align, false);
+  add_pair("partialratio", vstring_partialratio, false);
+  job("likeness/closest in web2", [] {
+    const HostObject words = argument(dictionary());
+    std::vector<Contestant> all{{"ours", call(vstring_closest, {argument("appelation"), words})}};
+#ifdef VSTRING_PEER_EDLIB
+    all.push_back({"edlib", [] { return nearest("appelation", dictionary()); }});
+#endif
+    return all;
+  });
+  job("likeness/tally of words", [] {
+    return std::vector<Contestant>{{"ours", call(vstring_tally, {argument(tokens())})},
+                                   {"std::unordered_map", [] { return counts(tokens()); }}};
+  });
+});
 
 }  // namespace
+}  // namespace bench

@@ -1,75 +1,69 @@
-// Combinatorics on words, beside the plain textbook loop for the same question.
-#include <benchmark/benchmark.h>
+// Combinatorics on words, beside the textbook's loop, exact search in ww, one memchr pass over the
+// word, and a copy of it for the host.
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 
-#include <random>
-#include <string>
-#include <vector>
+#include "harness/job.h"
+#include "harness/texts.h"
 
-#include "runtime/memory.h"
-#include "texts.h"
-#include "words/border.h"
-#include "words/conjugate.h"
-#include "words/lyndon.h"
-#include "words/period.h"
-#include "words/primitivity.h"
-
+namespace bench {
 namespace {
 
-using vstring::Byte;
-using vstring::Bytes;
-using vstring_bench::bytes;
-using vstring_bench::fibonacci_word;
+constexpr std::size_t kLength = 1 << 20;
 
-std::string random_word(std::size_t n, unsigned letters) {
-  std::mt19937 engine(1);
-  std::string word(n, '\0');
-  for (char& c : word) c = static_cast<char>(1 + engine() % letters);
-  return word;
-}
+struct Kind {
+  const char* name;
+  std::string (*word)();
+};
 
-std::string repeated(const std::string& u, std::size_t n) {
-  std::string word;
-  while (word.size() < n) word += u;
-  return word.substr(0, n);
-}
+const Kind kKinds[] = {
+    {"random", [] { return noise().substr(0, kLength); }},
+    {"letters", [] { return random_text(kLength, "abcdefghijklmnopqrstuvwxyz", 1); }},
+    {"binary", [] { return random_text(kLength, "ab", 1); }},
+    {"periodic", [] { return repeated(random_text(1000, "abcd", 1), kLength); }},
+    {"Fibonacci", [] { return fibonacci_word(kLength); }},
+    {"one letter", [] { return std::string(kLength, 'a'); }},
+    {"last differs", [] { return std::string(kLength - 1, 'a') + "b"; }},
+};
 
 // ---- The textbook ----
 
-std::size_t textbook_border(Bytes w) {
+std::vector<std::int32_t> failure(const std::string& w) {
   std::vector<std::int32_t> f(w.size() + 1);
   std::int32_t k = f[0] = -1;
   for (std::size_t i = 0; i < w.size(); ++i) {
     while (k >= 0 && w[i] != w[static_cast<std::size_t>(k)]) k = f[static_cast<std::size_t>(k)];
     f[i + 1] = ++k;
   }
-  return static_cast<std::size_t>(k);
+  return f;
 }
 
-std::size_t textbook_period(Bytes w) { return w.size() - textbook_border(w); }
+std::size_t border_length(const std::string& w) {
+  return static_cast<std::size_t>(failure(w).back());
+}
 
-int letter(Byte c) { return static_cast<signed char>(c); }
-
-std::size_t textbook_lyndon(Bytes w) {  // Duval
-  std::vector<std::size_t> ends;
+// J.-P. Duval, "Factorizing words over an ordered alphabet", 1983.
+HostObject lyndon_factors(const std::string& w) {
+  std::vector<std::size_t> ends{0};
   for (std::size_t k = 0; k < w.size();) {
     std::size_t i = k;
     std::size_t j = k + 1;
-    for (; j < w.size() && letter(w[i]) <= letter(w[j]); ++j) {
-      i = letter(w[i]) < letter(w[j]) ? k : i + 1;
-    }
+    for (; j < w.size() && w[i] <= w[j]; ++j) i = w[i] < w[j] ? k : i + 1;
     for (; k <= i; k += j - i) ends.push_back(k + j - i);
   }
-  return ends.size();
+  return list(ends.size() - 1,
+              [&](std::size_t i) { return result(w.substr(ends[i], ends[i + 1] - ends[i])); });
 }
 
-std::size_t textbook_rotation(Bytes w) {  // two candidates
+// K. S. Booth, "Lexicographically least circular substrings", 1980, in the form with two places.
+std::size_t least_rotation(const std::string& w) {
   const std::size_t n = w.size();
   std::size_t i = 0;
   std::size_t j = 1;
-  std::size_t k = 0;
-  while (i < n && j < n && k < n) {
-    const int a = letter(w[(i + k) % n]);
-    const int b = letter(w[(j + k) % n]);
+  for (std::size_t k = 0; i < n && j < n && k < n;) {
+    const char a = w[(i + k) % n];
+    const char b = w[(j + k) % n];
     if (a == b) {
       ++k;
       continue;
@@ -81,70 +75,79 @@ std::size_t textbook_rotation(Bytes w) {  // two candidates
   return std::min(i, j);
 }
 
-std::size_t textbook_root(Bytes w) {
-  const std::size_t p = textbook_period(w);
-  return w.size() % p == 0 ? p : w.size();
+// Where v occurs in ww first, from `from` on, or npos.
+std::size_t find_in_square(const std::string& v, const std::string& w, std::size_t from) {
+  const std::string square = w + w;
+  const void* const at = memmem(square.data() + from, square.size() - from, v.data(), v.size());
+  return at == nullptr ? std::string::npos
+                       : static_cast<std::size_t>(static_cast<const char*>(at) - square.data());
 }
 
-// ---- Ours ----
+std::size_t root_length(const std::string& w) { return find_in_square(w, w, 1); }
 
-std::size_t period(Bytes w) { return *vstring::words::smallest_period(w); }
-std::size_t border_array(Bytes w) {
-  vstring::Buffer<std::uint32_t> border;
-  if (!border.resize(w.size() + 1)) return 0;
-  vstring::words::border_array<std::uint32_t>(w, {border.data(), border.size()});
-  return border.back();
-}
-std::size_t lyndon(Bytes w) {  // counted and then walked through, as the command does
-  vstring::words::LyndonFactors factors(w);
-  std::size_t lengths = factors.count();
-  for (Bytes u = factors.next(); !u.empty(); u = factors.next()) lengths += u.size();
-  return lengths;
+bool is_rotation(const std::string& v, const std::string& w) {
+  return v.size() == w.size() && find_in_square(v, w, 0) != std::string::npos;
 }
 
-struct Question {
-  const char* name;
-  std::size_t (*ours)(Bytes);
-  std::size_t (*textbook)(Bytes);
+HostObject passed(const std::string& w) {
+  return result(std::memchr(w.data(), '\377', w.size()) != nullptr);
+}
+
+struct Other {
+  const char* who = nullptr;
+  HostObject (*ask)(const std::string& word) = nullptr;
 };
 
-constexpr Question kQuestions[] = {
-    {"period", period, textbook_period},
-    {"borderarray", border_array, textbook_border},
-    {"lynfac", lyndon, textbook_lyndon},
-    {"minconj", vstring::words::least_rotation, textbook_rotation},
-    {"primroot", vstring::words::primitive_root, textbook_root},
-};
-
-void measure(benchmark::State& state, std::size_t (*answer)(Bytes), const std::string& word) {
-  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(answer(bytes(word)));
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(word.size()));
-}
-
-// Also at twice the length, to show that everything is linear.
-const bool registered = [] {
-  for (const std::size_t n : {std::size_t{1} << 20, std::size_t{1} << 21}) {
-    const std::pair<const char*, std::string> words[] = {
-        {"binary", random_word(n, 2)},
-        {"bytes", random_word(n, 255)},
-        {"periodic", repeated(random_word(1000, 4), n)},
-        {"power", repeated(random_word(1024, 4), n)},
-        {"fibonacci", fibonacci_word(n)},
-        {"one_letter", std::string(n, 'a')},
-        {"last_differs", std::string(n - 1, 'a') + "b"},
-        {"last_smaller", std::string(n - 1, 'b') + "a"},
-    };
-    for (const Question& question : kQuestions) {
-      for (const auto& [kind, word] : words) {
-        const std::string name =
-            std::string("words/") + question.name + "/" + kind + "/" + std::to_string(n);
-        benchmark::RegisterBenchmark((name + "/ours").c_str(), measure, question.ours, word);
-        benchmark::RegisterBenchmark((name + "/textbook").c_str(), measure, question.textbook,
-                                     word);
+// A job for each kind of word; `peers` are given the word, which lives until the next job.
+void add(const char* row, VelmorCommand command, const std::vector<Other>& peers,
+         Other yardstick = {}) {
+  for (const Kind& kind : kKinds) {
+    job("words/" + std::string(row) + " " + kind.name, [=] {
+      static std::string word;
+      word = kind.word();
+      std::vector<Contestant> all{{"ours", call(command, {argument(word)})}};
+      for (const Other& each : peers) all.push_back({each.who, [=] { return each.ask(word); }});
+      if (yardstick.who != nullptr && std::string_view(kind.name) == "random") {
+        all.push_back({yardstick.who, [=] { return yardstick.ask(word); }, Does::something});
       }
-    }
+      return all;
+    });
   }
-  return true;
-}();
+}
+
+const Jobs added([] {
+  const Other memchr_pass{"memchr", passed};
+  const Other copy{"copy for the host", [](const std::string& w) { return result(w); }};
+  add("period", vstring_period,
+      {{"textbook", [](const std::string& w) { return result(w.size() - border_length(w)); }}},
+      memchr_pass);
+  add("border", vstring_border,
+      {{"textbook", [](const std::string& w) { return result(w.substr(0, border_length(w))); }}},
+      memchr_pass);
+  add("minconj", vstring_minconj,
+      {{"textbook",
+        [](const std::string& w) {
+          std::string rotated = w;
+          std::rotate_copy(w.begin(), w.begin() + static_cast<std::ptrdiff_t>(least_rotation(w)),
+                           w.end(), rotated.begin());
+          return result(rotated);
+        }}},
+      copy);
+  add("lynfac", vstring_lynfac, {{"textbook", lyndon_factors}}, copy);
+  add("primroot", vstring_primroot,
+      {{"memmem in ww", [](const std::string& w) { return result(w.substr(0, root_length(w))); }}});
+  add("isprim", vstring_isprim,
+      {{"memmem in ww", [](const std::string& w) { return result(root_length(w) == w.size()); }}});
+  for (const Kind& kind : kKinds) {
+    job("words/conjp " + std::string(kind.name), [=] {
+      static std::string v, w;
+      v = w = kind.word();
+      std::rotate(w.begin(), w.begin() + kLength / 3, w.end());
+      return std::vector<Contestant>{{"ours", call(vstring_conjp, {argument(v), argument(w)})},
+                                     {"memmem in ww", [] { return result(is_rotation(v, w)); }}};
+    });
+  }
+});
 
 }  // namespace
+}  // namespace bench
