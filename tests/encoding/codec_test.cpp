@@ -1,6 +1,7 @@
 // Encodings and escapes. Decoding undoes encoding; what the forms are stands in the rows.
 #include <gtest/gtest.h>
 
+#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 

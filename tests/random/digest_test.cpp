@@ -6,6 +6,7 @@
 #include <openssl/sha.h>
 
 #include "bytes/cpu.h"
+#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "search/approximate_reference.h"
 #include "support/check.h"
 #include "support/direct.h"
 
@@ -27,52 +28,6 @@ TEST(Approximate, Refusals) {
       {"asearchxb(\"a\", \"b\", 1)", "error: expecting 4 arguments, but got 3"},
       {"asearchb(\"a\", \"b\", 2147483648, x)", "error: third argument must be a 32-bit integer"},
   });
-}
-
-using Ends = std::vector<std::size_t>;
-
-// Sellers' table, column by column.
-Ends ends_by_table(const std::string& pattern, const std::string& text, std::int64_t k) {
-  const std::size_t m = pattern.size();
-  k = std::min(k, static_cast<std::int64_t>(m));
-  Ends ends;
-  std::vector<std::int64_t> column(m + 1);
-  for (std::size_t i = 0; i <= m; ++i) column[i] = static_cast<std::int64_t>(i);
-  for (std::size_t j = 0; j < text.size(); ++j) {
-    std::int64_t diagonal = 0;
-    for (std::size_t i = 1; i <= m; ++i) {
-      const std::int64_t other = pattern[i - 1] == text[j] ? 0 : 1;
-      const std::int64_t cell = std::min({diagonal + other, column[i] + 1, column[i - 1] + 1});
-      diagonal = column[i];
-      column[i] = cell;
-    }
-    if (column[m] <= k) ends.push_back(j + 1);
-  }
-  return ends;
-}
-
-// The shift-and automaton with its masks of 32 bits and its start from zero.
-Ends ends_by_automaton(const std::string& pattern, const std::string& text, std::int64_t edits) {
-  const std::size_t m = pattern.size();
-  if (edits < 0 || m == 0) return {};
-  std::uint32_t masks[256] = {};
-  for (std::size_t j = 0; j < std::min<std::size_t>(m, 32); ++j) {
-    masks[static_cast<unsigned char>(pattern[j])] |= std::uint32_t{1} << j;
-  }
-  const auto k = static_cast<std::size_t>(std::min(edits, static_cast<std::int64_t>(m)));
-  std::vector<std::uint64_t> state(k + 1);
-  Ends ends;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto mask = static_cast<std::int32_t>(masks[static_cast<unsigned char>(text[i])]);
-    const auto wide = static_cast<std::uint64_t>(std::int64_t{mask});
-    const std::vector<std::uint64_t> old = state;
-    state[0] = (old[0] << 1 | 1) & wide;
-    for (std::size_t d = 1; d <= k; ++d) {
-      state[d] = ((old[d] << 1 | 1) & wide) | old[d - 1] | state[d - 1] << 1 | old[d - 1] << 1 | 1;
-    }
-    if ((state[k] >> (m - 1) % 64 & 1) != 0) ends.push_back(i + 1);
-  }
-  return ends;
 }
 
 void check_ends(const std::string& pattern, const std::string& text, std::int64_t k) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "search/approximate_reference.h"
 #include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
@@ -68,13 +69,7 @@ void check_exact(const std::string& pattern, const std::string& text) {
 }
 
 void check_mismatches(const std::string& pattern, const std::string& text, std::size_t k) {
-  std::vector<std::vector<std::size_t>> found;
-  for (std::size_t i = 0; i + pattern.size() <= text.size(); ++i) {
-    std::size_t count = 0;
-    for (std::size_t j = 0; j < pattern.size(); ++j) count += pattern[j] != text[i + j] ? 1 : 0;
-    if (count > k || (k == 0 && pattern.empty())) continue;
-    found.push_back({i + 1, count});
-  }
+  const auto found = places_with_mismatches(pattern, text, k);
   const auto answer = [&](VelmorCommand command) {
     return call(command, {pattern, text, static_cast<std::int64_t>(k)});
   };

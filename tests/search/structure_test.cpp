@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "support/check.h"
 #include "support/direct.h"
 
 namespace vstring_test {

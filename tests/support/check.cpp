@@ -1,27 +1,20 @@
 #include "support/check.h"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <set>
 #include <sstream>
 #include <utility>
 
 #include "support/allocations.h"
+#include "support/figures.h"
 #include "support/fingerprint.h"
 
 namespace vstring_test {
 namespace {
 
-VelmorCommand resolve(const std::string& entry_point) {
-  return reinterpret_cast<VelmorCommand>(dlsym(RTLD_DEFAULT, entry_point.c_str()));
-}
-
 std::uint64_t arguments_before = 0;
-
-void note_call(const std::string& command, HostObject argseq);
 
 void check_arguments(const std::string& command, HostObject argseq) {
   EXPECT_EQ(arguments_before, fingerprint(argseq)) << command << " changed its arguments";
@@ -44,35 +37,31 @@ std::pair<std::size_t, std::size_t> holdings() {
   return {live_blocks(), velmor_protected_count(session().heap())};
 }
 
-// What the whole run has made fail.
-struct Tally : testing::Environment {
-  std::size_t operations = 0, allocations = 0;
+// Watches every call of the session.
+struct Watch : testing::Environment {
   bool is_failing = false;
-  std::set<std::string> commands;
-  void TearDown() override {
-    if (operations == 0) return;
-    std::printf("Made to fail: %zu host operations and %zu allocations in calls of %zu commands.\n",
-                operations, allocations, commands.size());
+  std::set<std::string> failed;  // commands
+  void SetUp() override {
+    session().before_call = [this](const std::string& command, HostObject argseq) {
+      arguments_before = fingerprint(argseq);
+      if (is_failing && failed.insert(command).second) ++figure("failed_commands");
+    };
+    session().after_call = check_arguments;
   }
 };
-auto* const tally = static_cast<Tally*>(testing::AddGlobalTestEnvironment(new Tally));
-
-void note_call(const std::string& command, HostObject argseq) {
-  arguments_before = fingerprint(argseq);
-  if (tally->is_failing) tally->commands.insert(command);
-}
+auto* const watch = static_cast<Watch*>(testing::AddGlobalTestEnvironment(new Watch));
 
 // Runs the row with its k-th operation failing, for every k until none fails any more; behind the
 // first 64, for every second, third ... of them.
 template <typename Arm, typename Failed, typename Acceptable>
-void fail_each(const Row& row, std::size_t& count, Arm arm, Failed failed, Acceptable acceptable) {
+void fail_each(const Row& row, double& count, Arm arm, Failed failed, Acceptable acceptable) {
   for (std::size_t k = 1;; k += 1 + k / 64) {
     std::pair<std::size_t, std::size_t> held[2];
     for (auto& after : held) {
       arm(k);
-      tally->is_failing = true;
+      watch->is_failing = true;
       const std::string answer = evaluate(row.call);
-      tally->is_failing = false;
+      watch->is_failing = false;
       const bool has_failed = failed();
       arm(0);
       if (!row.undo.empty() && !is_error(answer)) evaluate(row.undo);
@@ -87,6 +76,7 @@ void fail_each(const Row& row, std::size_t& count, Arm arm, Failed failed, Accep
   }
 }
 
+// By a jump, and by an exception.
 void fail_operations(const Row& row) {
   VelmorHeap* const heap = session().heap();
   std::size_t last = 0;
@@ -95,8 +85,12 @@ void fail_operations(const Row& row) {
     velmor_fail_operation(heap, k);
   };
   const auto failed = [&] { return velmor_operation_count(heap) >= last; };
-  fail_each(row, tally->operations, arm, failed,
-            [](const std::string& answer) { return answer == "error: injected failure"; });
+  for (const bool throws : {false, true}) {
+    velmor_raise_by_exception(heap, throws ? 1 : 0);
+    fail_each(row, figure(throws ? "raised_by_exception" : "raised_by_longjmp"), arm, failed,
+              [](const std::string& answer) { return answer == "error: injected failure"; });
+  }
+  velmor_raise_by_exception(heap, 0);
 }
 
 // What commands say when memory fails.
@@ -111,27 +105,15 @@ const std::set<std::string> kNoMemory = {
 void fail_allocations(const Row& row) {
   for (const bool for_good : {false, true}) {
     const auto arm = [&](std::size_t k) { fail_allocation(k, for_good); };
-    fail_each(row, tally->allocations, arm, allocation_failed, [&](const std::string& answer) {
-      return kNoMemory.contains(answer) || answer == row.expected ||
-             (!row.without_memory.empty() && answer == row.without_memory);
-    });
+    fail_each(row, figure("failed_allocations"), arm, allocation_failed,
+              [&](const std::string& answer) {
+                return kNoMemory.contains(answer) || answer == row.expected ||
+                       (!row.without_memory.empty() && answer == row.without_memory);
+              });
   }
 }
 
 }  // namespace
-
-velmor::Session& session() {
-  static velmor::Session* const shared = [] {
-    auto* const made = new velmor::Session(resolve);
-    made->symbolic = true;
-    made->before_call = note_call;
-    made->after_call = check_arguments;
-    return made;
-  }();
-  return *shared;
-}
-
-std::string evaluate(const std::string& call) { return session().evaluate(call).text; }
 
 void Check(const std::vector<Row>& rows) {
   CheckInOrder(rows);
@@ -195,10 +177,6 @@ void CheckInOrder(const std::vector<Row>& rows) {
 bool long_tier() {
   const char* const flag = std::getenv("VSTRING_LONG_TESTS");
   return flag != nullptr && flag[0] == '1';
-}
-
-std::string quoted(const std::string& bytes) {
-  return session().print(velmor_string_n(session().heap(), bytes.data(), bytes.size()));
 }
 
 }  // namespace vstring_test

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "language/session.h"
+#include "support/session.h"
 
 namespace vstring_test {
 
@@ -19,12 +19,6 @@ struct Row {
   std::string without_memory = {};  // what else it may say when memory fails
   std::string undo = {};            // called after each success
 };
-
-// The host session that the whole test program shares; commands come from the static library.
-velmor::Session& session();
-
-// Prints what the call gives, as in Row::expected.
-std::string evaluate(const std::string& call);
 
 void Check(const std::vector<Row>& rows);
 
@@ -52,8 +46,5 @@ void CheckInOrder(const std::vector<Row>& rows);
 
 // True in the long tier (VSTRING_LONG_TESTS=1).
 bool long_tier();
-
-// A text as a literal of the host's language.
-std::string quoted(const std::string& bytes);
 
 }  // namespace vstring_test

@@ -9,7 +9,7 @@
 
 #include "heap/velmor_runtime.h"
 #include "host/vstring.h"
-#include "support/check.h"
+#include "support/session.h"
 
 namespace vstring_test {
 
@@ -37,7 +37,8 @@ HostObject equation(const Value& left, const Value& right);
 std::string call(VelmorCommand command, const Values& arguments);
 // The object itself; 0 when the command raised.
 HostObject result_of(VelmorCommand command, const Values& arguments);
-// Read as what the command is known to give: a text, true or false, a list of texts.
+// Read as what the command is known to give: a text, true or false, a list of texts. The program
+// ends when the command raises.
 std::string text(VelmorCommand command, const Values& arguments);
 bool truth(VelmorCommand command, const Values& arguments);
 std::vector<std::string> texts(VelmorCommand command, const Values& arguments);

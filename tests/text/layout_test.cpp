@@ -5,73 +5,21 @@
 #include <string>
 
 #include "support/check.h"
+#include "text/wrap_reference.h"
 
 namespace vstring_test {
 namespace {
 
-struct Options {
-  bool count_bytes;
-  bool expand_tabs;
-  bool obey_lines;
-  bool obey_spaces;
-};
-
-// The rules of wrapping spelled out, a byte at a time.
-std::string model(const std::string& text, unsigned width, const Options& options) {
-  const auto is_space = [](char c) {
-    return std::string(" \t\n\v\f\r").find(c) != std::string::npos;
-  };
-  std::string out;
-  unsigned column = 0;
-  for (std::size_t i = 0; i < text.size();) {
-    const char c = text[i];
-    if (!is_space(c)) {
-      std::string word;
-      const std::size_t first = i;
-      while (i < text.size() && !is_space(text[i])) word += text[i++];
-      if (column + word.size() > width && first > 0 && (options.obey_lines || out.back() != '\n')) {
-        out += '\n';
-        column = 0;
-      }
-      out += word;
-      column += static_cast<unsigned>(word.size());
-      continue;
-    }
-    ++i;
-    if (c == '\t' && (options.count_bytes || !options.expand_tabs)) {
-      out += c;
-      ++column;
-    } else if (options.obey_lines && c == '\n') {
-      out += c;
-      column = 0;
-    } else if (!options.obey_spaces) {
-      if (i >= 2 && is_space(text[i - 2])) continue;
-      out += c;
-      ++column;
-    } else {
-      do {
-        out += c == '\t' ? ' ' : c;
-        ++column;
-      } while (c == '\t' && column % 8 != 0);
-      if (column > width) {
-        out += '\n';
-        column = 0;
-      }
-    }
-  }
-  return out;
-}
-
 void expect_as_model(const std::string& text, unsigned width, unsigned option_set) {
-  const Options options = {(option_set & 1) != 0, (option_set & 2) != 0, (option_set & 4) != 0,
-                           (option_set & 8) != 0};
+  const WrapOptions options = {(option_set & 1) != 0, (option_set & 2) != 0, (option_set & 4) != 0,
+                               (option_set & 8) != 0};
   std::string call = "wrap(" + quoted(text) + ", " + std::to_string(width);
   for (const char* const name : {"countbytes", "expandtabs", "obeylines", "obeyspaces"}) {
     call += std::string(", ") + name + ((option_set & 1) != 0 ? " = true" : " = false");
     option_set /= 2;
   }
   call += ")";
-  const std::string expected = text.size() <= width ? text : model(text, width, options);
+  const std::string expected = text.size() <= width ? text : wrapped(text, width, options);
   ASSERT_EQ(quoted(expected), evaluate(call)) << call;
 }
 

@@ -10,6 +10,8 @@
 #include <random>
 #include <sstream>
 
+#include "support/figures.h"
+
 namespace {
 
 class CommandLine : public testing::Test {
@@ -227,7 +229,8 @@ TEST_F(CommandLine, RandomLinesAndExpressions) {
       "-",          "123", "not ",     "take(",   "\xff",   "\t",   " and ", "1.5",   ">",
       "size",       "\n",  "?",        "regsub(", "\"a+\"", "_, 2", "true",  "1 .. 2"};
   std::string text;
-  for (int i = 0; i < 10'000; ++i) {
+  constexpr int lines = 10'000;
+  for (int i = 0; i < lines; ++i) {
     for (std::size_t n = below(12); n > 0; --n)
       text += below(3) > 0 ? pieces[below(pieces.size())]
                            : std::string(1, static_cast<char>(below(256)));
@@ -243,6 +246,7 @@ TEST_F(CommandLine, RandomLinesAndExpressions) {
     const int status = shell("$V " + job + " " + path("text"));
     EXPECT_LE(status, 1) << job;
     const std::string out = contents("out"), err = contents("err");
+    vstring_test::figure("lines_survived") += lines;
     expect("$V " + job + " -j 2 " + path("text"), status, out, err);
   }
   input_ = "a b c\n1 2 3\n";

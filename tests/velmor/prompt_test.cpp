@@ -15,6 +15,8 @@
 #include <sstream>
 
 #include "language/script.h"
+#include "support/check.h"
+#include "support/figures.h"
 
 namespace {
 
@@ -225,7 +227,9 @@ TEST(PromptLines, AreAnsweredWhateverTheyAre) {
   std::ostringstream out, err;
   velmor::Script script(session, out, err, "", velmor::EndsOfStatements::kLines);
   std::mt19937 random(1);
-  for (int i = 0; i < 10'000; ++i) {
+  const int lines = vstring_test::long_tier() ? 100'000 : 10'000;
+  vstring_test::figure("lines_survived") += lines;
+  for (int i = 0; i < lines; ++i) {
     script.feed(random_line(random) + '\n');
     if (i % 5 == 0) script.drop();
     if (i % 100 != 0) continue;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "support/check.h"
 #include "support/direct.h"
 #include "words/sample_words.h"
 

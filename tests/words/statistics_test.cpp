@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "support/check.h"
 #include "support/direct.h"
 
 namespace vstring_test {

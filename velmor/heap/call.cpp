@@ -12,6 +12,8 @@ namespace {
 
 VelmorHeap* current = nullptr;
 
+struct Raised {};  // what leaves a call that a heap raises from by an exception
+
 // Makes `heap` current with `way_out` for its errors, and puts all back when done.
 class CallScope {
  public:
@@ -95,6 +97,7 @@ void leave_call(VelmorHeap& heap) {
     std::fprintf(stderr, "velmor: error outside of a call: %s\n", heap.error.c_str());
     std::abort();
   }
+  if (heap.throws) throw Raised();
   std::longjmp(*heap.way_out, 1);
 }
 
@@ -122,11 +125,15 @@ int velmor_call(VelmorHeap* heap, VelmorCommand command, HostObject argseq, Host
   const velmor::CallScope scope(*heap, &way_out);
   heap->error.clear();
   if (setjmp(way_out) != 0) return 0;
-  const HostObject value = command(&velmor::table(), argseq);
-  if (value == 0) {
-    heap->error = velmor::report_fault(*heap, "a command returned no object");
+  try {
+    const HostObject value = command(&velmor::table(), argseq);
+    if (value == 0) {
+      heap->error = velmor::report_fault(*heap, "a command returned no object");
+      return 0;
+    }
+    if (result != nullptr) *result = value;
+    return 1;
+  } catch (const velmor::Raised&) {
     return 0;
   }
-  if (result != nullptr) *result = value;
-  return 1;
 }

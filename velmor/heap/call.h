@@ -1,6 +1,7 @@
 // A host at work: the call in progress, the way out of it, and what it reports.
 //
-// An error unwinds with longjmp from an operation to the velmor_call in progress. What lies between
+// An error unwinds with longjmp, or with an exception if that is wanted, from an operation to the
+// velmor_call in progress. What lies between
 // are frames of the library and the edge of an operation; our own C++ frames are never jumped over:
 // an operation does its work in a function that has returned (or thrown) before the jump, and an
 // evaluator's failure comes back to host_eval_proc as a result.
@@ -27,6 +28,7 @@ struct VelmorHeap {
   velmor::Heap objects;
 
   std::jmp_buf* way_out = nullptr;  // of the call in progress; null while an evaluator runs
+  bool throws = false;              // leaves a call by an exception instead
   int depth = 0;                    // of nested calls
   std::string error;
   std::string faults;

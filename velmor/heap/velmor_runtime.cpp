@@ -205,6 +205,8 @@ void velmor_fail_operation(VelmorHeap* heap, size_t k) {
   heap->failing_operation = k == 0 ? 0 : heap->operations + k;
 }
 
+void velmor_raise_by_exception(VelmorHeap* heap, int is_wanted) { heap->throws = is_wanted != 0; }
+
 size_t velmor_operation_count(const VelmorHeap* heap) { return heap->operations; }
 
 const char* velmor_faults(const VelmorHeap* heap) { return heap->faults.c_str(); }

@@ -118,6 +118,8 @@ size_t velmor_protected_count(const VelmorHeap* heap); /* HostGcProtect less Hos
 /* Makes the k-th host operation from now (1-based) that can raise do so, once; 0 disarms. The
  * error reads "injected failure". */
 void velmor_fail_operation(VelmorHeap* heap, size_t k);
+/* Operations that raise leave the call by a C++ exception, as in some hosts, not by longjmp. */
+void velmor_raise_by_exception(VelmorHeap* heap, int is_wanted);
 size_t velmor_operation_count(const VelmorHeap* heap); /* of those operations, ever */
 /* Faults of the library that the host noticed (an unlisted position called, a bad index, a value
  * of the wrong kind handed to an operation), a line each; empty when there were none. */
