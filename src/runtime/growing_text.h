@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "bytes/bytes.h"
+#include "bytes/copy.h"
 #include "runtime/memory.h"
 
 namespace vstring {
@@ -36,10 +37,20 @@ class GrowingText {
     return true;
   }
 
+  // The same of from[at, at + n), in fewer steps when these are few.
+  [[nodiscard]] bool append_part(Bytes from, std::size_t at, std::size_t n) {
+    if (!make_room(n + kCopyBlock)) return false;
+    copy_part({text_ + size_, room_ - size_}, from, at, n);
+    size_ += n;
+    return true;
+  }
+  [[nodiscard]] bool reserve_more(std::size_t n) { return make_room(n); }
+
   // The text with its terminator, for which there is always room.
-  const char* terminated() {
+  const char* terminated() { return chars(view().data()); }
+  Bytes view() {
     text_[size_] = '\0';
-    return chars(text_);
+    return {text_, size_};
   }
 
   void free() { block_.free(); }

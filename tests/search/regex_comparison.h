@@ -49,11 +49,13 @@ inline reference::Slots find_by(Method method, const Compiled& compiled, std::st
 
 inline std::optional<std::string> replaced_by(Method method, const Compiled& compiled,
                                               std::string_view text, std::string_view replacement) {
-  vstring::Buffer<vstring::Byte> result;
-  if (replace_all(*compiled.plan, bytes_of(text), bytes_of(replacement), result, method) !=
-      vstring::regex::Outcome::no_match)
-    return std::nullopt;
-  return result.empty() ? std::string(text) : std::string(result.begin(), result.end());
+  vstring::GrowingText result;
+  const vstring::regex::Outcome outcome =
+      replace_all(*compiled.plan, bytes_of(text), bytes_of(replacement), result, method);
+  const std::string replaced(result.terminated(), result.size());
+  result.free();
+  if (outcome != vstring::regex::Outcome::no_match) return std::nullopt;
+  return replaced.empty() ? std::string(text) : replaced;
 }
 
 inline std::optional<std::vector<std::string>> split_by(Method method, const Compiled& compiled,

@@ -111,15 +111,14 @@ HostObject vstring_regsub(const HostTable* host, HostObject argseq) {
   const Bytes replacement = args.text(3);
   Match match;
   if (!matches(args, pattern, text, &match)) return host->HostToBoolean(-1);
-  // Built in a block whatever its length: what the scratch buffer holds stays.
-  HeldArray<Byte> block;
-  if (!regex::expand(text, match, replacement, block)) {
-    block.free();
+  // Built aside whatever its length: what the scratch buffer holds stays.
+  Byte frame[SMALL_BUFFER_BASE_SIZE];
+  GrowingText expansion(frame, sizeof frame);
+  if (!regex::expand(text, match, replacement, expansion)) {
+    expansion.free();
     args.raise(Status::out_of_memory);
   }
-  const HostObject string = host->HostNewString(chars(block.data()));
-  block.free();
-  return string;
+  return new_string(args, expansion);
 }
 
 HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
@@ -136,13 +135,14 @@ HostObject vstring_regsubs(const HostTable* host, HostObject argseq) {
   }
   const Bytes text = args.text(2);
   const Plan& plan = compiled(args, text_of(left_side(rule)), text);
-  // Built in a block, since what the scratch buffer holds stays when there is an error.
-  HeldArray<Byte> changed;
+  // Built aside, since what the scratch buffer holds stays when there is an error.
+  Byte frame[SMALL_BUFFER_BASE_SIZE];
+  GrowingText changed(frame, sizeof frame);
   const Outcome outcome = regex::replace_all(plan, text, text_of(right_side(rule)), changed);
   if (outcome != Outcome::no_match) changed.free();
   require(args, outcome, "cannot replace an empty match");
   // A long one is copied by the host alone, a short one passes through the scratch buffer.
-  const Bytes result = changed.empty() ? text : changed.view();
+  const Bytes result = changed.size() == 0 ? text : changed.view();
   const HostObject string =
       result.size() < kScratchLimit ? new_string(args, result) : host->HostNewString(chars(result));
   changed.free();

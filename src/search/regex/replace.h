@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "bytes/bytes.h"
+#include "runtime/growing_text.h"
 #include "runtime/memory.h"
 #include "search/regex/match.h"
 #include "search/regex/matcher.h"
@@ -14,14 +15,13 @@
 
 namespace vstring::regex {
 
-// Puts what the template makes of one match into `result`, with a terminator behind it. False when
-// memory fails.
-bool expand(Bytes text, const Match& match, Bytes replacement, HeldArray<Byte>& result);
+// Appends what the template makes of one match to `result`. False when memory fails.
+bool expand(Bytes text, const Match& match, Bytes replacement, GrowingText& result);
 
-// Replaces every match as the template says. The new text goes to `result`, with a terminator
-// behind it; nothing goes there when there is no match. The result must not be empty, nor may any
+// Replaces every match as the template says. The new text goes to `result`, which is empty at
+// first; nothing goes there when there is no match. The new text must not be empty, nor may any
 // match be: both are told by Outcome::empty_match.
-Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, HeldArray<Byte>& result,
+Outcome replace_all(const Plan& plan, Bytes text, Bytes replacement, GrowingText& result,
                     Method method = Method::automatic);
 
 // A piece of the text between matches.

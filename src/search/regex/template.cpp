@@ -1,6 +1,9 @@
 #include "search/regex/template.h"
 
+#include "bytes/copy.h"
+
 namespace vstring::regex {
+
 bool Template::read(Bytes text) {
   const auto end_piece = [this](int group) {
     const std::size_t at = pieces_.empty() ? 0 : pieces_.back().at + pieces_.back().length;
@@ -20,14 +23,9 @@ bool Template::read(Bytes text) {
         ++i;
       }
     }
-    if (group != kNoGroup) {
-      groups_ |= 1U << group;
-      ++uses_[group];
-    }
     if (!(group == kNoGroup ? plain_.push_back(c) : end_piece(group))) return false;
   }
   // Room behind, so that the last bytes are copied as quickly as the first.
-  length_ = plain_.size();
   constexpr Byte kRoom[kCopyBlock] = {};
   return end_piece(kNoGroup) && plain_.append(kRoom);
 }

@@ -2,13 +2,11 @@
 // themselves. Any other backslash stands for itself, and so does every other byte. A group that
 // took no part expands to nothing.
 #pragma once
-#include <bit>
 #include <cstddef>
 
 #include "bytes/bytes.h"
-#include "bytes/copy.h"
+#include "runtime/growing_text.h"
 #include "runtime/memory.h"
-#include "runtime/status.h"
 #include "search/regex/match.h"
 
 namespace vstring::regex {
@@ -18,29 +16,15 @@ class Template {
   // Takes a template apart; false when memory fails.
   bool read(Bytes text);
 
-  // Bytes of the expansion; Status::out_of_memory when no text can be that long.
-  Result<std::size_t> expanded_length(Bytes text, const Match& match) const {
-    std::size_t length = length_;
-    for (unsigned rest = groups_; rest != 0; rest &= rest - 1) {
-      const int group = std::countr_zero(rest);
-      std::size_t inserted = 0;
-      if (__builtin_mul_overflow(match.group(text, group).size(), uses_[group], &inserted) ||
-          __builtin_add_overflow(length, inserted, &length)) {
-        return Status::out_of_memory;
-      }
-    }
-    return length;
-  }
-
-  // Writes the expansion to the start of `out` and returns what is left of it.
-  MutableBytes expand(Bytes text, const Match& match, MutableBytes out) const {
+  // Appends the expansion to `out`; false when memory fails.
+  bool expand(Bytes text, const Match& match, GrowingText& out) const {
     for (const Piece& piece : pieces_) {
-      out = copy_part(out, plain_.view(), piece.at, piece.length);
+      if (!out.append_part(plain_.view(), piece.at, piece.length)) return false;
       if (piece.group == kNoGroup || !match.has(piece.group)) continue;
       const std::size_t start = match.start(piece.group);
-      out = copy_part(out, text, start, match.end(piece.group) - start);
+      if (!out.append_part(text, start, match.end(piece.group) - start)) return false;
     }
-    return out;
+    return true;
   }
 
  private:
@@ -54,9 +38,6 @@ class Template {
 
   Buffer<Piece> pieces_;
   Buffer<Byte> plain_;
-  std::size_t length_ = 0;          // of all plain bytes
-  unsigned groups_ = 0;             // bit n: group n is inserted
-  std::size_t uses_[kGroups] = {};  // how often
 };
 
 }  // namespace vstring::regex
