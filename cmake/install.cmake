@@ -48,4 +48,4 @@ install(FILES cmake/vstring-config.cmake ${PROJECT_BINARY_DIR}/vstring-config-ve
 install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES data/LICENSE data/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/data)
 install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
-        PATTERN CMakeLists.txt EXCLUDE)
+        PATTERN CMakeLists.txt EXCLUDE PATTERN site EXCLUDE)
