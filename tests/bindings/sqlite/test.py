@@ -2,7 +2,7 @@
 
 Usage: test.py BUILD_FOLDER [TEST...], from the top of the tree, with helper.so preloaded.
 """
-import os, random, re, resource, sqlite3, subprocess, sys, threading, unittest
+import locale, os, random, re, resource, sqlite3, subprocess, sys, threading, unittest
 
 BUILD = sys.argv.pop(1)
 FOLDER = BUILD + '/bindings/sqlite'
@@ -131,6 +131,12 @@ class Sharing(TestCase):
         for thread in threads:
             thread.join()
         self.assertEqual(wrong, [])
+
+    def test_locale_is_left_alone(self):
+        before = locale.setlocale(locale.LC_ALL, 'C.UTF-8')
+        found = one(self.connect(), "vs_regmatch('a', 'a') + vs_length(vs_fmttime('%A'))")
+        self.assertGreater(found, 1)
+        self.assertEqual(locale.setlocale(locale.LC_ALL), before)
 
     def test_utf_16(self):
         db = self.connect()
