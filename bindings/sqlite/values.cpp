@@ -132,6 +132,7 @@ std::string message_of_exception(const char* function) noexcept try {
     return prefix + error.what() + " (line " + std::to_string(error.line()) + ", column " +
            std::to_string(error.column()) + ")";
   } catch (const Failure& failure) {
+    if (failure.what() == std::string_view("out of memory")) return "";
     return prefix + (failure.where().empty() ? "" : "(in " + failure.where() + ") ") +
            failure.what();
   }

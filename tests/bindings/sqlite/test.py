@@ -124,7 +124,8 @@ class Sharing(TestCase):
                     wrong.append('deep')
                 db.close()
 
-        threading.stack_size(1 << 20)
+        # A sanitizer's frames are several times as large.
+        threading.stack_size((8 if 'ASAN_OPTIONS' in os.environ else 1) << 20)
         threads = [threading.Thread(target=work, args=[n]) for n in range(1, 5)]
         for thread in threads:
             thread.start()
