@@ -29,6 +29,8 @@ void fail_new(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
 
 }  // namespace
 
+void operator delete(void* block, std::size_t size) noexcept;
+
 void* operator new(std::size_t n) {
   const bool fails = allocations_left >= 0 && allocations_left-- == 1;
   if (void* const block = fails ? nullptr : std::malloc(n)) return block;
