@@ -30,7 +30,7 @@ std::deque<Job>& jobs() {
 }
 
 struct Settings {
-  int rounds = 9;
+  int rounds = 7;
   double seconds = 0.04;  // that a contestant runs in each round
 };
 
