@@ -54,7 +54,11 @@ Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern), size
     add(rarest);
     add(second);
     constexpr std::size_t kMore = 4;
-    for (std::size_t i = 0; i < kMore; ++i) add(window * (2 * i + 1) / (2 * kMore));
+    for (std::size_t part = 0; part < kMore; ++part) {
+      std::size_t i = window * (2 * part + 1) / (2 * kMore);
+      while (i == rarest || i == second) i = (i + 1) % window;
+      add(i);
+    }
   }
 }
 
