@@ -38,6 +38,12 @@ class TableCursor {
 // full of beginnings, the automaton goes on alone.
 class ShortCuts {
  public:
+  // A state, and the place of the byte ahead of which it was reached.
+  struct Position {
+    StateNumber state;
+    std::size_t at;
+  };
+
   ShortCuts(const ScanTable& table, Bytes text)
       : table_(table),
         text_(text),
@@ -47,12 +53,13 @@ class ShortCuts {
   // A short cut may be taken from states below this one.
   StateNumber shallow_end() const { return shallow_end_; }
 
-  // Moves `state`, which was reached before the byte at `at`, to where the scan goes on. That is
+  // Moves from a state that was reached before the byte at `at` to where the scan goes on. That is
   // one byte short of what is hashed: no longer suffix of the text can be under way there.
-  void take(StateNumber& state, std::size_t& at) {
-    const std::size_t begin = at - depth_of(state);
-    if (begin < unseen_) return;
+  Position take(Position now) {
+    const std::size_t begin = now.at - depth_of(now.state);
+    if (begin < unseen_) return now;
     std::size_t from = begin;
+    StateNumber state = 0;
     while (shallow_end_ != 0 && text_.size() - from >= hashed_) {
       const std::size_t place = table_.skips.next_place(text_, from);
       budget_.earn(place - from);
@@ -61,12 +68,10 @@ class ShortCuts {
       if (text_.size() - place < hashed_) break;
       from = unseen_ = place + 1;
       if (!begins_at(place, state)) continue;
-      at = place + hashed_ - 1;
-      return;
+      return {state, place + hashed_ - 1};
     }
     // Nothing is under way.
-    state = 0;
-    at = shallow_end_ != 0 ? text_.size() : from;
+    return {0, shallow_end_ != 0 ? text_.size() : from};
   }
 
  private:
@@ -103,17 +108,19 @@ class ShortCuts {
 template <typename Visit>
 void scan(const ScanTable& table, Bytes text, Visit visit) {
   ShortCuts short_cuts(table, text);
-  StateNumber state = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    if (state < short_cuts.shallow_end()) {
-      short_cuts.take(state, at);
-      if (at == text.size()) return;
+  ShortCuts::Position now = {0, 0};
+  while (now.at < text.size()) {
+    if (now.state < short_cuts.shallow_end()) {
+      now = short_cuts.take(now);
+      if (now.at == text.size()) return;
     }
-    const StateNumber next = step(table, state, text[at++]);
-    state = next & ~kHit;
-    if (state == next) continue;
-    const bool go_on = visit_outputs(TableCursor(table, state),
-                                     [&](const Pattern& pattern) { return visit(pattern, at); });
+    const StateNumber next = step(table, now.state, text[now.at]);
+    const std::size_t end = now.at + 1;
+    now = {next & ~kHit, end};
+    if (now.state == next) continue;
+    const bool go_on =
+        visit_outputs(TableCursor(table, now.state),
+                      [&visit, end](const Pattern& pattern) { return visit(pattern, end); });
     if (!go_on) return;
   }
 }
