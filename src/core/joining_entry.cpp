@@ -5,7 +5,7 @@
 #include "core/joining.h"
 #include "host/args.h"
 #include "host/result.h"
-#include "runtime/memory.h"
+#include "runtime/small_array.h"
 
 using namespace vstring;
 
@@ -75,12 +75,12 @@ HostObject vstring_split(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Bytes text = args.text(1);
   const Bytes separators = args.has(2) ? args.text(2) : bytes_of(kBlanks);
-  HeldArray<Byte> fields;
-  if (!fields.resize(text.size() + 1)) args.raise(Status::out_of_memory);
-  const MutableBytes copy(fields.data(), text.size());
-  const std::size_t ends = core::terminate_fields(text, separators, copy);
-  fields.back() = '\0';
-  const char* next = chars(fields.data());
+  SmallArray<Byte, 512> fields;
+  if (!fields.allocate(text.size() + 1)) args.raise(Status::out_of_memory);
+  const MutableBytes copy = fields.view();
+  const std::size_t ends = core::terminate_fields(text, separators, copy.first(text.size()));
+  copy.back() = '\0';
+  const char* next = chars(copy.data());
   const HostObject list = new_list(args, ends + 1, [&](std::size_t) {
     const char* const field = next;
     next += std::strlen(field) + 1;

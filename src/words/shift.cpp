@@ -37,7 +37,7 @@ std::optional<std::size_t> find_shift(Bytes s, Bytes t, std::size_t first) {
       if (budget.is_used_up()) return std::nullopt;
     }
   }
-  while (p < n && !equal(s.subspan(p), t.first(n - p))) ++p;
+  while (p < n && (s[p] != t[0] || !equal(s.subspan(p), t.first(n - p)))) ++p;
   return p;
 }
 
