@@ -12,6 +12,10 @@ namespace vstring_test {
 // value should be short. 0 when the host fails.
 std::uint64_t instructions(const std::string& expression);
 
+// Instructions of one call, such as `length("hello")`, once it has been made before: those of the
+// command and of the host operations that it asks for, without the evaluation around it.
+std::uint64_t call_instructions(const std::string& call);
+
 // By how much the cost grows when n doubles, constant costs left out: 2 for a linear command.
 // make(n) is the expression for size n.
 template <typename Make>
