@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the two directions share: the types of vstring.g, and the list of procedures.
+// What the two directions share: the types of record.g, and the list of procedures.
 #include <stdexcept>
 
 #include "values.h"

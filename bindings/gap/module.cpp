@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The module as GAP loads it. vstring.g makes the record VString of what is here.
+// The module as GAP loads it. record.g makes the record VString of what is here.
 #include "bindings.h"
 #include "values.h"
 

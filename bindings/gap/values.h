@@ -18,10 +18,10 @@ namespace vstring_gap {
 // How deep lists may be nested. Also what makes a list that contains itself an error.
 constexpr int kDeepest = 1000;
 
-// The objects of vstring.g that stand for what GAP has no values for. Each has two components, or
+// The objects of record.g that stand for what GAP has no values for. Each has two components, or
 // one: left and right, low and high, text.
 struct Kind {
-  const char* type_variable;  // of vstring.g, that holds the type
+  const char* type_variable;  // of record.g, that holds the type
   const char* first;
   const char* second;  // null for a name
   Obj type = 0;

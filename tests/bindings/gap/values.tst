@@ -137,3 +137,7 @@ gap> VString.take();
 Error, VString.take: expecting 2 arguments, but got 0
 gap> VString.Help("nothing");
 Error, VString has no command nothing
+gap> Read(Concatenation(VSTRING_FOLDER, "vstring.g")); VString.length("once");
+4
+gap> VString.length := 1;
+Error, Record Assignment: <rec> must be a mutable record
