@@ -23,6 +23,18 @@ std::string soundex(const std::string& capitals) {
   return key.empty() ? "Z000" : key + std::string(4 - key.size(), '0');
 }
 
+void drop_plural(std::string& word) {
+  const std::size_t n = word.size();
+  const auto small = [&](std::size_t from_end) { return word[word.size() - from_end] | 0x20; };
+  if (n < 4 || small(1) != 's' || small(2) == 'u' || small(2) == 's') return;
+  word.pop_back();
+  const int before = small(2);
+  if (small(1) != 'e' || before == 'a' || before == 'e' || before == 'o') return;
+  word.pop_back();
+  if (before == 'i' && n > 4 && small(2) != 'e' && small(2) != 'a')
+    word.back() = word.back() == 'I' ? 'Y' : 'y';
+}
+
 }  // namespace
 
 void vstring_test::try_input(Input& input) {
@@ -43,11 +55,10 @@ void vstring_test::try_input(Input& input) {
     if (capitals.size() > 2) expect_same(stem, text(stemmer, {capitals}));
     if (stem.size() > small.size()) expect_same("no longer than " + small, stem);
   }
-  const std::string plural = text(vstring_pstem, {small});
-  for (const VelmorCommand stemmer : {vstring_pstem, vstring_prestem, vstring_porter}) {
-    const std::string answer = call(stemmer, {mixed});  // whatever the bytes are
-    expect_same(answer, call(stemmer, {mixed}));
-  }
-  expect_same(plural, text(vstring_stem, {small, name("plural")}));
-  expect_same(text(vstring_lancaster, {small}), text(vstring_stem, {small, name("paice")}));
+  call(vstring_prestem, {mixed});  // whatever the bytes are
+  call(vstring_lancaster, {mixed});
+  std::string plural = mixed;
+  for (int times = 0; times < 2; ++times) drop_plural(plural);
+  expect_same(plural, text(vstring_pstem, {mixed}));
+  expect_same(plural, text(vstring_stem, {mixed, name("plural")}));
 }
