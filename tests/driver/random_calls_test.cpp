@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <random>
 #include <string>
 
@@ -37,13 +36,6 @@ std::string run(std::size_t calls, std::size_t rounding = 1, unsigned char fille
   return problem.empty() ? "" : "never got past their checks: " + problem;
 }
 
-double resident_kib() {
-  std::ifstream in("/proc/self/statm");
-  double all = 0, resident = 0;
-  in >> all >> resident;
-  return 4 * resident;
-}
-
 TEST(RandomCalls, AreSound) {
   const char* const wanted = std::getenv("VSTRING_RANDOM_CALLS");
   const std::size_t calls = wanted != nullptr ? std::stoul(wanted) : kDefaultCalls;
@@ -51,12 +43,10 @@ TEST(RandomCalls, AreSound) {
   const std::size_t limit = limit_allocation(kMemoryLimit);
   EXPECT_EQ("", run(2000));
   const std::size_t before = live_blocks();
-  const double resident = resident_kib();
   EXPECT_EQ("", run(calls));
   EXPECT_EQ(before, live_blocks());
   figure("random_calls") += static_cast<double>(calls);
   figure("leaked_blocks") += static_cast<double>(live_blocks() - before);
-  figure("resident_growth_kib") += resident_kib() - resident;
   limit_allocation(limit);
 }
 

@@ -134,13 +134,17 @@ HostObject RandomArguments::list(int depth) {
 }
 
 HostObject RandomArguments::range() {
-  if (below_(4) == 0) return velmor_range(heap_, value(0), value(0));
-  return velmor_range(heap_, velmor_integer(heap_, static_cast<std::int64_t>(below_(12)) - 4),
-                      velmor_integer(heap_, static_cast<std::int64_t>(below_(12)) - 4));
+  const bool is_any = below_(4) == 0;
+  const auto end = [&] {
+    return is_any ? value(0) : velmor_integer(heap_, static_cast<std::int64_t>(below_(12)) - 4);
+  };
+  const HostObject low = end();  // one after the other, so that every compiler makes the same
+  return velmor_range(heap_, low, end());
 }
 
 HostObject RandomArguments::equation(int depth) {
-  return velmor_equation(heap_, below_(2) == 0 ? word_of(kWords) : text(), value(depth));
+  const HostObject left = below_(2) == 0 ? word_of(kWords) : text();
+  return velmor_equation(heap_, left, value(depth));
 }
 
 }  // namespace vstring_test

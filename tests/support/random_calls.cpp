@@ -36,7 +36,13 @@ RandomCalls::~RandomCalls() { vstringRelease(velmor_table(heap())); }
 std::string RandomCalls::next() {
   HostObject result = 0;
   problem_.clear();
-  if (call(result)) std::free(velmor_print(heap(), result));
+  if (call(result)) {
+    char* const printed = velmor_print(heap(), result);
+    answer_ = printed;
+    std::free(printed);
+  } else {
+    answer_ = velmor_error(heap());
+  }
   return problem_;
 }
 

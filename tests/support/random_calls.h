@@ -19,6 +19,8 @@ class RandomCalls {
 
   // Calls one; says what is wrong with it, or nothing.
   std::string next();
+  // What it gave, printed, or its error.
+  const std::string& answer() const { return answer_; }
   VelmorHeap* heap() { return heap_.get(); }
   std::string unanswered() const;  // commands that have only raised so far
 
@@ -40,7 +42,7 @@ class RandomCalls {
   RandomArguments arguments_;
   std::vector<Command> commands_;
   int depth_ = 0;
-  std::string problem_;
+  std::string problem_, answer_;
 };
 
 }  // namespace vstring_test
