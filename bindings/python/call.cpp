@@ -15,7 +15,7 @@
 namespace vstring_python {
 namespace {
 
-// From this many bytes of text on, a call is likely to last longer than it takes to hand the GIL
+// From so many bytes of text on, a call is likely to last longer than it takes to hand the GIL
 // over and back.
 constexpr std::size_t kLongText = 4096;
 
@@ -52,7 +52,7 @@ Reference Call::run(std::size_t index, const std::vector<HostObject>& arguments)
   HostObject result = 0;
   bool done = false;
   {
-    const WithoutGil without(values_.text_size() >= kLongText);
+    const WithoutGil without(values_.size() >= kLongText);
     done = velmor_call(heap, command(index).entry, argseq, &result) != 0;
   }
   Reference value;

@@ -1,5 +1,6 @@
 #include "values.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -20,6 +21,9 @@ using velmor::kTagProcedure;
 
 // Deeper values are refused, whatever the interpreter's own limit is.
 constexpr std::size_t kDeepest = 500;
+
+// A number may be the length of what is to be made.
+constexpr long long kMuch = 1 << 20;
 
 HostObject name_true, name_false, name_fail, no_value;
 
@@ -161,7 +165,7 @@ HostObject Values::equation(PyObject* name, PyObject* value) {
 HostObject Values::text(const char* bytes, std::size_t size) {
   if (std::memchr(bytes, '\0', size) != nullptr)
     return refuse(PyExc_ValueError, "a text cannot hold a zero byte");
-  text_size_ += size;
+  size_ += size;
   return made(velmor_string_n(heap, bytes, size));
 }
 
@@ -183,6 +187,7 @@ HostObject Values::integer(PyObject* value) {
   const long long small = PyLong_AsLongLongAndOverflow(value, &overflow);
   if (overflow != 0) return big_integer(value);
   if (small == -1 && PyErr_Occurred() != nullptr) return 0;
+  size_ += static_cast<std::size_t>(std::clamp(small, 0LL, kMuch));
   return made(velmor_integer(heap, small));
 }
 
@@ -195,7 +200,7 @@ HostObject Values::name(PyObject* value) {
   if (bytes == nullptr) return 0;
   const HostObject name = made(velmor_name(heap, bytes));
   if (name == 0) return 0;
-  text_size_ += static_cast<std::size_t>(PyBytes_Size(key.get()));
+  size_ += static_cast<std::size_t>(PyBytes_Size(key.get()));
   names_.push_back({Reference::to(value), name});
   return name;
 }
@@ -260,7 +265,7 @@ void Values::go_back(const Mark& mark) {
   names_.erase(names_.begin() + static_cast<std::ptrdiff_t>(mark.names), names_.end());
   callables_.erase(callables_.begin() + static_cast<std::ptrdiff_t>(mark.callables),
                    callables_.end());
-  text_size_ = mark.text_size;
+  size_ = mark.size;
   bytes_ = mark.bytes;
 }
 

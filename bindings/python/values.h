@@ -34,14 +34,14 @@ class Values {
 
   // How much was seen; going back forgets what came after.
   struct Mark {
-    std::size_t names, callables, text_size;
+    std::size_t names, callables, size;
     bool bytes;
   };
-  Mark mark() const { return {names_.size(), callables_.size(), text_size_, bytes_}; }
+  Mark mark() const { return {names_.size(), callables_.size(), size_, bytes_}; }
   void go_back(const Mark& mark);
 
   bool has_names() const { return !names_.empty(); }
-  std::size_t text_size() const { return text_size_; }  // of all texts seen
+  std::size_t size() const { return size_; }  // of all texts seen, numbers added
 
  private:
   HostObject text(const char* bytes, std::size_t size);
@@ -62,7 +62,7 @@ class Values {
   };
   std::vector<NameInUse> names_;
   std::vector<Reference> callables_;
-  std::size_t text_size_ = 0;
+  std::size_t size_ = 0;
   std::size_t depth_ = 0;
   bool bytes_ = false;  // texts go out as bytes
 };

@@ -1,6 +1,7 @@
 """Values of Python on their way to a command and back."""
 
 import copy
+import os
 import pickle
 import sys
 import unittest
@@ -155,12 +156,35 @@ class Types(unittest.TestCase):
                 self.assertEqual((str(error), error.command), ("message", "take"))
 
     def test_nothing_leaks(self):
-        values = ["abc", b"abc", 2**100, Name("n"), Range(1, 2), Eq("a", 1), vstring.take]
-        before = [sys.getrefcount(value) for value in values]
-        for _ in range(1000):
+        values = ["abc", b"abc", 2**100, Name("n"), Range(1, 2), Eq("a", 1), vstring.take, FAIL]
+
+        def calls():
             there_and_back([values, set(values), (values, values)])
             vstring.map(lambda c: c, "abc")
-        self.assertEqual([sys.getrefcount(value) for value in values], before)
+            vstring.regmatch("(b)", "abc", *values[3:4])
+            vstring.each("cap", values[:2], "<", ">")
+            for wrong in (lambda: vstring.take("a", -1), lambda: vstring.map(len, "a" * 5000)):
+                self.assertRaises(vstring.Error, wrong)
+            self.assertRaises(TypeError, vstring.join, [*values, object()])
+
+        def counts():
+            total = sys.gettotalrefcount() if hasattr(sys, "gettotalrefcount") else 0
+            return [sys.getrefcount(value) for value in values], total, memory()
+
+        def memory():  # resident, in bytes
+            with open("/proc/self/statm") as statm:
+                return int(statm.read().split()[1]) * 4096
+
+        n = int(os.environ.get("VSTRING_LEAK_CALLS", 20_000)) // 8  # so many are in calls()
+        for _ in range(n // 4 + 1000):
+            calls()
+        before = counts()
+        for _ in range(n):
+            calls()
+        after = counts()
+        self.assertEqual(after[0], before[0])
+        self.assertLess(after[1] - before[1], 100)
+        self.assertLess(after[2] - before[2], 1 << 20)
 
 
 if __name__ == "__main__":
