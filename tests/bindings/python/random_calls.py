@@ -3,7 +3,10 @@
 
 Usage: PYTHONPATH=... random_calls.py [CALLS [SEED]]
 With a build under sanitizers (scripts/build asan vstring_python; build/asan/bindings/python) the
-sanitizers' libraries must be there first: LD_PRELOAD=$(gcc -print-file-name=libasan.so).
+libraries that the sanitizers look into must be there first:
+
+    LD_PRELOAD="$(gcc -print-file-name=libasan.so) $(gcc -print-file-name=libstdc++.so)"
+    ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1 PYTHONMALLOC=malloc
 """
 
 import collections
