@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a call from Python costs, beside ctypes, jellyfish and NLTK: nanoseconds, medians of rounds
+"""What a call from Python costs, beside ctypes, jellyfish and NLTK: nanoseconds of the processor, medians of rounds
 in which all take turns.
 
 Usage: PYTHONPATH=$(scripts/bindings python) bench/python_calls.py [ROUNDS]
@@ -9,8 +9,8 @@ Peers: python3-jellyfish, python3-nltk (Debian). One that is not installed is le
 import ctypes
 import statistics
 import sys
+import time
 import timeit
-import warnings
 
 import vstring
 
@@ -51,7 +51,6 @@ OURS = {
 
 
 def main():
-    warnings.simplefilter("ignore")  # of peers
     rounds = int(sys.argv[1]) if len(sys.argv) > 1 else 15
     words = [f"word{i}" for i in range(1000)]
     tasks = [(job, "vstring", call) for job, call in OURS.items()] + list(peers())
@@ -60,12 +59,13 @@ def main():
     times["each, of 1000 words", "[f(w) for w in words]"] = []
     for _ in range(rounds):
         for job, who, call in tasks:
-            times[job, who].append(timeit.timeit(call, number=2000) / 2000 * 1e9)
+            times[job, who].append(timeit.timeit(call, timer=time.process_time, number=2000) / 2000 * 1e9)
         for who, call in (
             ("vstring", lambda: vstring.each("length", words)),
             ("[f(w) for w in words]", lambda: [vstring.length(word) for word in words]),
         ):
-            times["each, of 1000 words", who].append(timeit.timeit(call, number=3) / 3000 * 1e9)
+            spent = timeit.timeit(call, timer=time.process_time, number=3)
+            times["each, of 1000 words", who].append(spent / 3000 * 1e9)
     medians = {key: statistics.median(values) for key, values in times.items()}
     for (job, who), value in sorted(medians.items()):
         ratio = value / medians[job, "vstring"]
