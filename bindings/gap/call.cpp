@@ -8,7 +8,6 @@
 #include <sys/resource.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
@@ -16,6 +15,7 @@
 #include <utility>
 
 #include "bindings.h"
+#include "c_locale.h"
 #include "heap/object.h"
 #include "heap/print.h"
 #include "values.h"
@@ -23,7 +23,10 @@
 namespace vstring_gap {
 namespace {
 
+using vstring_bindings::ThreadLocale;
+
 VelmorHeap* heap;
+locale_t locale;            // of GAP and its functions
 int depth;                  // of calls within each other
 bool gap_error_is_pending;  // a function has been left by a GAP error, which has been reported
 std::string message;        // of the last error
@@ -81,6 +84,7 @@ HostObject evaluate(HostObject procedure, HostObject argseq) {
   }
   if (velmor_tag(procedure) != velmor::kTagProcedure)
     throw std::runtime_error(velmor::print(procedure) + " is not a function");
+  const ThreadLocale own(locale);
   const Obj function = Procedures::unwrap(procedure);
   Obj result = 0;
   if (!call_function(function, FromHeap().items(argseq), &result)) {
@@ -103,6 +107,12 @@ int evaluate_for_heap(void* /*context*/, VelmorHeap* /*heap*/, HostObject proced
 
 // ---- Calls ----
 
+int run_in_c_locale(VelmorCommand command, HostObject argseq, HostObject* value) {
+  const ThreadLocale library(vstring_bindings::c_locale());
+  locale = library.before();
+  return velmor_call(heap, command, argseq, value);
+}
+
 // Makes the result; false, with `message` or gap_error_is_pending, when there is none.
 bool run(const Binding& binding, Obj arguments, Obj* result) {
   try {
@@ -113,7 +123,7 @@ bool run(const Binding& binding, Obj arguments, Obj* result) {
     const HostObject argseq = ToHeap(heap).arguments(arguments, binding.range_position);
     HostObject value = 0;
     ++depth;
-    const int answered = velmor_call(heap, binding.command, argseq, &value);
+    const int answered = run_in_c_locale(binding.command, argseq, &value);
     --depth;
     if (answered == 0) throw std::runtime_error(velmor_error(heap));
     *result = binding.gives_a_sequence ? FromHeap().items(value) : FromHeap().value(value);
@@ -138,10 +148,6 @@ void start() {
   velmor_set_evaluator(heap, evaluate_for_heap, nullptr);
   velmor_set_output(heap, keep_printed, nullptr);
   velmor_set_userinfo(heap, ignore_information, nullptr);
-  // The library sets the locale once; GAP's line editor has chosen one for its users.
-  const std::string locale = std::setlocale(LC_ALL, nullptr);
-  vstringInit();
-  std::setlocale(LC_ALL, locale.c_str());
 }
 
 Obj call(const Binding& binding, Obj arguments) {

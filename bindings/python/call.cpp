@@ -15,6 +15,8 @@
 namespace vstring_python {
 namespace {
 
+using vstring_bindings::ThreadLocale;
+
 // From so many bytes of text on, a call is likely to last longer than it takes to hand the GIL
 // over and back.
 constexpr std::size_t kLongText = 4096;
@@ -52,6 +54,8 @@ Reference Call::run(std::size_t index, const std::vector<HostObject>& arguments)
   HostObject result = 0;
   bool done = false;
   {
+    const ThreadLocale library(vstring_bindings::c_locale());
+    locale_ = library.before();
     const WithoutGil without(values_.size() >= kLongText);
     done = velmor_call(heap, command(index).entry, argseq, &result) != 0;
   }
@@ -117,6 +121,7 @@ HostObject Call::run_inside(std::size_t index, HostObject argseq) {
 
 HostObject Call::call_back(PyObject* callable, HostObject argseq) {
   const WithGil with;
+  const ThreadLocale own(locale_);
   const auto attempt = [&]() -> HostObject {
     if (PyErr_CheckSignals() < 0) return 0;
     if (stack_is_short()) {
@@ -144,6 +149,7 @@ HostObject Call::call_back(PyObject* callable, HostObject argseq) {
 
 void Call::print(const char* text) {
   const WithGil with;
+  const ThreadLocale own(locale_);
   PyObject* const file = PySys_GetObject("stdout");
   if (pending_ || file == nullptr || file == Py_None) return;
   if (PyFile_WriteString(text, file) < 0) pending_.fetch();
@@ -152,6 +158,7 @@ void Call::print(const char* text) {
 // What a host tells those who want to know goes to the logger "vstring".
 void Call::inform(const char* source, const char* text) {
   const WithGil with;
+  const ThreadLocale own(locale_);
   if (pending_) return;
   const Reference logging(PyImport_ImportModule("logging"));
   const Reference logger(logging ? PyObject_CallMethod(logging.get(), "getLogger", "s", "vstring")

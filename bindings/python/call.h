@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "c_locale.h"
 #include "commands.h"
 #include "reference.h"
 #include "values.h"
@@ -60,6 +61,7 @@ class Call {
 
   Values& values_;
   Call* outer_;
+  locale_t locale_ = nullptr;  // of the thread, for what is not the library's
   Pending pending_;
   std::size_t failed_inside_ = kNoCommand;  // the command that failed as a procedure, and how
   std::string failure_inside_;

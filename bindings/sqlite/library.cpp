@@ -1,6 +1,5 @@
 #include "library.h"
 
-#include <locale.h>
 #include <sqlite3ext.h>
 
 #include <memory>
@@ -8,14 +7,6 @@
 #include <utility>
 
 SQLITE_EXTENSION_INIT3
-
-// The library asks for the locale "C" when it formats times or compiles an expression. It has that
-// already: each use of it sets it for its own thread.
-extern "C" char* __wrap_setlocale(int category, const char* locale);
-extern "C" char* __wrap_setlocale(int /*category*/, const char* /*locale*/) {
-  static char name[] = "C";
-  return name;
-}
 
 namespace vstring_sqlite {
 namespace {
@@ -48,11 +39,6 @@ std::mutex mutex;  // of all below, and of the library
 std::size_t holds = 0;
 std::unique_ptr<Shared> shared;
 
-locale_t c_locale() {
-  static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
-  return locale;
-}
-
 }  // namespace
 
 Hold::Hold() {
@@ -68,12 +54,9 @@ Hold::~Hold() {
   if (--holds == 0) shared.reset();
 }
 
-Use::Use() : lock_(mutex), locale_before_(uselocale(c_locale())) {}
+Use::Use() : lock_(mutex), locale_(vstring_bindings::c_locale()) {}
 
-Use::~Use() {
-  shared->session.collect_garbage();
-  uselocale(locale_before_);
-}
+Use::~Use() { shared->session.collect_garbage(); }
 
 velmor::Session& Use::session() { return shared->session; }
 

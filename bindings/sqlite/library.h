@@ -4,12 +4,11 @@
 // value of its host's. So there is one host, one session of the language with one heap, however
 // many connections there are, and one lock.
 #pragma once
-#include <locale.h>
-
 #include <mutex>
 #include <string_view>
 #include <vector>
 
+#include "c_locale.h"
 #include "language/session.h"
 
 namespace vstring_sqlite {
@@ -39,7 +38,7 @@ class Use {
 
  private:
   std::lock_guard<std::mutex> lock_;
-  locale_t locale_before_;
+  vstring_bindings::ThreadLocale locale_;
 };
 
 // The address of an entry point such as "vstring_reverse"; null when there is none.
