@@ -53,9 +53,10 @@ Needle::Needle(Bytes pattern, std::size_t text_length) : pattern_(pattern), size
   } else {
     add(rarest);
     add(second);
+    // From the first to the last one: what is repetitive differs from itself at an end.
     constexpr std::size_t kMore = 4;
     for (std::size_t part = 0; part < kMore; ++part) {
-      std::size_t i = window * (2 * part + 1) / (2 * kMore);
+      std::size_t i = (window - 1) * part / (kMore - 1);
       while (i == rarest || i == second) i = (i + 1) % window;
       add(i);
     }
