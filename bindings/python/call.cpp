@@ -137,7 +137,7 @@ HostObject Call::call_back(PyObject* callable, HostObject argseq) {
       PyTuple_SetItem(arguments.get(), static_cast<Py_ssize_t>(i), argument.release());
     }
     const Reference value(call_python(callable, arguments.get()));
-    return value ? values_.to_host(value.get()) : 0;
+    return value ? values_.returned(value.get()) : 0;
   };
   const HostObject result = attempt();
   if (result == 0) {

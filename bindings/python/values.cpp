@@ -124,7 +124,6 @@ HostObject Values::to_host(PyObject* value) {
   if (value == Py_False) return name_false;
   if ((kind & Py_TPFLAGS_LONG_SUBCLASS) != 0) return integer(value);
   if (PyFloat_Check(value)) return made(velmor_float(heap, PyFloat_AsDouble(value)));
-  if (value == Py_None) return no_value;
   if (value == package.fail) return name_fail;
   if (value == package.element)
     return refuse(PyExc_TypeError, "_ is the element in the arguments of each()");
@@ -148,6 +147,10 @@ HostObject Values::to_host(PyObject* value) {
   return object;
 }
 
+HostObject Values::returned(PyObject* value) {
+  return value == Py_None ? no_value : to_host(value);
+}
+
 HostObject Values::equation(PyObject* name, PyObject* value) {
   Py_ssize_t size = 0;
   const char* const utf8 = PyUnicode_AsUTF8AndSize(name, &size);
@@ -158,7 +161,6 @@ HostObject Values::equation(PyObject* name, PyObject* value) {
   if (left == 0) return 0;
   const HostObject right = to_host(value);
   if (right == 0) return 0;
-  if (right == no_value) return refuse(PyExc_TypeError, "an equation has a value on each side");
   return made(velmor_equation(heap, left, right));
 }
 
@@ -241,8 +243,6 @@ HostObject Values::pair(PyObject* value, const char* left, const char* right,
     const Reference side(PyObject_GetAttrString(value, i == 0 ? left : right));
     sides[i] = side ? to_host(side.get()) : 0;
     if (sides[i] == 0) return 0;
-    if (sides[i] == no_value)
-      return refuse(PyExc_TypeError, "a range or an equation has a value on each side");
   }
   return made(make(heap, sides[0], sides[1]));
 }

@@ -25,6 +25,7 @@ class Values {
   // 0 with a Python exception. The object is good until the heap is collected; a callable is kept
   // as long as this is.
   HostObject to_host(PyObject* value);
+  HostObject returned(PyObject* value);  // by a callable: None, too, which is no value
   HostObject equation(PyObject* name, PyObject* value);  // name = value, of a keyword argument
   // Null with a Python exception.
   Reference to_python(HostObject object, bool hashable = false);
