@@ -1,4 +1,4 @@
-// Loading the shared library costs a host next to nothing.
+// Loading the shared library, and how long that takes: a figure, since a clock decides no test.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace vstring_test {
 namespace {
 
-TEST(Load, IsQuick) {
+TEST(Load, AndUnloadManyTimes) {
   double best = 1e9;
   for (int i = 0; i < 20; ++i) {
     const auto start = std::chrono::steady_clock::now();
@@ -22,7 +22,6 @@ TEST(Load, IsQuick) {
     best = std::min(best, taken.count());
   }
   figure("load_microseconds") = best;
-  EXPECT_LT(best, 1000);
 }
 
 }  // namespace
