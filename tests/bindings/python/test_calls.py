@@ -1,7 +1,6 @@
 """Calls: errors, procedures, each(), threads."""
 
 import io
-import locale
 import contextlib
 import os
 import subprocess
@@ -239,10 +238,13 @@ class Threads(unittest.TestCase):
         self.assertEqual(python(program), "forked\n")
 
     def test_the_locale_stays(self):
-        before = locale.setlocale(locale.LC_ALL)
-        vstring.fmttime("%A")
-        vstring.regmatch("a", "b")  # compiling asks for the locale "C"
-        self.assertEqual(locale.setlocale(locale.LC_ALL), before)
+        program = (
+            "import locale\n"
+            "before = locale.setlocale(locale.LC_ALL, 'C.UTF-8')\n"
+            "vstring.fmttime('%A'); vstring.regmatch('a', 'b')  # the first one asks for 'C'\n"
+            "print(locale.setlocale(locale.LC_ALL) == before)"
+        )
+        self.assertEqual(python(program), "True\n")
 
 
 if __name__ == "__main__":
