@@ -1,56 +1,128 @@
 #!/usr/bin/python3
-"""Turns the newest record into docs/speed.md and a plot for each family of jobs in docs/speed/.
+"""Turns the newest record into docs/speed.md and its plots in docs/speed/.
 
 Usage: scripts/bench --report
 
 Every figure of the page comes from bench/record/DATE.json; nothing is written by hand.
 """
 import collections
-import json
-import math
-import pathlib
+import re
+import statistics
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.dont_write_bytecode = True
+from records import ROOT, YARDSTICKS, newest, peers, ratio, shown, summary
+
 PAGE = ROOT / "docs/speed.md"
 PLOTS = ROOT / "docs/speed"
+GROWTH = "growth"
+CALLS = {"short calls": "C", "calls from Python": "Python", "calls from SQL": "SQL"}
 HEAD = """# Speed
 
-Written by `scripts/bench --report` from `bench/record/{record}`, which `scripts/bench --json` made on
-{processor}, {at}. Each job is done by ours, a command called through the reference host, and by
-independent libraries that do it otherwise; answers are compared before anything is timed, contestants
-take turns, and medians of processor time count. *Ratio* is the time of the fastest peer over ours: 2 is
-twice as fast, less than 1 slower. `bench/README.md` tells how to run it.
+Ours beside independent libraries that do the same work otherwise: {jobs} jobs have such a peer. The geometric
+mean of their ratios is {mean:.2f}, the median {median:.2f}; [ours is the slower one in {slower}](#where-we-are-slower).
+*Ratio* is the time of the fastest peer over ours: 2 is twice as fast, less than 1 slower.
 
-{jobs} jobs have a peer. The geometric mean of their ratios is {mean:.2f}, the median {median:.2f}; ours is the
-slower one in {slower}.
+![Least, median and greatest ratio of each family](speed/families.svg)
+
+Machine: {processor}. Measured {at}, by `scripts/bench --json`, and written by `scripts/bench --report` from
+`{path}`. Ours is a command called through the reference host; answers are compared before
+anything is timed, contestants take turns, and medians of processor time count.
 """
-PLOT = """
-set terminal svg size 860,{height} font "sans-serif,12" background "white"
+SLOWER = """## Where we are slower
+
+[Limits of speed](speed-limits.md) tells what holds these rows back.
+"""
+GROWN = """## Growth
+
+Nanoseconds for each byte of the text: where the line stays level, twice the text takes twice the time. Random
+letters, but for the hard pattern, 63 letters a and one b in a text of letters a, and the runaway pattern
+`(a|aa)+(b|c)` on such a text. The distance of two texts grows with the product of their lengths.
+
+![Nanoseconds for each byte](speed/growth.svg)
+"""
+CALLED = """## The cost of a call
+
+Short arguments, so that the way to the command and back is what counts: from C through the reference host,
+from [Python](python.md), from [SQL](sqlite.md). *An empty call* is a command that does nothing.
+
+![Nanoseconds of a call](speed/calls.svg)
+"""
+SETTINGS = """
+set terminal svg size 860,{height} font "sans-serif,13" background "white"
 set output "{output}"
-set logscale x 2
+set border lc rgb "#8a94a3"
+set tics textcolor rgb "#1d2430"
+set grid x lc rgb "#dfe4ea" lt 1
+unset key
+"""
+RATIOS = SETTINGS + """
+set logscale x
+set format x "%g"
 set xlabel "times as fast as the fastest peer"
-set grid x
-set style fill solid
-set boxwidth 0.6
 set yrange [{count}:-1]
 set ytics ({ticks}) nomirror
-set lmargin at screen 0.34
-set arrow from 1,graph 0 to 1,graph 1 nohead lw 2
-unset key
-plot "-" using (($2+1)/2):0:(($2 < 1 ? $2 : 1)):($2 < 1 ? 1 : $2):($0-0.3):($0+0.3):($2 < 1 ? 0xc0504d : 0x0b6e4f) \\
+set lmargin at screen 0.3
+set arrow from 1,graph 0 to 1,graph 1 nohead lw 2 lc rgb "#5b6575"
+"""
+BARS = RATIOS + """
+set style fill solid noborder
+plot "-" using (($2+1)/2):0:($2 < 1 ? $2 : 1):($2 < 1 ? 1 : $2):($0-0.3):($0+0.3):($2 < 1 ? 0xc0504d : 0x0b6e4f) \\
   with boxxyerror lc rgb variable
 {rows}
 e
 """
+SPANS = RATIOS + """
+$spans << e
+{rows}
+e
+plot $spans using 3:1:2:4 with xerrorbars pt 7 ps 0 lw 5 lc rgb "#a8d5c4", \\
+     $spans using 3:1:($3 < 1 ? 0xc0504d : 0x0b6e4f) with points pt 7 ps 1 lc rgb variable
+"""
+LINES = SETTINGS + """
+set logscale xy
+set xlabel "bytes"
+set ylabel "nanoseconds for each byte"
+set grid y lc rgb "#dfe4ea" lt 1
+set key outside right samplen 1 spacing 1.3
+set xtics ("1 KB" 1024, "4 KB" 4096, "16 KB" 16384, "64 KB" 65536, "256 KB" 262144, "1 MB" 1048576)
+{data}
+plot {lines}
+"""
+CALL_BARS = SETTINGS + """
+set logscale x
+set xrange [5:*]
+set xlabel "nanoseconds of a call"
+set yrange [{count}:-1]
+set ytics ({ticks}) nomirror
+set lmargin at screen 0.3
+set key outside top center horizontal
+set style fill solid noborder
+plot "-" using ((5+$2)/2):1:(5):2:($1-0.38):($1) with boxxyerror lc rgb "#0b6e4f" title "ours", \\
+     "-" using ((5+$2)/2):1:(5):2:($1):($1+0.38) with boxxyerror lc rgb "#b9c1cc" title "the fastest peer"
+{ours}
+e
+{others}
+e
+"""
 
 
-def shown(nanoseconds):
-    for unit, size in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
-        if nanoseconds >= size:
-            return f"{nanoseconds / size:.3g} {unit}"
-    return f"{nanoseconds:.3g} ns"
+def draw(name, script, **places):
+    script = script.format(output=PLOTS / f"{name}.svg", **places)
+    subprocess.run(["gnuplot"], input=script, text=True, check=True)
+
+
+def quoted(name):
+    return re.sub(r"([_^@{}])", r"\\\\\1", name.replace("\\", "\\\\\\\\").replace('"', "'"))
+
+
+def ticks(names):
+    return ", ".join(f'"{quoted(name)}" {i}' for i, name in enumerate(names))
+
+
+def escaped(name):
+    return re.sub(r"([|*_])", r"\\\1", name)
 
 
 def families(jobs):
@@ -61,62 +133,95 @@ def families(jobs):
     return found
 
 
-def peers_of(row):
-    times = {who: time for who, time in row["ns"].items() if who != "ours"}
-    return sorted(times.items(), key=lambda peer: peer[1] if isinstance(peer[1], float) else math.inf)
-
-
 def table(rows):
     yield "| job | ours | ratio | peers, fastest first |"
     yield "|---|---|---|---|"
     for name, row in rows.items():
-        ours = row["ns"].get("ours")
-        peers = ", ".join(f"{who} {shown(time) if isinstance(time, (int, float)) else time}"
-                          for who, time in peers_of(row))
-        ratio = f"{row['ratio']:.3g}" if "ratio" in row else ""
-        name = name.replace("|", "\\|").replace("*", "\\*").replace("_", "\\_")
-        yield f"| {name} | {shown(ours) if ours else ''} | {ratio} | {peers} |"
+        others = [f"{who} {shown(time)}" for who, time in peers(row)]
+        others += [f"{who} {what}" for who, what in row["ns"].items() if isinstance(what, str)]
+        others += [f"({who} {shown(time)})" for who, time in row["ns"].items() if who in YARDSTICKS]
+        times = f"{ratio(row):.3g}" if ratio(row) else ""
+        yield f"| {escaped(name)} | {shown(row['ns']['ours'])} | {times} | {', '.join(others)} |"
 
 
-def plot(family, rows, output):
-    measured = {name: row["ratio"] for name, row in rows.items() if "ratio" in row}
-    if not measured:
-        return False
-    quoted = [name.replace("\\", "\\\\").replace('"', "'").replace("_", "\\\\_").replace("^", "\\\\^")
-              for name in measured]
-    ticks = ", ".join(f'"{name}" {i}' for i, name in enumerate(quoted))
-    data = "\n".join(f"{i} {ratio}" for i, ratio in enumerate(measured.values()))
-    script = PLOT.format(height=90 + 20 * len(measured), output=output, count=len(measured), ticks=ticks,
-                         rows=data)
-    subprocess.run(["gnuplot"], input=script, text=True, check=True)
-    return True
+def file_of(family):
+    return "".join(c if c.isalnum() else "-" for c in family)
+
+
+def with_bars(family, rows):
+    yield f"## {family[:1].upper()}{family[1:]}\n"
+    measured = {name: ratio(row) for name, row in rows.items() if ratio(row)}
+    if measured:
+        draw(file_of(family), BARS, height=100 + 21 * len(measured), count=len(measured), ticks=ticks(measured),
+             rows="\n".join(f"{i} {each}" for i, each in enumerate(measured.values())))
+        yield f"![Ratios of {family}](speed/{file_of(family)}.svg)\n"
+    yield from table(rows)
+    yield ""
+
+
+def overview(kinds):
+    """A line for each family, from its least to its greatest ratio, with the median on it."""
+    spans = {}
+    for family, rows in kinds.items():
+        ratios = sorted(filter(None, map(ratio, rows.values())))
+        if ratios:
+            spans[family] = (ratios[0], statistics.median(ratios), ratios[-1])
+    spans = dict(sorted(spans.items(), key=lambda item: -item[1][1]))
+    draw("families", SPANS, height=100 + 21 * len(spans), count=len(spans), ticks=ticks(spans),
+         rows="\n".join(f"{i} {least} {median} {most}" for i, (least, median, most) in enumerate(spans.values())))
+
+
+def growth(rows):
+    by_command = collections.OrderedDict()
+    for name, row in rows.items():
+        command, _, n = name.rpartition(" n ")
+        by_command.setdefault(command, {})[int(n)] = row["ns"]["ours"] / int(n)
+    data = "\n".join(f"$grown{i} << e\n" + "\n".join(f"{n} {each}" for n, each in grown.items()) + "\ne"
+                     for i, grown in enumerate(by_command.values()))
+    lines = ", ".join(f'$grown{i} with linespoints lw 2 pt 7 ps 0.6 title "{quoted(command)}"'
+                      for i, command in enumerate(by_command))
+    draw("growth", LINES, height=430, data=data, lines=lines)
+    lengths = sorted({n for grown in by_command.values() for n in grown})
+    yield GROWN
+    yield "| ns for each byte | " + " | ".join(f"{n:,}" for n in lengths) + " |"
+    yield "|---" * (len(lengths) + 1) + "|"
+    for command, grown in by_command.items():
+        cells = (f"{grown[n]:.3g}" if n in grown else "" for n in lengths)
+        yield f"| {escaped(command)} | {' | '.join(cells)} |"
+    yield ""
+
+
+def calls(kinds):
+    rows = {f"{language}: {name}": row for family, language in CALLS.items()
+            for name, row in kinds.get(family, {}).items()}
+    others = [(i, peers(row)[0][1]) for i, row in enumerate(rows.values()) if peers(row)]
+    draw("calls", CALL_BARS, height=110 + 21 * len(rows), count=len(rows), ticks=ticks(rows),
+         ours="\n".join(f"{i} {row['ns']['ours']}" for i, row in enumerate(rows.values())),
+         others="\n".join(f"{i} {time}" for i, time in others))
+    yield CALLED
+    yield from table(rows)
+    yield ""
 
 
 def main():
-    records = sorted((ROOT / "bench/record").glob("*.json"))
-    if not records:
-        sys.exit("no record yet: scripts/bench --json makes one")
-    record = json.loads(records[-1].read_text())
-    jobs, machine = record["jobs"], record["machine"]
-    ratios = sorted(row["ratio"] for row in jobs.values() if "ratio" in row)
-    if not ratios:
-        sys.exit(f"{records[-1]}: no job has a peer")
+    path, machine, jobs = newest()
     PLOTS.mkdir(exist_ok=True)
     for old in PLOTS.glob("*.svg"):
         old.unlink()
-    slower = {job: row for job, row in jobs.items() if row.get("ratio", 1) < 1}
-    lines = [HEAD.format(record=records[-1].name, processor=machine["processor"], at=machine["at"],
-                         jobs=len(ratios), median=ratios[len(ratios) // 2], slower=len(slower),
-                         mean=math.exp(sum(map(math.log, ratios)) / len(ratios)))]
+    kinds = families(jobs)
+    compared = {family: rows for family, rows in kinds.items() if family not in (GROWTH, *CALLS)}
+    overview(compared)
+    dates = sorted({row.get("at", machine["at"]) for row in jobs.values()})
+    lines = [HEAD.format(**summary(jobs), processor=machine["processor"], path=path,
+                         at=" to ".join(dict.fromkeys((dates[0], dates[-1]))))]
+    slower = {job: row for job, row in jobs.items() if (ratio(row) or 1) < 1}
     if slower:
-        worst = dict(sorted(slower.items(), key=lambda item: item[1]["ratio"]))
-        lines += ["## Where we are slower", "", *table(worst), ""]
-    for family, rows in families(jobs).items():
-        name = "".join(c if c.isalnum() else "-" for c in family)
-        lines += [f"## {family[:1].upper()}{family[1:]}", ""]
-        if plot(family, rows, PLOTS / f"{name}.svg"):
-            lines += [f"![Ratios of {family}](speed/{name}.svg)", ""]
-        lines += [*table(rows), ""]
+        lines += [SLOWER, *table(dict(sorted(slower.items(), key=lambda item: ratio(item[1])))), ""]
+    if GROWTH in kinds:
+        lines += growth(kinds[GROWTH])
+    lines += calls(kinds)
+    for family, rows in compared.items():
+        lines += with_bars(family, rows)
     PAGE.write_text("\n".join(lines))
     print(PAGE.relative_to(ROOT))
 

@@ -97,16 +97,20 @@ def processor():
 
 
 def record(path, jobs, figures):
-    kept = json.loads(path.read_text())["jobs"] if path.exists() else {}
+    now = datetime.datetime.now().isoformat(timespec="minutes")
+    kept = {}
+    if path.exists():
+        old = json.loads(path.read_text())
+        kept = {job: {"at": old["machine"]["at"]} | row for job, row in old["jobs"].items()}
     for job, times in jobs.items():
         _, ratio, wanted, verdict = judged(job, times, figures)
         row = {"ns": {who: float(f"{t:.4g}") if isinstance(t, float) else t
                       for who, t in times.items()}}
         row |= {"ratio": round(ratio, 3)} if ratio else {}
         row |= {"wanted": wanted, "reached": verdict == "yes"} if verdict else {}
-        kept[job] = row
+        kept[job] = row | {"at": now}
     machine = {"processor": processor(), "load": round(os.getloadavg()[0], 2),
-               "at": datetime.datetime.now().isoformat(timespec="minutes")}
+               "at": now}
     # A job a line, so that records compare well.
     rows = ",\n".join(f"  {json.dumps(job)}: {json.dumps(row, ensure_ascii=False)}"
                       for job, row in kept.items())

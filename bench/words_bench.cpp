@@ -116,7 +116,7 @@ void add(const char* row, VelmorCommand command, const std::vector<Other>& peers
 }
 
 const Jobs added([] {
-  const Other memchr_pass{"memchr", passed};
+  const Other memchr_pass{"memchr pass", passed};
   const Other copy{"copy for the host", [](const std::string& w) { return result(w); }};
   add("period", vstring_period,
       {{"textbook", [](const std::string& w) { return result(w.size() - border_length(w)); }}},
