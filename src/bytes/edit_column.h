@@ -35,14 +35,17 @@ struct EditColumn {
   EditChange advance(std::uint64_t equal, EditChange above, std::size_t bottom) {
     const std::uint64_t vertical = equal | fall;
     const std::uint64_t reached = equal | above.fell;
-    const std::uint64_t zero = (((reached & rise) + rise) ^ rise) | reached;
-    const std::uint64_t rose = fall | ~(zero | rise);
-    const std::uint64_t fell = rise & zero;
-    const std::uint64_t rose_above = rose << 1 | above.rose;
+    const std::uint64_t met = reached & rise;
+    const std::uint64_t sum = met + rise;
+    // The change is kept as "did not rise", and nothing that is known ahead of the sum waits for
+    // it: from column to column seven operations depend on each other, instead of twelve.
+    const std::uint64_t stayed = (sum | (rise | reached)) & ~fall;
+    const std::uint64_t fell = met | (rise & ~sum);
+    const std::uint64_t stayed_above = stayed << 1 | (above.rose ^ 1);
     const std::uint64_t fell_above = fell << 1 | above.fell;
-    rise = fell_above | ~(vertical | rose_above);
-    fall = rose_above & vertical;
-    return {rose >> bottom & 1, fell >> bottom & 1};
+    rise = fell_above | (stayed_above & ~vertical);
+    fall = vertical & ~stayed_above;
+    return {(stayed >> bottom & 1) ^ 1, fell >> bottom & 1};
   }
 };
 

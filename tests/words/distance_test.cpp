@@ -86,6 +86,24 @@ TEST(Distances, LevenshteinOfLongerWords) {
   check_levenshtein(periodic_word("abc", 1200), periodic_word("acb", 1300));
 }
 
+// Words of many lengths at distances about those that 64 diagonals of the table can tell: letters
+// that are missing in the middle, letters that move from end to end, and letters that differ.
+TEST(Distances, LevenshteinNearTheDiagonal) {
+  unsigned seed = 0;
+  for (const std::size_t missing : {0U, 1U, 2U, 31U, 58U, 62U, 63U, 64U}) {
+    for (const std::size_t moved : {0U, 1U, 15U, 30U, 31U, 32U}) {
+      for (const std::size_t differing : {0U, 1U, 3U, 30U, 62U, 63U, 64U, 65U}) {
+        const std::string ends = random_word(moved, 20, ++seed);
+        const std::string kept = random_word(66 + 3 * (missing + moved), 20, ++seed);
+        std::string other = kept;
+        for (std::size_t i = 0; i < differing; ++i) other[i * kept.size() / differing] = 'A';
+        other.insert(kept.size() / 2, random_word(missing, 20, ++seed));
+        check_levenshtein(ends + kept, other + ends);
+      }
+    }
+  }
+}
+
 TEST(Distances, LeeOverAllResidues) {
   const std::string all = [] {
     std::string bytes;
