@@ -21,8 +21,8 @@ void add(const std::string& row, VelmorCommand command, std::size_t longest = 1 
 
 const Jobs added([] {
   add("searchx, a hard pattern", 1 << 20, [](const std::string&, std::size_t n) {
-    return call(vstring_searchx,
-                {argument(std::string(63, 'a') + "b"), argument(std::string(n, 'a'))});
+    const std::string text = repeated("b" + std::string(62, 'a'), n);
+    return call(vstring_searchx, {argument("b" + std::string(63, 'a')), argument(text)});
   });
   add("regmatch, a runaway pattern", 1 << 20, [](const std::string&, std::size_t n) {
     return call(vstring_regmatch, {argument("(a|aa)+(b|c)"), argument(std::string(n, 'a'))});

@@ -36,5 +36,5 @@ def summary(jobs):
 def shown(nanoseconds):
     for unit, size in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
         if nanoseconds >= size:
-            return f"{nanoseconds / size:.3g} {unit}"
-    return f"{nanoseconds:.3g} ns"
+            return f"{nanoseconds / size:.3g}\u00a0{unit}"
+    return f"{nanoseconds:.3g}\u00a0ns"

@@ -26,6 +26,10 @@ mean of their ratios is {mean:.2f}, the median {median:.2f}; [ours is the slower
 
 ![Least, median and greatest ratio of each family](speed/families.svg)
 
+The dot is the median of a family, the bar goes from its least to its greatest ratio. On this page:
+[growth with the length](#growth), [the cost of a call](#the-cost-of-a-call),
+[where we are slower](#where-we-are-slower), and each family: {families}.
+
 Machine: {processor}. Measured {at}, by `scripts/bench --json`, and written by `scripts/bench --report` from
 `{path}`. Ours is a command called through the reference host; answers are compared before
 anything is timed, contestants take turns, and medians of processor time count.
@@ -37,8 +41,8 @@ SLOWER = """## Where we are slower
 GROWN = """## Growth
 
 Nanoseconds for each byte of the text: where the line stays level, twice the text takes twice the time. Random
-letters, but for the hard pattern, 63 letters a and one b in a text of letters a, and the runaway pattern
-`(a|aa)+(b|c)` on such a text. The distance of two texts grows with the product of their lengths.
+letters, but for the hard pattern, b and 63 letters a where b and 62 of them repeat, and the runaway pattern
+`(a|aa)+(b|c)` on a text of letters a. The distance of two texts grows with the product of their lengths.
 
 ![Nanoseconds for each byte](speed/growth.svg)
 """
@@ -82,6 +86,8 @@ plot $spans using 3:1:2:4 with xerrorbars pt 7 ps 0 lw 5 lc rgb "#a8d5c4", \\
 """
 LINES = SETTINGS + """
 set logscale xy
+set format y "%g"
+set xrange [900:1.2e6]
 set xlabel "bytes"
 set ylabel "nanoseconds for each byte"
 set grid y lc rgb "#dfe4ea" lt 1
@@ -92,6 +98,7 @@ plot {lines}
 """
 CALL_BARS = SETTINGS + """
 set logscale x
+set format x "%g"
 set xrange [5:*]
 set xlabel "nanoseconds of a call"
 set yrange [{count}:-1]
@@ -186,7 +193,7 @@ def growth(rows):
     yield "| ns for each byte | " + " | ".join(f"{n:,}" for n in lengths) + " |"
     yield "|---" * (len(lengths) + 1) + "|"
     for command, grown in by_command.items():
-        cells = (f"{grown[n]:.3g}" if n in grown else "" for n in lengths)
+        cells = (f"{float(f'{grown[n]:.3g}'):g}" if n in grown else "" for n in lengths)
         yield f"| {escaped(command)} | {' | '.join(cells)} |"
     yield ""
 
@@ -213,13 +220,14 @@ def main():
     overview(compared)
     dates = sorted({row.get("at", machine["at"]) for row in jobs.values()})
     lines = [HEAD.format(**summary(jobs), processor=machine["processor"], path=path,
-                         at=" to ".join(dict.fromkeys((dates[0], dates[-1]))))]
-    slower = {job: row for job, row in jobs.items() if (ratio(row) or 1) < 1}
-    if slower:
-        lines += [SLOWER, *table(dict(sorted(slower.items(), key=lambda item: ratio(item[1])))), ""]
+                         at=" to ".join(dict.fromkeys((dates[0], dates[-1]))),
+                         families=", ".join(f"[{family}](#{file_of(family).lower()})" for family in compared))]
     if GROWTH in kinds:
         lines += growth(kinds[GROWTH])
     lines += calls(kinds)
+    slower = {job: row for job, row in jobs.items() if (ratio(row) or 1) < 1}
+    if slower:
+        lines += [SLOWER, *table(dict(sorted(slower.items(), key=lambda item: ratio(item[1])))), ""]
     for family, rows in compared.items():
         lines += with_bars(family, rows)
     PAGE.write_text("\n".join(lines))
