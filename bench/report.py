@@ -32,7 +32,8 @@ The dot is the median of a family, the bar goes from its least to its greatest r
 
 Machine: {processor}. Measured {at}, by `scripts/bench --json`, and written by `scripts/bench --report` from
 `{path}`. Ours is a command called through the reference host; answers are compared before
-anything is timed, contestants take turns, and medians of processor time count.
+anything is timed, contestants take turns, and medians of processor time count. *Wanted* is the ratio that we
+have set ourselves (`bench/wanted.tsv`), reached within 5 %.
 """
 SLOWER = """## Where we are slower
 
@@ -141,14 +142,15 @@ def families(jobs):
 
 
 def table(rows):
-    yield "| job | ours | ratio | peers, fastest first |"
-    yield "|---|---|---|---|"
+    yield "| job | ours | ratio | wanted | peers, fastest first |"
+    yield "|---|---|---|---|---|"
     for name, row in rows.items():
         others = [f"{who} {shown(time)}" for who, time in peers(row)]
         others += [f"{who} {what}" for who, what in row["ns"].items() if isinstance(what, str)]
         others += [f"({who} {shown(time)})" for who, time in row["ns"].items() if who in YARDSTICKS]
         times = f"{ratio(row):.3g}" if ratio(row) else ""
-        yield f"| {escaped(name)} | {shown(row['ns']['ours'])} | {times} | {', '.join(others)} |"
+        wanted = f"{row['wanted']:g}{'' if row['reached'] else ' missed'}" if times and "wanted" in row else ""
+        yield f"| {escaped(name)} | {shown(row['ns']['ours'])} | {times} | {wanted} | {', '.join(others)} |"
 
 
 def file_of(family):
