@@ -73,8 +73,9 @@ std::size_t PrefixFilter::find(std::size_t length, Bytes text, std::size_t at) c
   const std::size_t end = text.size() - length + 1;
 #ifdef VSTRING_AVX2
   if (has_avx2() && at < end) {
-    const auto find_blocks = length == 2 ? find_in_blocks<2> : find_in_blocks<3>;
-    at = find_blocks(halves_, text.data(), at, end);
+    constexpr decltype(&find_in_blocks<2>) kFinders[] = {find_in_blocks<2>, find_in_blocks<3>,
+                                                         find_in_blocks<4>, find_in_blocks<5>};
+    at = kFinders[length - 2](halves_, text.data(), at, end);
   }
 #endif
   for (; at < end; ++at) {

@@ -326,7 +326,7 @@ TEST(Kernels, FindNear) {
 // halves of a byte decide, at no other.
 TEST(Kernels, PrefixFilter) {
   on_random_texts([](Bytes text, std::mt19937& random) {
-    const std::size_t length = 2 + random() % 2;
+    const std::size_t length = 2 + random() % (PrefixFilter::kMaxLength - 1);
     const std::size_t prefixes = 1 + random() % PrefixFilter::kPrefixes;
     const bool is_exact = random() % 2 == 0;
     PrefixFilter filter;

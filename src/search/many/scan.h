@@ -29,8 +29,8 @@ class TableCursor {
   bool odd_ = false;
 };
 
-// Where a scan takes the short cut of going straight to the next place where a pattern begins with
-// as many bytes as the skip table knows.
+// Where a scan takes the short cut of going straight to the next place where the head of a pattern
+// stands, as the skip table knows it.
 //
 // In a state so shallow that no pattern is as short as its depth, nothing but the few bytes that
 // led there is under way, so the scan may start over from there. Each place lies behind the one
@@ -47,48 +47,45 @@ class ShortCuts {
   ShortCuts(const ScanTable& table, Bytes text)
       : table_(table),
         text_(text),
-        hashed_(table.skips.hashed()),
-        shallow_end_(table.depth_begin[hashed_]) {}
+        head_(table.skips.head()),
+        shallow_end_(table.depth_begin[head_]) {}
 
   // A short cut may be taken from states below this one.
   StateNumber shallow_end() const { return shallow_end_; }
 
   // Moves from a state that was reached before the byte at `at` to where the scan goes on. That is
-  // one byte short of what is hashed: no longer suffix of the text can be under way there.
+  // one byte short of a head's end: no longer suffix of the text can be under way there.
   Position take(Position now) {
     const std::size_t begin = now.at - depth_of(now.state);
     if (begin < unseen_) return now;
     std::size_t from = begin;
     StateNumber state = 0;
-    while (shallow_end_ != 0 && text_.size() - from >= hashed_) {
-      const std::size_t place = table_.skips.next_place(text_, from);
-      budget_.earn(place - from);
-      budget_.spend(kCost);
+    while (shallow_end_ != 0 && text_.size() - from >= head_) {
+      const std::size_t place = table_.skips.next_place(text_, from, budget_);
       if (budget_.is_used_up()) shallow_end_ = 0;
-      if (text_.size() - place < hashed_) break;
+      if (text_.size() - place < head_) break;
       from = unseen_ = place + 1;
       if (!begins_at(place, state)) continue;
-      return {state, place + hashed_ - 1};
+      return {state, place + head_ - 1};
     }
     // Nothing is under way.
     return {0, shallow_end_ != 0 ? text_.size() : from};
   }
 
  private:
-  static constexpr std::size_t kCost = 8;
   static constexpr std::size_t kFree = 1000;
 
   // Requires a shallow state.
   std::size_t depth_of(StateNumber state) const {
     std::size_t depth = 0;
-    while (depth + 1 < hashed_ && state >= table_.depth_begin[depth + 1]) ++depth;
+    while (depth + 1 < head_ && state >= table_.depth_begin[depth + 1]) ++depth;
     return depth;
   }
 
-  // Whether the bytes at `place` lead one step deeper each, for all but the last that is hashed.
+  // Whether the bytes at `place` lead one step deeper each, for all but the last of a head.
   bool begins_at(std::size_t place, StateNumber& state) const {
     state = 0;
-    for (std::size_t depth = 1; depth < hashed_; ++depth) {
+    for (std::size_t depth = 1; depth < head_; ++depth) {
       state = step(table_, state, text_[place + depth - 1]) & ~kHit;
       if (state < table_.depth_begin[depth]) return false;
     }
@@ -97,7 +94,7 @@ class ShortCuts {
 
   const ScanTable& table_;
   Bytes text_;
-  std::size_t hashed_;
+  std::size_t head_;
   StateNumber shallow_end_;
   std::size_t unseen_ = 0;  // places before have been taken
   Budget budget_{kFree};

@@ -39,7 +39,7 @@ struct ScanTable {
   Byte* label;              // the byte that leads to a state; kLabelPadding bytes behind the last
   Pattern* patterns;        // from 1 on
   SkipTable skips;
-  StateNumber depth_begin[SkipTable::kMostHashed + 1];  // the first state at a depth
+  StateNumber depth_begin[SkipTable::kLongestHead + 1];  // the first state at a depth
   Byte class_of[256];
 };
 inline constexpr std::size_t kLabelPadding = 8;

@@ -206,8 +206,8 @@ bool Analysis::advance() {
 // What a match begins with, from the states that take its first byte. They share the numbers of the
 // filter; what follows those of one number is looked at together.
 void Analysis::find_prefixes() {
-  std::size_t length = PrefixFilter::kMaxLength;
-  ByteSet all[PrefixFilter::kMaxLength];
+  std::size_t length = PrefixFilter::kUsualLength;
+  ByteSet all[PrefixFilter::kUsualLength];
   for (std::size_t prefix = 0; prefix < PrefixFilter::kPrefixes; ++prefix) {
     now_.clear();
     for (std::size_t i = prefix; i < first_.size(); i += PrefixFilter::kPrefixes) {

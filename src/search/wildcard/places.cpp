@@ -51,7 +51,7 @@ void Places::choose_elements(const Segment& segment) {
     sets[i] = members_of(segment.pattern, at);
     at = behind_element(segment.pattern, at);
   }
-  length_ = std::min(looked, PrefixFilter::kMaxLength);
+  length_ = std::min(looked, PrefixFilter::kUsualLength);
   int fewest = INT_MAX;
   for (std::size_t i = 0; i + length_ <= looked; ++i) {
     int members = 0;
