@@ -17,6 +17,7 @@
 #include "bytes/cpu.h"
 #include "bytes/edit_column.h"
 #include "bytes/edit_lanes.h"
+#include "bytes/edit_stripe.h"
 #include "bytes/find_near.h"
 #include "bytes/find_probes.h"
 #include "bytes/is_sorted.h"
@@ -293,6 +294,37 @@ TEST(Kernels, EditLanes) {
         const std::uint64_t hits = ends[(i - lead) / 64 * kEditLanes + lane];
         ASSERT_EQ(distance <= static_cast<std::int64_t>(k), (hits >> (i - lead) % 64 & 1) != 0);
       }
+    }
+  });
+}
+
+// Beside columns that go through the text one below the other.
+TEST(Kernels, EditStripe) {
+  on_random_texts([](Bytes text, std::mt19937& random) {
+    if (!has_edit_stripe()) return;
+    const std::size_t rows = 1 + random() % (64 * kStripeWords);
+    std::uint64_t equal[256][kStripeWords] = {};
+    for (std::size_t i = 0; i < rows && !text.empty(); ++i) {
+      equal[text[random() % text.size()]][i / 64] |= std::uint64_t{1} << i % 64;
+    }
+    for (std::uint64_t& word : equal[0]) word = 0;
+    std::vector<EditRun> runs((text.size() + 63) / 64);
+    for (EditRun& run : runs) {
+      run.rose = random() * std::uint64_t{random()};
+      run.fell = random() * std::uint64_t{random()} & ~run.rose;
+    }
+    const std::vector<EditRun> above = runs;
+    cross_edit_stripe(equal, rows, text, runs.data());
+    EditColumn columns[kStripeWords];
+    for (std::size_t i = 0; i < 64 * runs.size(); ++i) {
+      EditChange change = above[i / 64].at(i % 64);
+      for (std::size_t w = 0; 64 * w < rows && i < text.size(); ++w) {
+        const std::size_t bottom = std::min<std::size_t>(rows - 64 * w, 64) - 1;
+        change = columns[w].advance(equal[text[i]][w], change, bottom);
+      }
+      if (i >= text.size()) change = {};
+      ASSERT_EQ(change.rose, runs[i / 64].at(i % 64).rose);
+      ASSERT_EQ(change.fell, runs[i / 64].at(i % 64).fell);
     }
   });
 }

@@ -106,7 +106,7 @@ Result<std::size_t> levenshtein(Bytes s, Bytes t, std::size_t limit) {
 
   // The distance is at most |rows|. Bounds a quarter, a sixteenth, ... of that are tried first, as
   // long as they leave something out: all of them together cost less than the last.
-  constexpr std::size_t kLeastBound = 128;
+  constexpr std::size_t kLeastBound = 256;
   int quarters = 0;
   while (rows.size() >> (2 * quarters + 2) >= kLeastBound) ++quarters;
   for (;; --quarters) {

@@ -11,9 +11,11 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <type_traits>
 
 #include "bytes/bytes.h"
 #include "bytes/edit_column.h"
+#include "bytes/edit_stripe.h"
 
 namespace vstring::words {
 
@@ -24,19 +26,7 @@ inline constexpr std::size_t kRunColumns = 64;
 // Levenshtein's distance: a row changes by -1, 0 or 1.
 struct EditTable {
   using Column = EditColumn;
-  struct Run {
-    std::uint64_t rose = ~std::uint64_t{0};  // the first row of the table rises with each column
-    std::uint64_t fell = 0;
-
-    EditChange at(std::size_t i) const { return {rose >> i & 1, fell >> i & 1}; }
-    void put(std::size_t i, EditChange change) {
-      rose |= change.rose << i;
-      fell |= change.fell << i;
-    }
-    std::size_t gain() const {
-      return static_cast<std::size_t>(std::popcount(rose) - std::popcount(fell));
-    }
-  };
+  using Run = EditRun;
   static constexpr Run kNothing = {0, 0};
   static constexpr std::size_t kDown = 1;  // from row to row by a straight move
 };
@@ -79,10 +69,10 @@ class LetterRows {
     std::memset(equal_, 0, sizeof equal_);
     note(rows);
   }
-  // Only letters of `columns` will be asked for: when there are few, only these are made ready, so
-  // that short words do not pay for all 256 of them.
+  // Only letters of `columns` will be asked for: short words do not pay for all 256 of them, which
+  // vectors clear at a few letters a cycle.
   LetterRows(Bytes rows, Bytes columns) {
-    if (columns.size() < 256) {
+    if (rows.size() + columns.size() < 64 * W) {
       for (const Byte c : columns) clear(c);
       for (const Byte c : rows) clear(c);
     } else {
@@ -93,6 +83,7 @@ class LetterRows {
 
   // Bit i of word w: row 64 w + i has this letter.
   const std::uint64_t (&operator[](Byte c) const)[W] { return equal_[c]; }
+  const std::uint64_t (*data() const)[W] { return equal_; }
 
  private:
   void clear(Byte c) { std::fill_n(equal_[c], W, std::uint64_t{0}); }
@@ -141,17 +132,43 @@ inline std::size_t runs_for(std::size_t columns) {
   return (columns + kRunColumns - 1) / kRunColumns;
 }
 
-// Crosses the runs of columns from `first` up to `end`.
 template <typename Table, std::size_t W>
-void cross_runs(Bytes rows, Bytes columns, std::size_t first, std::size_t end,
-                std::span<typename Table::Run> runs) {
-  const std::size_t start = kRunColumns * first;
-  const Bytes inside = columns.subspan(start, std::min(kRunColumns * end, columns.size()) - start);
-  Stripe<Table, W> stripe(rows, inside);
-  for (std::size_t r = first; r < end; ++r) {
-    const std::size_t at = kRunColumns * r;
-    stripe.cross(columns.subspan(at, std::min(kRunColumns, columns.size() - at)), runs[r]);
+void cross_runs(Bytes rows, Bytes columns, std::span<typename Table::Run> runs) {
+  Stripe<Table, W> stripe(rows, columns);
+  for (typename Table::Run& run : runs) {
+    const std::size_t width = std::min(kRunColumns, columns.size());
+    stripe.cross(columns.first(width), run);
+    columns = columns.subspan(width);
   }
+}
+
+// Rows that are best crossed at once, of those that are left: words of them overlap in the
+// processor, since the upper ones need not wait for the lower ones.
+inline constexpr std::size_t kWide = 2;
+
+template <typename Table>
+bool has_lanes() {
+  return std::is_same_v<Table, EditTable> && has_edit_stripe();
+}
+
+template <typename Table>
+std::size_t stripe_height(std::size_t left) {
+  if (left <= 64) return left;
+  if (has_lanes<Table>()) return std::min(64 * kStripeWords, left);
+  return left >= 64 * kWide ? 64 * kWide : 64;
+}
+
+// Moves the differences along a row down by a stripe of that height.
+template <typename Table>
+void cross_stripe(Bytes rows, Bytes columns, std::span<typename Table::Run> runs) {
+  if (rows.size() <= 64) return cross_runs<Table, 1>(rows, columns, runs);
+  if constexpr (std::is_same_v<Table, EditTable>) {
+    if (has_edit_stripe()) {
+      const LetterRows<kStripeWords> equal(rows);
+      return cross_edit_stripe(equal.data(), rows.size(), columns, runs.data());
+    }
+  }
+  cross_runs<Table, kWide>(rows, columns, runs);
 }
 
 // Where the differences of a last row begin to count, and the cell there, with regard to the first
@@ -170,20 +187,17 @@ struct Diagonals {
 inline constexpr auto kToTheEnd = [](RowStart, const auto&) { return false; };
 
 // Turns `runs`, one for 64 columns, into the differences along the last row of the table. Cells
-// off the diagonals count as reached by straight moves. Rows and columns are not empty; the words
-// of a stripe overlap in the processor, since the upper ones need not wait for the lower ones.
+// off the diagonals count as reached by straight moves. Rows and columns are not empty.
 //
 // Below each stripe, is_over(start, runs on the diagonals) tells whether what follows matters no
 // more; the row reached by then is given.
 template <typename Table, typename IsOver = decltype(kToTheEnd)>
 RowStart last_row(Bytes rows, Bytes columns, std::span<typename Table::Run> runs,
                   Diagonals near = {}, IsOver is_over = {}) {
-  constexpr std::size_t kWide = 2;
   std::fill(runs.begin(), runs.end(), typename Table::Run{});
   RowStart start = {0, 0};
   for (std::size_t r = 0; r < rows.size();) {
-    const std::size_t left = rows.size() - r;
-    const std::size_t height = left >= kWide * 64 ? kWide * 64 : std::min<std::size_t>(64, left);
+    const std::size_t height = stripe_height<Table>(rows.size() - r);
     const std::int64_t first = (static_cast<std::int64_t>(r) + near.low) / 64;
     const std::int64_t end = (static_cast<std::int64_t>(r + height) + near.high + 63) / 64;
     const std::size_t end_run =
@@ -191,15 +205,13 @@ RowStart last_row(Bytes rows, Bytes columns, std::span<typename Table::Run> runs
     const std::size_t first_run =
         std::min(static_cast<std::size_t>(std::max<std::int64_t>(first, 0)), end_run);
     for (; start.run < first_run; ++start.run) start.value += runs[start.run].gain();
-    const Bytes stripe = rows.subspan(r, height);
-    if (height > 64) {
-      cross_runs<Table, kWide>(stripe, columns, start.run, end_run, runs);
-    } else {
-      cross_runs<Table, 1>(stripe, columns, start.run, end_run, runs);
-    }
+    const std::span<typename Table::Run> inside = runs.subspan(start.run, end_run - start.run);
+    const std::size_t column = std::min(kRunColumns * start.run, columns.size());
+    const std::size_t width = std::min(kRunColumns * inside.size(), columns.size() - column);
+    cross_stripe<Table>(rows.subspan(r, height), columns.subspan(column, width), inside);
     start.value += Table::kDown * height;
     r += height;
-    if (is_over(start, runs.subspan(start.run, end_run - start.run))) break;
+    if (is_over(start, inside)) break;
   }
   return start;
 }
