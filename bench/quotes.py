@@ -5,7 +5,7 @@ Usage: bench/quotes.py [--check]     --check: fails when a page quotes others
 
 A place is what stands between "<!-- figures: NAME -->" and "<!-- end -->". The records are
 bench/record/DATE.json, which `scripts/bench --json` makes, and docs/trust.txt, made so:
-scripts/trust >docs/trust.txt
+scripts/trust >build/trust.txt && mv build/trust.txt docs/
 """
 import re
 import sys
