@@ -135,6 +135,8 @@ void print_hints(const Plan& plan) {
   if (hints.has_first) say("begins with one of", shown(hints.first.set()));
   if (hints.prefix_length > 0)
     say("is looked for by", std::to_string(hints.prefix_length) + " bytes at a time");
+  if (hints.window_length > 0)
+    say("begins with", std::to_string(hints.window_length) + " of " + shown(hints.window));
   for (int i = 0; i < hints.required_count; ++i) {
     const Required& required = hints.required[i];
     if (required.set != nullptr) {
@@ -142,6 +144,7 @@ void print_hints(const Plan& plan) {
     } else {
       say("contains", shown(required.literal));
     }
+    if (i == 0 && hints.has_before) say("has before that", shown(hints.before));
     if (i == 0 && hints.has_follow) say("has behind that", shown(hints.follow));
     if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead.set()));
   }

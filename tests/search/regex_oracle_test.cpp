@@ -93,13 +93,40 @@ TEST(RegexOracleAtRandom, LongerPatterns) {
 // contains and what it can have ahead of that; runs that need not be tried shorter. With the vector
 // kernels and without.
 TEST(RegexOracleAtRandom, SparseTexts) {
-  constexpr const char* kPatterns[] = {
-      "cab",          "[ab]c",         "a|bc|cab",        "[a-c]+x",      "([a-c]+) *\\(",
-      "x[^y]*y",      "(a|b)+x(c|y)*", "a+(b|c)$",        "[b-x]y|a\\(x", "(ab?c?)+[xy]",
-      "[ab]*x+[ab]*", "(a*x|b)y",      "((a|b)*c)*x",     "a(b|c)*x.*y",  "[abc]+x[abc]+",
-      "x*ab",         "(a|b|c|x|y)y+", "^a|(b|c)x|[xy]a", "(.*)x(.*)y",   "b.?.?x|a",
-      "(xy)+(a|b)",   "a[abc]*",       "[a-y]+ ",         "(a|^)b+c",     "x$|y+a",
-      "a.b",          "[ab].x(y|a)",   "\\(a\\)[^x]*",    ".b(a|c).x",    "x.[ab]..y"};
+  constexpr const char* kPatterns[] = {"cab",
+                                       "[ab]c",
+                                       "a|bc|cab",
+                                       "[a-c]+x",
+                                       "([a-c]+) *\\(",
+                                       "x[^y]*y",
+                                       "(a|b)+x(c|y)*",
+                                       "a+(b|c)$",
+                                       "[b-x]y|a\\(x",
+                                       "(ab?c?)+[xy]",
+                                       "[ab]*x+[ab]*",
+                                       "(a*x|b)y",
+                                       "((a|b)*c)*x",
+                                       "a(b|c)*x.*y",
+                                       "[abc]+x[abc]+",
+                                       "x*ab",
+                                       "(a|b|c|x|y)y+",
+                                       "^a|(b|c)x|[xy]a",
+                                       "(.*)x(.*)y",
+                                       "b.?.?x|a",
+                                       "(xy)+(a|b)",
+                                       "a[abc]*",
+                                       "[a-y]+ ",
+                                       "(a|^)b+c",
+                                       "x$|y+a",
+                                       "a.b",
+                                       "[ab].x(y|a)",
+                                       "\\(a\\)[^x]*",
+                                       ".b(a|c).x",
+                                       "x.[ab]..y",
+                                       "([a-z]+ )+xy",
+                                       "[a-c]*bc[xy]",
+                                       "[a-z ]*x[a-c ]*$",
+                                       "[a-z][a-z][a-z][a-z](a|bc)[a-y]"};
   constexpr const char* kAlphabets[] = {"abcxy (", "        abcxy(", "abcabcabc x", "xxxxxxxxy"};
   std::mt19937 random(20261121);
   const int rounds = long_tier() ? 400 : 12;

@@ -1,6 +1,7 @@
 #include "search/regex/hints.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 
 #include "bytes/commonness.h"
@@ -18,6 +19,12 @@ constexpr std::size_t kMaxLook = 64;
 // and to look for single bytes instead, which is faster, not where they stand so much more often.
 constexpr double kMaxHits = 1.0 / 12;
 constexpr double kFewHits = 1.0 / 256;
+
+// Two bytes that stand together more seldom are looked for without the third.
+constexpr double kRareHits = 1.0 / 2048;
+
+// The places from which on so many bytes are of one set are not looked for in longer stretches.
+constexpr int kMaxWindow = 32;
 
 // What is required is not looked for where it stands so much more often than what a match begins
 // with.
@@ -48,11 +55,13 @@ class Analysis {
   void walk(StateNumber from, Enter enter);
   Ahead look_ahead(std::span<const StateNumber> from, std::size_t limit = SIZE_MAX);
   ByteSet bytes_of(const States& takers) const;
+  void unite_taken(ByteSet& bytes, StateNumber s) const;
 
   bool find_path();
   bool advance();
   void find_prefixes();
   bool find_prefix(double most_hits);
+  void find_window();
   void find_required();
   Required required(StateNumber s) const;
   double share_of(const State& state) const;
@@ -141,6 +150,16 @@ ByteSet Analysis::bytes_of(const States& takers) const {
   return first;
 }
 
+// Adds all bytes that a state takes.
+void Analysis::unite_taken(ByteSet& bytes, StateNumber s) const {
+  const State& state = this->state(s);
+  if (state.op == Op::literal) {
+    bytes.unite(ByteSet(plan_.literal(state)));
+  } else if (consumes(state.op)) {
+    bytes.unite(plan_.first_bytes(state));
+  }
+}
+
 // Finds the path. False when nothing can match, or when a state reports something: to be reported
 // it must be reached, so no way to it may be cut short.
 bool Analysis::find_path() {
@@ -182,12 +201,13 @@ void Analysis::find_choices() {
   }
 }
 
-// Whether every way to the end of a match leads over a $.
+// Whether every way to the end of a match leads over a $. Finds what matches take until then.
 bool Analysis::needs_end() {
   bool accepts = false;
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
     accepts |= state(s).op == Op::accept;
+    unite_taken(hints_.taken, s);
     return state(s).op != Op::eol;
   });
   return !accepts;
@@ -221,11 +241,15 @@ void Analysis::find_prefixes() {
     }
   }
   double hits = 1;
-  for (std::size_t i = 0; i < length; ++i) hits *= share(all[i]);
+  for (std::size_t i = 0; i < length; ++i) {
+    hits *= share(all[i]);
+    if (i == 1 && hits <= kRareHits) length = 2;
+  }
   const bool is_worth_it = length > 1 && hits <= kMaxHits;
   starts_ = is_worth_it ? hits : share(all[0]);
   hints_.prefix_length =
       find_prefix(is_worth_it ? hits + kFewHits : starts_) || !is_worth_it ? 0 : length;
+  if (starts_ > kMaxHits) find_window();
 }
 
 // The bytes that a match begins with, as far as they are known one by one. False when they stand at
@@ -257,6 +281,23 @@ bool Analysis::find_prefix(double most_hits) {
   starts_ = hits;
   hints_.prefix = search::Needle(Bytes(known, count), {places, count});
   return true;
+}
+
+// The longest stretch at the start of a match whose bytes are of one set that is seldom so long in
+// a row.
+void Analysis::find_window() {
+  now_.clear();
+  for (const StateNumber s : first_) push(now_, s);
+  ByteSet window;
+  for (int length = 1; length <= kMaxWindow; ++length) {
+    window.unite(bytes_of(now_));
+    if (window.count() == 256) return;
+    if (std::pow(share(window), length) <= kMaxHits) {
+      hints_.window = window;
+      hints_.window_length = static_cast<std::size_t>(length);
+    }
+    if (advance() || now_.empty()) return;
+  }
 }
 
 // Finds the states that every match passes through, those of the path that no other way leads
@@ -314,26 +355,36 @@ void Analysis::consider(StateNumber s) {
   found_[place] = s;
 }
 
-// The bytes that a match can take before it first comes to what is required, and behind that.
+// The bytes that a match can take before it first comes to what is required, and on both sides of
+// that.
 void Analysis::find_surroundings() {
   ByteSet lead;
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
     if (s == found_[0]) return false;
-    const State& state = this->state(s);
-    if (state.op == Op::literal) {
-      lead.unite(ByteSet(plan_.literal(state)));
-    } else if (consumes(state.op)) {
-      lead.unite(plan_.first_bytes(state));
-    }
+    unite_taken(lead, s);
     return true;
   });
   hints_.lead = ByteScan(lead);
-  const State& required = state(found_[0]);
-  hints_.has_lead = lead.count() < 256 && share_of(required) < kMuchMore * starts_;
-  const bool can_end = look_ahead({&required.next, 1}).can_end();
+  const State& there = state(found_[0]);
+  hints_.has_lead = lead.count() < 256 && share_of(there) < kMuchMore * starts_;
+  const auto leads_there = [&](StateNumber from) {
+    const bool is_far = look_ahead({&from, 1}, kMaxLook).reports;
+    return is_far || std::find(later_.begin(), later_.end(), found_[0]) != later_.end();
+  };
+  for (StateNumber s = 0; s < plan_.state_count; ++s) {
+    if (!consumes(state(s).op) || !leads_there(plan_.after(s))) continue;
+    hints_.before.unite(plan_.first_bytes(state(s)));
+  }
+  hints_.has_before = !leads_there(plan_.start);
+  const bool can_end = look_ahead({&there.next, 1}).can_end();
   hints_.follow = bytes_of(later_);
-  hints_.has_follow = !can_end && required.op != Op::plus && hints_.follow.count() < 256;
+  hints_.has_follow = !can_end && there.op != Op::plus && hints_.follow.count() < 256;
+  const Bytes literal = required(found_[0]).literal;
+  for (const Byte& c : literal.last(std::min(literal.size(), PrefixFilter::kMaxLength - 1))) {
+    hints_.tail.add(0, hints_.tail_length++, ByteSet(Bytes(&c, 1)));
+  }
+  hints_.tail.add(0, hints_.tail_length++, hints_.follow);
 }
 
 }  // namespace

@@ -19,8 +19,12 @@ constexpr std::size_t kMaxFrames = std::size_t{1} << 16;
 // ahead over and over.
 constexpr std::size_t kFreeWork = 4096;
 
-// To look from the end takes some thousand steps to prepare, and then one for each state and place:
-// too much for short texts, and for more than a small part of long ones.
+// A match that ends with the text starts behind the last byte that no match takes. How far it is
+// looked for.
+constexpr std::size_t kNear = 256;
+
+// To go back with all states takes some thousand steps to prepare, and then one for each state and
+// place: too much for short texts, and for more than a small part of long ones.
 constexpr std::size_t kShort = 128;
 constexpr std::size_t kFewPlaces = 16;
 constexpr std::size_t kStepsPerByte = 4;
@@ -65,6 +69,13 @@ Outcome Matcher::find(std::size_t begin, Match& match) {
 void Matcher::look_from_end(std::size_t begin) {
   looked_from_end_ = true;
   if (!plan_.ends_with_text || text_.size() - begin < kShort) return;
+  std::size_t at = text_.size();
+  const std::size_t far = at - std::min(at - begin, kNear);
+  while (at > far && plan_.hints.taken.has(text_[at - 1])) --at;
+  if (at > far) {
+    first_start_ = at;
+    return;
+  }
   const std::size_t limit = kFewPlaces + text_.size() / (kStepsPerByte * plan_.state_count);
   std::size_t start = 0;
   if (linear().two_pass.find_from_end(begin, limit, start)) first_start_ = start;

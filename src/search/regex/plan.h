@@ -104,12 +104,19 @@ struct Hints {
   search::Needle prefix;          // what a match begins with; of size 0: nothing is known
   std::size_t prefix_length = 0;  // a match begins as `prefixes` has it, with 2 or 3 bytes; 0: no
   PrefixFilter prefixes;
+  std::size_t window_length = 0;  // the first so many bytes of a match are of `window`; 0: unknown
+  ByteSet window;
   int required_count = 0;
   Required required[kMaxRequired];  // what tells most comes first
   bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
   ByteScan lead;
-  bool has_follow = false;  // whether the byte behind it is of `follow`
+  bool has_before = false;  // whether a byte, one of `before`, is always right ahead of it,
+  ByteSet before;
+  bool has_follow = false;  // and one of `follow` behind it,
   ByteSet follow;
+  std::size_t tail_length = 0;  // so that it ends, followed by that byte, as `tail` has it
+  PrefixFilter tail;
+  ByteSet taken;  // all bytes that a match can have, where every match ends with the text
 };
 
 struct Plan {

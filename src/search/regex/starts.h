@@ -33,15 +33,20 @@ class Starts {
 
  private:
   std::size_t by_first_bytes(std::size_t at);
+  std::size_t by_window(std::size_t at);
+  std::size_t find_required(std::size_t at);
+  bool fits(std::size_t at) const;
   void look_up_required(std::size_t at);
 
   const Plan& plan_;
   Bytes text_;
   bool has_asked_ = false;
-  bool has_required_ = false;    // whether required_at_ is known
-  std::size_t prefix_at_ = 0;    // the prefix's first occurrence at the place asked for last
+  bool has_required_ = false;   // whether required_at_ is known
+  std::size_t window_end_ = 0;  // from the place asked for last to here all bytes are of the window
+  std::size_t prefix_at_ = 0;   // the prefix's first occurrence at the place asked for last
   std::size_t required_at_ = 0;  // the same for what every match contains, and
   std::size_t lead_at_ = 0;      // where the run of bytes begins that may come ahead of it
+  Budget stops_{kFreeBudget};    // for looking for it without what follows it
   Budget budget_{kFreeBudget};   // for looking for it, which saves scanning
   ScanStream first_;             // of the bytes that a match begins with
   std::optional<search::Finder> prefix_;

@@ -6,7 +6,7 @@
 namespace vstring::regex {
 
 // Depth first from every state. A state is pushed again by each that leads to it; all but the copy
-// entered first are dropped. False when memory fails.
+// entered first are dropped. Reports are made only where they are led to. False when memory fails.
 bool TwoPass::order_states() {
   enum Mark : Byte { kNew, kEntered, kLeft };
   const std::uint32_t n = plan_.state_count;
@@ -14,7 +14,7 @@ bool TwoPass::order_states() {
   Buffer<StateNumber> stack;
   order_.clear();
   if (!mark.resize_zeroed(n) || !order_.reserve(n)) return false;
-  for (StateNumber root = 0; root < n; ++root) {
+  for (StateNumber root = kFaults; root < n; ++root) {
     if (!stack.push_back(root)) return false;
     while (!stack.empty()) {
       const StateNumber s = stack.back();
