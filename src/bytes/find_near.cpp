@@ -18,20 +18,23 @@ namespace {
 VSTRING_AVX2 std::uint32_t count_block(Bytes pattern, const Byte* block, __m256i too_many,
                                        __m256i& counts) {
   constexpr std::size_t kBetweenChecks = 4;
-  const __m256i ones = _mm256_set1_epi8(1);
-  std::uint32_t within = UINT32_MAX;
   counts = _mm256_setzero_si256();
-  for (std::size_t j = 0; j < pattern.size() && within != 0;) {
-    const std::size_t check = std::min(j + kBetweenChecks, pattern.size());
-    for (; j < check; ++j) {
+  std::size_t j = 0;
+  const auto count = [&](std::size_t n) VSTRING_AVX2 __attribute__((always_inline)) {
+    __m256i equal = _mm256_setzero_si256();  // times -1
+    for (const std::size_t end = j + n; j < end; ++j) {
       const __m256i byte = _mm256_set1_epi8(static_cast<char>(pattern[j]));
-      const __m256i equal = _mm256_cmpeq_epi8(avx2::load(block + j), byte);
-      counts = _mm256_adds_epu8(counts, _mm256_andnot_si256(equal, ones));
+      equal = _mm256_add_epi8(equal, _mm256_cmpeq_epi8(avx2::load(block + j), byte));
     }
+    const __m256i all = _mm256_set1_epi8(static_cast<char>(n));
+    counts = _mm256_adds_epu8(counts, _mm256_add_epi8(all, equal));
     const __m256i over = _mm256_cmpeq_epi8(_mm256_max_epu8(counts, too_many), counts);
-    within = ~static_cast<std::uint32_t>(_mm256_movemask_epi8(over));
+    return ~static_cast<std::uint32_t>(_mm256_movemask_epi8(over));
+  };
+  while (pattern.size() - j > kBetweenChecks) {
+    if (count(kBetweenChecks) == 0) return 0;
   }
-  return within;
+  return count(pattern.size() - j);
 }
 
 VSTRING_AVX2 std::uint32_t find_in_blocks(Bytes pattern, Bytes text, std::size_t k, std::size_t& at,

@@ -155,11 +155,7 @@ Status scan_by_blocks(Bytes pattern, Bytes text, std::size_t k, Report report) {
 
 template <typename Report>
 Status scan(Bytes pattern, Bytes text, std::int64_t edits, EditModel model, Report report) {
-  Byte storage[kRows];
-  if (model == EditModel::bit_parallel) {
-    if (pattern.empty()) return Status::ok;
-    pattern = bit_parallel_pattern(pattern, storage);
-  }
+  if (pattern.empty() && model == EditModel::bit_parallel) return Status::ok;
   const std::size_t m = pattern.size();
   const std::size_t k = std::min(static_cast<std::size_t>(edits), m);
   if (edits < 0 || m - k > text.size()) {
@@ -180,22 +176,33 @@ Status scan(Bytes pattern, Bytes text, std::int64_t edits, EditModel model, Repo
 }  // namespace
 
 Result<std::size_t> first_end(Bytes pattern, Bytes text, std::int64_t k, EditModel model) {
+  Byte storage[kRows];
+  if (model == EditModel::bit_parallel) pattern = bit_parallel_pattern(pattern, storage);
   // The finders of the pieces run far ahead of the first end, so they are given more and more of
-  // the text: the ends in a prefix do not depend on what follows.
+  // the text. A stretch that ends behind a part begins no more than m + k <= 2 m bytes ahead of
+  // its end; so far from the text's first byte the two models agree.
+  std::size_t begin = 0;
   for (std::size_t length = kFreeScan;; length *= 16) {
-    const Bytes prefix = text.first(std::min(length, text.size()));
+    const std::size_t end = std::min(length, text.size());
     std::size_t first = 0;
-    const Status status = scan(pattern, prefix, k, model, [&](std::size_t end) {
-      first = end;
-      return false;
-    });
+    const Status status =
+        scan(pattern, text.subspan(begin, end - begin), k, model, [&](std::size_t found) {
+          first = found;
+          return false;
+        });
     if (status != Status::ok) return status;
-    if (first != 0 || prefix.size() == text.size()) return first;
+    if (first != 0) return begin + first;
+    // The empty pattern ends at the first byte or nowhere.
+    if (end == text.size() || pattern.empty()) return std::size_t{0};
+    begin = end - std::min(end, 2 * pattern.size());
+    if (begin > 0) model = EditModel::table;
   }
 }
 
 Status all_ends(Bytes pattern, Bytes text, std::int64_t k, EditModel model,
                 HeldArray<std::size_t>& ends) {
+  Byte storage[kRows];
+  if (model == EditModel::bit_parallel) pattern = bit_parallel_pattern(pattern, storage);
   bool is_kept = true;
   const Status status = scan(pattern, text, k, model, [&](std::size_t end) {
     is_kept = ends.push_back(end);
