@@ -1,4 +1,5 @@
 // velmor: runs vstring's commands from the command line, from scripts, and at a prompt.
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -165,9 +166,19 @@ int told(const std::exception& error) {
   return 1;
 }
 
+// A standard descriptor that is closed would be given to the next file or pipe. What holds its
+// place cannot be read, or written, either.
+void hold_standard_descriptors() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(descriptor, F_GETFD) < 0)
+      open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  hold_standard_descriptors();
   if (const auto code = velmor::placeholder(argc, argv)) return *code;
   // Who reads no further has what he wants.
   std::signal(SIGPIPE, [](int) { _exit(0); });

@@ -374,7 +374,7 @@ TEST_F(CommandLine, LibraryAndUsage) {
   }
 }
 
-TEST_F(CommandLine, OutputThatCannotBeWritten) {
+TEST_F(CommandLine, StreamsThatCannotBeUsed) {
   input_ = "1;\n";
   for (const char* line : {"$V -e 1", "$V", "$V -", "$V map _", "$V map -j 2 _", "$V filter true",
                            "$V count _", "$V help", "$V help take", "$V --help", "$V map --help",
@@ -382,6 +382,11 @@ TEST_F(CommandLine, OutputThatCannotBeWritten) {
     EXPECT_EQ(shell(std::string("(") + line + " >/dev/full)"), 1) << line;
     EXPECT_EQ(contents("err"), "Error, cannot write: No space left on device\n") << line;
   }
+  for (const char* line : {"$V", "$V -", "$V map _", "$V map -j 2 _", "$V count _ -"})
+    expect(std::string("(") + line + " <&-)", 1, "",
+           "Error, cannot read standard input: Bad file descriptor\n");
+  for (const char* line : {"$V -e 1", "$V map _ -j 2", "$V help"})
+    expect(std::string("(") + line + " >&-)", 1, "", "Error, cannot write: Bad file descriptor\n");
   expect("(yes | $V map _ | head -n 1)", 0, "y\n", "");
   expect("(yes '1;' | $V | head -n 1)", 0, "1\n", "");
 }

@@ -1,7 +1,11 @@
 #include "prompt/prompt.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -102,6 +106,8 @@ Verdict run_standard_input(Session& session) {
     if (!script.open() && says_quit(line)) break;
     script.feed(line + '\n');
   }
+  if (std::ferror(stdin) != 0)
+    throw std::runtime_error(std::string("cannot read standard input: ") + std::strerror(errno));
   return script.finish();
 }
 
