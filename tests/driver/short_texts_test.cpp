@@ -31,36 +31,36 @@ TEST(ShortTexts, TakeNoMemory) {
   };
   const Row rows[] = {
       {vstring_fill,
-       [](std::int64_t n) {
-         return Values{"x", n};
+       [](std::int64_t n) -> Values {
+         return {"x", n};
        },
        8189},
       {vstring_cap,
-       [](std::int64_t n) {
-         return Values{letters(n), "", ""};
+       [](std::int64_t n) -> Values {
+         return {letters(n), "", ""};
        },
        8189},
       {vstring_wrap,
-       [](std::int64_t n) {
-         return Values{letters(n), 80};
+       [](std::int64_t n) -> Values {
+         return {letters(n), 80};
        },
        8189},
       {vstring_fmtmsg,
-       [](std::int64_t n) {
-         return Values{"%1", letters(n)};
+       [](std::int64_t n) -> Values {
+         return {"%1", letters(n)};
        },
        8191},
-      {vstring_fmttime, [](std::int64_t n) { return Values{letters(n)}; }, 8190},
-      {vstring_casesplit, [](std::int64_t n) { return Values{letters(n) + "Y"}; }, 8191},
+      {vstring_fmttime, [](std::int64_t n) -> Values { return {letters(n)}; }, 8190},
+      {vstring_casesplit, [](std::int64_t n) -> Values { return {letters(n) + "Y"}; }, 8191},
       {vstring_substx,
-       [](std::int64_t n) {
-         return Values{std::string(5000, 'y') + letters(n), "y", ""};
+       [](std::int64_t n) -> Values {
+         return {std::string(5000, 'y') + letters(n), "y", ""};
        },
        8189},
-      {vstring_borderarray, [](std::int64_t n) { return Values{letters(n)}; }, 511},
+      {vstring_borderarray, [](std::int64_t n) -> Values { return {letters(n)}; }, 511},
       {vstring_overlap,
-       [](std::int64_t n) {
-         return Values{letters(n) + "x", letters(n)};  // t is shorter: a table of its letters
+       [](std::int64_t n) -> Values {
+         return {letters(n) + "x", letters(n)};
        },
        511},
   };

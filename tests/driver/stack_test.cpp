@@ -11,6 +11,7 @@
 #include "support/check.h"
 #include "support/direct.h"
 #include "support/figures.h"
+#include "support/heavy_calls.h"
 
 namespace vstring_test {
 namespace {
@@ -94,6 +95,21 @@ TEST(SmallStack, IsEnoughForEveryCommand) {
         argument = before;
       }
       velmor_unroot(heap, argseq);
+    }
+  }
+}
+
+// The same with patterns at their limits, and with heavy calls of all commands.
+TEST(SmallStack, IsEnoughForHeavyCalls) {
+  const std::size_t n = std::size_t{long_tier() ? 10U : 1U} << 20;
+  for (const auto& calls : {limit_calls(100'000), linear_calls(n), other_calls()}) {
+    for (const std::string& call : calls) {
+      const std::string expected = evaluate(call);
+      std::string answer;
+      EXPECT_FALSE(expected.starts_with("error")) << call << expected;
+      run_on_thread([&] { answer = evaluate(call); });
+      EXPECT_TRUE(answer == expected || never_the_same(call)) << call << answer.substr(0, 80);
+      ++figure("calls_on_48_kib");
     }
   }
 }

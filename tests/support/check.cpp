@@ -52,10 +52,11 @@ struct Watch : testing::Environment {
 auto* const watch = static_cast<Watch*>(testing::AddGlobalTestEnvironment(new Watch));
 
 // Runs the row with its k-th operation failing, for every k until none fails any more; behind the
-// first 64, for every second, third ... of them.
+// first few, for every second, third ... of them.
 template <typename Arm, typename Failed, typename Acceptable>
-void fail_each(const Row& row, double& count, Arm arm, Failed failed, Acceptable acceptable) {
-  for (std::size_t k = 1;; k += 1 + k / 64) {
+void fail_each(const Row& row, std::size_t first, double& count, Arm arm, Failed failed,
+               Acceptable acceptable) {
+  for (std::size_t k = 1;; k += 1 + k / first) {
     std::pair<std::size_t, std::size_t> held[2];
     for (auto& after : held) {
       arm(k);
@@ -77,7 +78,7 @@ void fail_each(const Row& row, double& count, Arm arm, Failed failed, Acceptable
 }
 
 // By a jump, and by an exception.
-void fail_operations(const Row& row) {
+void fail_operations(const Row& row, std::size_t first) {
   VelmorHeap* const heap = session().heap();
   std::size_t last = 0;
   const auto arm = [&](std::size_t k) {
@@ -87,7 +88,7 @@ void fail_operations(const Row& row) {
   const auto failed = [&] { return velmor_operation_count(heap) >= last; };
   for (const bool throws : {false, true}) {
     velmor_raise_by_exception(heap, throws ? 1 : 0);
-    fail_each(row, figure(throws ? "raised_by_exception" : "raised_by_longjmp"), arm, failed,
+    fail_each(row, first, figure(throws ? "raised_by_exception" : "raised_by_longjmp"), arm, failed,
               [](const std::string& answer) { return answer == "error: injected failure"; });
   }
   velmor_raise_by_exception(heap, 0);
@@ -102,10 +103,10 @@ const std::set<std::string> kNoMemory = {
 };
 
 // One allocation, or this one and all after it.
-void fail_allocations(const Row& row) {
+void fail_allocations(const Row& row, std::size_t first) {
   for (const bool for_good : {false, true}) {
     const auto arm = [&](std::size_t k) { fail_allocation(k, for_good); };
-    fail_each(row, figure("failed_allocations"), arm, allocation_failed,
+    fail_each(row, first, figure("failed_allocations"), arm, allocation_failed,
               [&](const std::string& answer) {
                 return kNoMemory.contains(answer) || answer == row.expected ||
                        (!row.without_memory.empty() && answer == row.without_memory);
@@ -115,23 +116,12 @@ void fail_allocations(const Row& row) {
 
 }  // namespace
 
-void Check(const std::vector<Row>& rows) {
+void Check(const std::vector<Row>& rows, std::size_t first) {
   CheckInOrder(rows);
   for (const Row& row : rows) {
-    fail_operations(row);
-    fail_allocations(row);
+    fail_operations(row, first);
+    fail_allocations(row, first);
   }
-}
-
-std::vector<std::string> separate(const std::string& calls) {
-  const std::string separator = "; ";
-  std::vector<std::string> parts;
-  for (std::size_t at = 0, end = 0; end != calls.npos && !calls.empty();
-       at = end + separator.size()) {
-    end = calls.find(separator, at);
-    parts.push_back(calls.substr(at, end - at));
-  }
-  return parts;
 }
 
 void CheckRefusals(const std::vector<Refusal>& refusals) {

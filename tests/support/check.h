@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "support/separate.h"
 #include "support/session.h"
 
 namespace vstring_test {
@@ -20,16 +21,14 @@ struct Row {
   std::string undo = {};            // called after each success
 };
 
-void Check(const std::vector<Row>& rows);
+// Behind the `first` operations and allocations of a row not each of them fails.
+void Check(const std::vector<Row>& rows, std::size_t first = 64);
 
 // Calls with "; " between them, which are all refused with this message.
 struct Refusal {
   std::string message, calls;
 };
 void CheckRefusals(const std::vector<Refusal>& refusals);
-
-// The calls of a text, which has "; " between them.
-std::vector<std::string> separate(const std::string& calls);
 
 // What a command makes of words, as "from/to from/to ...".
 void CheckWords(const std::string& command, const std::string& pairs);

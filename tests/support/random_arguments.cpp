@@ -5,18 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "support/separate.h"
+
 namespace vstring_test {
 namespace {
-
-// The parts of a text, which has two blanks between them.
-std::vector<std::string> separate(const std::string& text) {
-  std::vector<std::string> parts;
-  for (std::size_t at = 0, end = 0; end != text.npos; at = end + 2) {
-    end = text.find("  ", at);
-    parts.push_back(text.substr(at, end - at));
-  }
-  return parts;
-}
 
 // Words that commands know: options, classes, keywords, and texts that exercise several families.
 const std::vector<std::string> kWords = separate(
@@ -27,14 +19,16 @@ const std::vector<std::string> kWords = separate(
     "base64  base64url  base32  rot13  percent  quoted  null  overlapping  left  right  both  "
     "SHA256  sha512  crc32  match  mismatch  gap  damerau  osa  jarowinkler  tokenset  grade  "
     "rna  =C3=A9  SGVsbG8=  %41%e9  \\x41\\102  caf\303\251  Dr. No. Yes! It's  ATGRAYtaa  "
-    "((a)[b])  %d %b %Y %T %z  31 dec 1969 23:59:59 Z");
+    "((a)[b])  %d %b %Y %T %z  31 dec 1969 23:59:59 Z",
+    "  ");
 
 constexpr std::int64_t kIntegers[] = {
     0,  1,   2,   3,   4,   5,    8,    -1,        -2,        -3,         10,           64,
     80, 255, 256, 511, 512, 8190, 8191, INT32_MAX, INT32_MIN, 2147483648, 1099511627776};
 
 // What texts that are decoded may be read as; several read nearly everything.
-const std::vector<std::string> kSchemes = separate("base64  hex  null  percent  quoted  rot13");
+const std::vector<std::string> kSchemes =
+    separate("base64  hex  null  percent  quoted  rot13", "  ");
 
 // Argument kinds that commands ask for: s text, i integer, a 1 to 3, r range, l list of strings, n
 // list of codes, m list of equations, e equation, k word, c scheme, p procedure, w weights, v
@@ -42,7 +36,8 @@ const std::vector<std::string> kSchemes = separate("base64  hex  null  percent  
 const std::vector<std::string> kShapes = separate(
     "  s  ss  sss  ssi  ssia  si  sii  sis  i  l  ls  sl  sr  e  es  se  sie  k  ik  ssw  r  "
     "w  sk  ske  a  aa  as  saa  ksr  n  ps  pvs  pa  ssk  sa  sm  sma  aas  la  sse  sla  "
-    "ssee  slak  sak  saks  sslk  ssa  kk  sc");
+    "ssee  slak  sak  saks  sslk  ssa  kk  sc",
+    "  ");
 
 constexpr const char* kAlphabets[] = {"ab", "abc", "ACGT", "aeiou xyz\t\n", "AbCdEf ghi-_."};
 
