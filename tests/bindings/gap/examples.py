@@ -2,8 +2,7 @@
 """Every example of the commands gives in GAP what it says."""
 import sys
 
-import expressions
-import session
+import expressions, session
 
 # What GAP writes in another way: the value of a statement without one cannot be shown, and what a
 # command prints is no value.

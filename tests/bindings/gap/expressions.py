@@ -2,8 +2,7 @@
 
 A node is a tuple: its kind, and what it is made of.
 """
-import ast
-import re
+import ast, re
 
 TOKEN = re.compile(r'\s*("(?:[^"\\]|\\.)*"|\d+\.\d+(?:e[+-]?\d+)?|\d+|\w+|\.\.|->|[-=+,()\[\]])')
 BINARY = ["=", "..", "+"]  # from weak to strong

@@ -3,9 +3,7 @@
 
 A call is the example of a command with arguments changed, left out, added, or taken from another one.
 """
-import random
-import re
-import sys
+import random, re, sys
 
 import expressions
 import session

@@ -1,7 +1,5 @@
 """GAP with the module, and velmor, as programs that are given statements."""
-import ast
-import os
-import subprocess
+import ast, os, subprocess
 
 BUILD = os.environ["VSTRING_BUILD"]
 GAP = os.environ["VSTRING_GAP"].split()

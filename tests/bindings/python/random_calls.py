@@ -9,13 +9,7 @@ libraries that the sanitizers look into must be there first:
     ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1 PYTHONMALLOC=malloc
 """
 
-import collections
-import contextlib
-import inspect
-import io
-import random
-import re
-import sys
+import collections, contextlib, inspect, io, random, re, sys
 
 import vstring
 from vstring import FAIL, Eq, Name, Range

@@ -1,13 +1,6 @@
 """Calls: errors, procedures, each(), threads."""
 
-import io
-import contextlib
-import os
-import subprocess
-import sys
-import threading
-import time
-import unittest
+import io, contextlib, os, subprocess, sys, threading, time, unittest
 
 import vstring
 from vstring import Eq, Error, Name

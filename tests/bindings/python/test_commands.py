@@ -1,14 +1,6 @@
 """Every command is there, documented, and gives what its example says."""
 
-import builtins
-import contextlib
-import doctest
-import inspect
-import io
-import pathlib
-import pickle
-import re
-import unittest
+import builtins, contextlib, doctest, inspect, io, pathlib, pickle, re, unittest
 
 import vstring
 

@@ -1,14 +1,6 @@
 """The stub agrees with the module, and type checkers accept what runs. Needs mypy."""
 
-import doctest
-import importlib.util
-import inspect
-import os
-import pathlib
-import subprocess
-import sys
-import tempfile
-import unittest
+import doctest, importlib.util, inspect, os, pathlib, subprocess, sys, tempfile, unittest
 
 import vstring
 

@@ -1,10 +1,6 @@
 """Values of Python on their way to a command and back."""
 
-import copy
-import os
-import pickle
-import sys
-import unittest
+import copy, os, pickle, sys, unittest
 
 import vstring
 from vstring import FAIL, Eq, Name, Range
