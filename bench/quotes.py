@@ -46,7 +46,7 @@ def speed(folder):
     path, machine, jobs = records.newest()
     yield f"![Ours beside the fastest peer of each job]({folder}speed/families.svg)\n"
     yield "The dot is the median of a family of jobs; the bar goes from its least to its greatest ratio.\n"
-    yield ("{jobs} jobs beside the fastest of the libraries that do the same, with the same answer, on\n{processor} (`{path}`): "
+    yield ("{jobs} jobs beside the fastest of the libraries that do the same work, on\n{processor} (`{path}`): "
            "the geometric mean of the ratios is {mean:.2f}, the median {median:.2f}; in\n{slower} jobs ours is slower.\n"
            ).format(**records.summary(jobs), processor=machine["processor"], path=path)
     yield "| job | ours | fastest peer | times as fast |"
