@@ -21,9 +21,11 @@ std::optional<std::size_t> find_shift(Bytes s, Bytes t, std::size_t first) {
   };
   std::size_t p = first;
   if (n >= kWorthSearching) {
+    constexpr std::size_t kTryCost = 64;  // of a place that is found, beside its letters
     search::Finder finder(t.first(kHead), s);
     for (p = finder.next_from(first); p != npos; p = finder.next()) {
       if (p + agreement(p, kHead) == n) return p;
+      budget.spend(kTryCost);
       if (budget.is_used_up()) return std::nullopt;
     }
     p = n - kHead + 1;
