@@ -35,17 +35,17 @@ int letters_of(std::span<const Pattern> patterns, std::size_t head) {
 }
 
 // The length of grams with which a text takes least time: short ones allow longer strides, but stop
-// more often. Some letters are common and others rare, as if there were half as many.
+// more often. Some of many letters are common and others rare, as if there were fewer.
 std::size_t best_gram(std::span<const Pattern> patterns, std::size_t head) {
-  const double letters = std::max(2.0, letters_of(patterns, head) / 2.0);
+  const double letters = letters_of(patterns, head);
   double kinds = 1;
   double least = 0;
   std::size_t best = 0;
   for (std::size_t gram = 1; gram <= head; ++gram) {
-    kinds *= letters;
-    const auto stride = static_cast<double>(head - gram + 1);
-    const double stops = std::min(1.0, static_cast<double>(patterns.size()) * stride / kinds);
-    const double cost = (1 + kStopCost * stops) / stride;
+    const std::size_t stride = head - gram + 1;
+    kinds *= std::min(letters, 4 + letters / 3);
+    const double cost =
+        1 / static_cast<double>(stride) + kStopCost * static_cast<double>(patterns.size()) / kinds;
     if (best != 0 && cost >= least) continue;
     least = cost;
     best = gram;
