@@ -95,6 +95,8 @@ TEST(Exact, FactorsOfLongTexts) {
       check_exact(factor, text);
       factor[m / 2] = 'b';
       check_exact(factor, text);
+      // So short that the texts of a list share what is prepared.
+      check_exact(factor, text.substr(text.size() / 3, 900));
       check_mismatches(factor, text, 3);
     }
   }

@@ -17,6 +17,9 @@ constexpr std::size_t kFreeComparisons = 4096;
 // So many places of a pattern's rarest byte are tried before anything is prepared.
 constexpr std::size_t kFirstTries = 2;
 
+// In a longer text it pays to look for rare bytes in more of a long pattern.
+constexpr std::size_t kShortText = 1024;
+
 // From one place of the pattern's byte `i` to the next, as far as alignment `end`, but to no more
 // than some places. Offset of the first occurrence, or npos, `at` then being the first alignment
 // that has not been tried.
@@ -33,6 +36,17 @@ std::size_t find_by_byte(Bytes pattern, std::size_t i, Bytes text, std::size_t& 
     if (std::memcmp(text.data() + at, pattern.data(), pattern.size()) == 0) return at;
   }
   return npos;
+}
+
+// The first occurrence of a needle that is neither empty nor longer than the text. A finder is not
+// worth starting for what the first places of the rarest byte tell, nor for few alignments.
+std::size_t find_needle(const Needle& needle, Bytes text) {
+  const Bytes pattern = needle.pattern();
+  const std::size_t end = text.size() - pattern.size() + 1;
+  const std::size_t tries = end < kProbeBlock ? SIZE_MAX : kFirstTries;
+  std::size_t at = 0;
+  const std::size_t found = find_by_byte(pattern, needle.probes().offsets[0], text, at, end, tries);
+  return found != npos || at == end ? found : Finder(needle, text).next_from(at);
 }
 
 }  // namespace
@@ -124,19 +138,26 @@ Status Finder::collect(HeldArray<std::size_t>& offsets) {
 std::size_t find(Bytes pattern, Bytes text) {
   const std::size_t m = pattern.size();
   if (m == 0 || m > text.size()) return npos;
+  // A single byte needs no needle, and few alignments are not worth one.
   const std::size_t end = text.size() - m + 1;
   std::size_t at = 0;
-  // A single byte needs no more, and few alignments are not worth a finder.
   if (m == 1 || end < kProbeBlock) return find_by_byte(pattern, 0, text, at, end, SIZE_MAX);
-  // Nor is what the first places of its rarest byte tell.
-  const Needle needle(pattern, text.size());
-  const std::size_t found =
-      find_by_byte(pattern, needle.probes().offsets[0], text, at, end, kFirstTries);
-  return found != npos || at == end ? found : Finder(needle, text).next_from(at);
+  return find_needle(Needle(pattern, text.size()), text);
 }
 
 Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets) {
   return Finder(pattern, text).collect(offsets);
+}
+
+std::size_t find(const Needle& needle, Bytes text) {
+  if (needle.size() == 0 || needle.size() > text.size()) return npos;
+  if (text.size() > kShortText) return find(needle.pattern(), text);
+  return find_needle(needle, text);
+}
+
+Status find_all(const Needle& needle, Bytes text, HeldArray<std::size_t>& offsets) {
+  if (text.size() > kShortText) return find_all(needle.pattern(), text, offsets);
+  return Finder(needle, text).collect(offsets);
 }
 
 }  // namespace vstring::search

@@ -62,4 +62,8 @@ std::size_t find(Bytes pattern, Bytes text);
 // Appends the offsets of all occurrences, overlapping ones included, in increasing order.
 Status find_all(Bytes pattern, Bytes text, HeldArray<std::size_t>& offsets);
 
+// The same for one pattern in many texts: a needle that is prepared once serves the short ones.
+std::size_t find(const Needle& needle, Bytes text);
+Status find_all(const Needle& needle, Bytes text, HeldArray<std::size_t>& offsets);
+
 }  // namespace vstring::search

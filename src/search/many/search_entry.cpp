@@ -73,14 +73,17 @@ HostObject all_of_many(const Args& args, const Query& query) {
 }
 
 HostObject first_position(const Args& args, Bytes pattern, Bytes text) {
-  const std::size_t offset = search::find(pattern, text);
-  return new_position(args, offset);
+  return new_position(args, search::find(pattern, text));
+}
+
+HostObject first_in_each(const Args& args, const search::Needle& needle, Bytes text) {
+  return new_position(args, search::find(needle, text));
 }
 
 // Positions of the pattern in `text` as a list, however many there are.
-HostObject list_of_positions(const Args& args, Bytes pattern, Bytes text) {
+HostObject list_of_positions(const Args& args, const search::Needle& needle, Bytes text) {
   HeldArray<std::size_t> offsets;
-  args.require(search::find_all(pattern, text, offsets));
+  args.require(search::find_all(needle, text, offsets));
   const HostObject list =
       new_list(args, offsets.size(), [&](std::size_t i) { return new_position(args, offsets[i]); });
   offsets.free();
@@ -96,20 +99,22 @@ HostObject all_positions(const Args& args, Bytes pattern, Bytes text) {
 }
 
 using InText = HostObject(const Args& args, Bytes pattern, Bytes text);
+using InEach = HostObject(const Args& args, const search::Needle& needle, Bytes text);
 using OfMany = HostObject(const Args& args, const Query& query);
 
 // What is looked for in a single text, in each text of a list, and for many patterns.
-HostObject answer(const HostTable* host, HostObject argseq, InText* in_text, InText* in_each,
+HostObject answer(const HostTable* host, HostObject argseq, InText* in_text, InEach* in_each,
                   OfMany* of_many) {
   const Args args(host, argseq, kTwo);
   const Query query = decoded(args);
   switch (query.shape) {
     case Query::many_in_one:
       return of_many(args, query);
-    case Query::one_in_many:
-      return new_list(args, query.many.size(), [&](std::size_t i) {
-        return in_each(args, query.pattern, text_of(query.many[i]));
-      });
+    case Query::one_in_many: {
+      const search::Needle needle(query.pattern, 0);
+      return new_list(args, query.many.size(),
+                      [&](std::size_t i) { return in_each(args, needle, text_of(query.many[i])); });
+    }
     case Query::one_in_one:
       break;
   }
@@ -119,7 +124,7 @@ HostObject answer(const HostTable* host, HostObject argseq, InText* in_text, InT
 }  // namespace
 
 HostObject vstring_search(const HostTable* host, HostObject argseq) {
-  return answer(host, argseq, first_position, first_position, first_of_many);
+  return answer(host, argseq, first_position, first_in_each, first_of_many);
 }
 
 HostObject vstring_searchx(const HostTable* host, HostObject argseq) {
