@@ -33,7 +33,8 @@ std::size_t find_by_byte(Bytes pattern, std::size_t i, Bytes text, std::size_t& 
       break;
     }
     at = static_cast<std::size_t>(static_cast<const Byte*>(found) - under);
-    if (std::memcmp(text.data() + at, pattern.data(), pattern.size()) == 0) return at;
+    const std::size_t m = pattern.size();
+    if (m == 1 || std::memcmp(text.data() + at, pattern.data(), m) == 0) return at;
   }
   return npos;
 }

@@ -113,17 +113,17 @@ Result<std::size_t> find_segment(const Segment& segment, Bytes text) {
 }  // namespace
 
 Result<bool> wildcard_match(Bytes pattern, Bytes text) {
-  Segment segment = read_segment(pattern);
-  if (!segment.is_terminated || segment.elements > text.size()) return false;
-  if (!matches_at(segment, text)) return false;
-  text = text.subspan(segment.elements);
-  pattern = pattern.subspan(segment.pattern.size());
+  const Segment first = read_segment(pattern);
+  if (!first.is_terminated || first.elements > text.size()) return false;
+  if (first.elements > 0 && !matches_at(first, text)) return false;
+  text = text.subspan(first.elements);
+  pattern = pattern.subspan(first.pattern.size());
   if (pattern.empty()) return text.empty();
 
   for (;;) {
     while (!pattern.empty() && pattern[0] == '*') pattern = pattern.subspan(1);
     if (pattern.empty()) return true;
-    segment = read_segment(pattern);
+    const Segment segment = read_segment(pattern);
     if (!segment.is_terminated || segment.elements > text.size()) return false;
     pattern = pattern.subspan(segment.pattern.size());
     if (pattern.empty()) return matches_at(segment, text.last(segment.elements));
