@@ -146,7 +146,7 @@ void print_hints(const Plan& plan) {
     }
     if (i == 0 && hints.has_before) say("has before that", shown(hints.before));
     if (i == 0 && hints.has_follow) say("has behind that", shown(hints.follow));
-    if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead.set()));
+    if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead));
   }
 }
 

@@ -358,16 +358,14 @@ void Analysis::consider(StateNumber s) {
 // The bytes that a match can take before it first comes to what is required, and on both sides of
 // that.
 void Analysis::find_surroundings() {
-  ByteSet lead;
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
     if (s == found_[0]) return false;
-    unite_taken(lead, s);
+    unite_taken(hints_.lead, s);
     return true;
   });
-  hints_.lead = ByteScan(lead);
   const State& there = state(found_[0]);
-  hints_.has_lead = lead.count() < 256 && share_of(there) < kMuchMore * starts_;
+  hints_.has_lead = hints_.lead.count() < 256 && share_of(there) < kMuchMore * starts_;
   const auto leads_there = [&](StateNumber from) {
     const bool is_far = look_ahead({&from, 1}, kMaxLook).reports;
     return is_far || std::find(later_.begin(), later_.end(), found_[0]) != later_.end();
@@ -380,11 +378,6 @@ void Analysis::find_surroundings() {
   const bool can_end = look_ahead({&there.next, 1}).can_end();
   hints_.follow = bytes_of(later_);
   hints_.has_follow = !can_end && there.op != Op::plus && hints_.follow.count() < 256;
-  const Bytes literal = required(found_[0]).literal;
-  for (const Byte& c : literal.last(std::min(literal.size(), PrefixFilter::kMaxLength - 1))) {
-    hints_.tail.add(0, hints_.tail_length++, ByteSet(Bytes(&c, 1)));
-  }
-  hints_.tail.add(0, hints_.tail_length++, hints_.follow);
 }
 
 }  // namespace

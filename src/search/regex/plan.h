@@ -109,13 +109,11 @@ struct Hints {
   int required_count = 0;
   Required required[kMaxRequired];  // what tells most comes first
   bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
-  ByteScan lead;
+  ByteSet lead;
   bool has_before = false;  // whether a byte, one of `before`, is always right ahead of it,
   ByteSet before;
-  bool has_follow = false;  // and one of `follow` behind it,
+  bool has_follow = false;  // and one of `follow` behind it
   ByteSet follow;
-  std::size_t tail_length = 0;  // so that it ends, followed by that byte, as `tail` has it
-  PrefixFilter tail;
   ByteSet taken;  // all bytes that a match can have, where every match ends with the text
 };
 

@@ -75,8 +75,14 @@ std::size_t Starts::find_required(std::size_t at) {
   const Hints& hints = plan_.hints;
   const Bytes literal = hints.required[0].literal;
   if (stops_.is_used_up()) {
-    const std::size_t ahead = literal.size() + 1 - hints.tail_length;
-    const std::size_t found = hints.tail.find(hints.tail_length, text_, at + ahead);
+    const Bytes end = literal.last(std::min(literal.size(), PrefixFilter::kMaxLength - 1));
+    if (!tail_) {
+      tail_.emplace();
+      for (std::size_t i = 0; i < end.size(); ++i) tail_->add(0, i, ByteSet(end.subspan(i, 1)));
+      tail_->add(0, end.size(), hints.follow);
+    }
+    const std::size_t ahead = literal.size() - end.size();
+    const std::size_t found = tail_->find(end.size() + 1, text_, at + ahead);
     return found == npos ? npos : found - ahead;
   }
   if (literal.size() == 1 && !required_) {  // a finder is made for more

@@ -51,6 +51,7 @@ class Starts {
   ScanStream first_;             // of the bytes that a match begins with
   std::optional<search::Finder> prefix_;
   std::optional<search::Finder> required_;
+  std::optional<PrefixFilter> tail_;  // the end of what is required, and what follows it
 };
 
 }  // namespace vstring::regex
