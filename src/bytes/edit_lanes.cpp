@@ -24,14 +24,15 @@ using Lanes [[gnu::vector_size(kEditLanes * sizeof(std::uint64_t))]] = std::uint
   const auto step = [&](const Byte* at) __attribute__((always_inline)) {
     const Lanes equal = {pattern.equal[at[0]], pattern.equal[at[stride]],
                          pattern.equal[at[2 * stride]], pattern.equal[at[3 * stride]]};
+    const Lanes met = equal & rise;
+    const Lanes sum = met + rise;
+    const Lanes stayed = (sum | (rise | equal)) & ~fall;
+    const Lanes fell = met | (rise & ~sum);
+    over += (~stayed >> bottom & 1) - (fell >> bottom & 1);
     const Lanes vertical = equal | fall;
-    const Lanes zero = (((equal & rise) + rise) ^ rise) | equal;
-    const Lanes rose = fall | ~(zero | rise);
-    const Lanes fell = rise & zero;
-    over += (rose >> bottom & 1) - (fell >> bottom & 1);
-    const Lanes rose_above = rose << 1;
-    rise = fell << 1 | ~(vertical | rose_above);
-    fall = rose_above & vertical;
+    const Lanes stayed_above = stayed << 1 | 1;
+    rise = fell << 1 | (stayed_above & ~vertical);
+    fall = vertical & ~stayed_above;
     hits = hits >> 1 | (over & std::uint64_t{1} << 63);
   };
   for (std::size_t i = 0; i < lead; ++i) step(text + i);
