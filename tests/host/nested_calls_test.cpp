@@ -13,6 +13,7 @@
 #include "language/session.h"
 #include "lexiva/commands.h"
 #include "support/allocations.h"
+#include "support/session.h"
 
 namespace vstring_test {
 namespace {
@@ -108,7 +109,10 @@ class DisturbedHost {
 };
 
 DisturbedHost& host() {
-  static auto* const shared = new DisturbedHost;
+  static auto* const shared = [] {
+    vstringRelease(velmor_table(session().heap()));  // nothing is remembered of another heap
+    return new DisturbedHost;
+  }();
   return *shared;
 }
 
