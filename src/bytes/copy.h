@@ -19,4 +19,14 @@ inline MutableBytes copy_part(MutableBytes to, Bytes from, std::size_t at, std::
   return to.subspan(n);
 }
 
+// Copies a text that fills whole words of eight bytes, some of whose last word may follow in `to`.
+inline void copy_words(Byte* to, Bytes from) {
+  constexpr std::size_t kFew = 32;
+  if (from.size() > kFew) {
+    std::memcpy(to, from.data(), from.size());
+    return;
+  }
+  for (std::size_t i = 0; i < from.size(); i += 8) std::memcpy(to + i, from.data() + i, 8);
+}
+
 }  // namespace vstring

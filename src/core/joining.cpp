@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "bytes/byte_set.h"
+#include "bytes/scan_stream.h"
 #include "charclass/class_table.h"
 
 namespace vstring::core {
@@ -13,12 +14,23 @@ bool is_capital(Byte c) { return c < 128 && charclass::is(c, charclass::kUpper);
 }  // namespace
 
 std::size_t terminate_fields(Bytes text, Bytes separators, MutableBytes out) {
-  const ByteSet ends(separators);
+  constexpr std::size_t kWorthScan = 64;
+  const ByteSet set(separators);
   std::size_t count = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool is_end = ends.has(text[i]);
-    out[i] = is_end ? Byte{0} : text[i];
-    count += is_end ? 1 : 0;
+  if (text.size() < kWorthScan) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const bool is_end = set.has(text[i]);
+      out[i] = is_end ? Byte{0} : text[i];
+      count += is_end ? 1 : 0;
+    }
+    return count;
+  }
+  const ByteScan scan(set);
+  ScanStream ends(scan, text);
+  copy_into(out, text);
+  for (std::size_t i = ends.find(0); i < text.size(); i = ends.find(i + 1)) {
+    out[i] = 0;
+    ++count;
   }
   return count;
 }

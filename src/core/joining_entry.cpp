@@ -11,33 +11,42 @@ using namespace vstring;
 
 namespace {
 
-// Summed length of the elements, each with `between` bytes after it; SIZE_MAX, which no allocation
-// satisfies, when that overflows.
-std::size_t total_length(Elements texts, std::size_t between) {
+// What stands between texts unless something else is wished for, in a whole word.
+constexpr Byte kBlank[8] = {' '};
+
+// Summed length of the elements; SIZE_MAX, which no allocation satisfies, when that overflows.
+std::size_t total_length(Elements texts) {
   std::size_t total = 0;
   for (const HostObject text : texts) {
-    if (__builtin_add_overflow(total, text_of(text).size() + between, &total)) return SIZE_MAX;
+    if (__builtin_add_overflow(total, text_of(text).size(), &total)) return SIZE_MAX;
   }
   return total;
 }
 
 }  // namespace
 
+// One pass over the elements, which are looked at and copied while they are at hand.
 HostObject vstring_join(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Elements elements = args.list(1);
   if (elements.empty()) return empty_string(args);
-  if (elements.size() == 1) return elements[0];  // whatever it is
-  const Elements texts = args.strings(1);
-  const Bytes separator = args.has(2) ? args.text(2) : bytes_of(" ");
+  if (elements.size() == 1) return elements[0];                  // whatever it is
+  if (args.has(2) && !is_text(args.object(2))) args.strings(1);  // refused before the separator is
+  const Bytes separator = args.has(2) ? args.text(2) : Bytes(kBlank).first(1);
 
-  const std::size_t total = total_length(texts, separator.size());
-  TextResult result(args, total == SIZE_MAX ? total : total - separator.size());
-  MutableBytes rest = copy_into(result.bytes(), text_of(texts[0]));
-  for (std::size_t i = 1; i < texts.size(); ++i) {
-    rest = copy_into(copy_into(rest, separator), text_of(texts[i]));
+  GrowingText joined = scratch_text();
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    const HostObject element = elements[i];
+    const bool is_good = is_text(element);
+    if (is_good && (i == 0 || joined.append_words(separator)) &&
+        joined.append_words(text_of(element))) {
+      continue;
+    }
+    joined.free();
+    if (is_good) args.raise(Status::out_of_memory);
+    args.raise(messages::kStringsExpected[0]);
   }
-  return result.object();
+  return new_string(args, joined);
 }
 
 constexpr Signature kImplode = {1, {{"argument must be a list"}}};
@@ -93,7 +102,7 @@ HostObject vstring_split(const HostTable* host, HostObject argseq) {
 HostObject vstring_casejoin(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOne);
   const Elements words = args.strings(1);
-  TextResult result(args, total_length(words, 0));
+  TextResult result(args, total_length(words));
   MutableBytes rest = result.bytes();
   for (const HostObject word : words) {
     const Bytes text = text_of(word);

@@ -44,6 +44,13 @@ class GrowingText {
     size_ += n;
     return true;
   }
+  // The same of a text that fills whole words of eight bytes, as the host's texts do.
+  [[nodiscard]] bool append_words(Bytes bytes) {
+    if (!make_room(bytes.size() + sizeof(std::uint64_t))) return false;
+    copy_words(text_ + size_, bytes);
+    size_ += bytes.size();
+    return true;
+  }
   [[nodiscard]] bool reserve_more(std::size_t n) { return make_room(n); }
 
   // The text with its terminator, for which there is always room.
