@@ -16,12 +16,11 @@ bool has_zero_byte(std::uint32_t word) { return ((word - 0x01010101) & ~word & 0
 
 void draw_bytes(Generator& generator, MutableBytes out) {
   static_assert(std::endian::native == std::endian::little);
-  // A copy of its own can stay in registers: what is written to `out` cannot change it.
-  Generator own = generator;
+  Generator::Run run(generator);
   const std::size_t n = out.size();
   std::size_t i = 0;
   do {
-    std::uint32_t number = own.next();
+    std::uint32_t number = run.next();
     if (n - i >= sizeof number && !has_zero_byte(number)) {
       std::memcpy(&out[i], &number, sizeof number);
       i += sizeof number;
@@ -34,7 +33,6 @@ void draw_bytes(Generator& generator, MutableBytes out) {
       if (byte != 0) ++i;
     }
   } while (i < n);
-  generator = own;
 }
 
 void draw_bits(Generator& generator, MutableBytes out) {
@@ -46,24 +44,22 @@ void draw_bits(Generator& generator, MutableBytes out) {
   }
 }
 
-ByteSet drawable(CharTest test) {
-  ByteSet members;
-  for (int code = 1; code < 128; ++code) {
-    if (test(code) != 0) members.add(static_cast<Byte>(code));
-  }
+Members drawable(CharTest test) {
+  Members members = {};
+  for (int code = 1; code < 128; ++code) members[code] = test(code) != 0 ? 1 : 0;
   return members;
 }
 
-void draw_members(Generator& generator, const ByteSet& members, MutableBytes out) {
-  const std::size_t n = out.size();
-  std::size_t i = 0;
+void draw_members(Generator& generator, const Members& members, MutableBytes out) {
+  const auto n = static_cast<std::uint32_t>(out.size());
+  std::uint32_t i = 0;
   const auto offer = [&](Byte c) {
     out[i] = c;  // overwritten by the next one when it is refused
-    i += members.has(c) ? 1 : 0;
+    i += members[c];
   };
   while (i < n && generator.has_bytes()) offer(generator.next_byte());
-  while (i + 4 <= n) {
-    const std::uint32_t number = generator.next();
+  for (Generator::Run run(generator); i + 4 <= n;) {
+    const std::uint32_t number = run.next();
     for (int shift = 24; shift >= 0; shift -= 8) offer(static_cast<Byte>(number >> shift));
   }
   while (i < n) offer(generator.next_byte());

@@ -19,15 +19,38 @@ class Generator {
   // the ring, its last word and the bytes not yet handed out by next_byte stay as they are.
   void seed(std::uint32_t seed);
 
-  // The next number of the stream; that of seed 0 when none was given.
-  std::uint32_t next() {
-    if (!seeded_) seed(0);
-    const std::uint32_t i = --position_;
-    const std::uint32_t product = ring_[(i + 33) % 128] * ring_[(i + 99) % 128];
-    ring_[i % 128] = product;
-    carry_ = advance(carry_, 30903);
-    return product + carry_;
-  }
+  // The numbers of the stream, that of seed 0 when none was given. What changes with each of them
+  // is kept apart, in registers, until the run ends: texts written meanwhile cannot change it.
+  class Run {
+   public:
+    explicit Run(Generator& generator) : of_(generator) {
+      if (!of_.seeded_) of_.seed(0);
+      position_ = of_.position_;
+      carry_ = of_.carry_;
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run() {
+      of_.position_ = position_;
+      of_.carry_ = carry_;
+    }
+
+    std::uint32_t next() {
+      const std::uint32_t i = --position_;
+      const std::uint32_t product = of_.ring_[(i + 33) % 128] * of_.ring_[(i + 99) % 128];
+      of_.ring_[i % 128] = product;
+      carry_ = advance(carry_, 30903);
+      return product + carry_;
+    }
+
+   private:
+    Generator& of_;
+    std::uint32_t position_;
+    std::uint32_t carry_;
+  };
+
+  // The next number of it.
+  std::uint32_t next() { return Run(*this).next(); }
 
   // The next byte of the stream, each number giving four of them, most significant first.
   Byte next_byte();

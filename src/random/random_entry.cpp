@@ -1,4 +1,5 @@
 // Entry points: random, randperm, randomise.
+#include <algorithm>
 #include <ctime>
 
 #include "host/args.h"
@@ -46,10 +47,10 @@ HostObject vstring_random(const HostTable* host, HostObject argseq) {
   const std::int32_t n = args.integer32(1);
   if (n < 0) args.refuse(1, args.object(1));
   const Class source = args.has(2) ? decode_class(args, 2) : Class{};
-  ByteSet members;
+  random::Members members;
   if (source.kind == Class::filtered && n > 0) {
     members = random::drawable(source.test);
-    if (members.count() == 0) args.refuse(2, args.object(2));
+    if (std::count(members.begin(), members.end(), 1) == 0) args.refuse(2, args.object(2));
   }
   if (source.kind != Class::any) last_class = source;
 
