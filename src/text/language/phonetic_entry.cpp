@@ -1,4 +1,6 @@
 // Entry points: soundex, metaphone, nysiis, syllen.
+#include <algorithm>
+
 #include "host/args.h"
 #include "host/result.h"
 #include "text/language/metaphone.h"
@@ -10,7 +12,10 @@ using namespace vstring;
 
 HostObject vstring_soundex(const HostTable* host, HostObject argseq) {
   const Args args(host, argseq, kOneText);
-  return new_string(args, text::soundex(args.text(1)));
+  const text::SoundexKey key = text::soundex(args.text(1));
+  TextResult result(args, key.size());
+  std::copy(key.begin(), key.end(), result.bytes().begin());
+  return result.object();
 }
 
 HostObject vstring_metaphone(const HostTable* host, HostObject argseq) {
