@@ -1,6 +1,8 @@
 // Case maps, capitalisation and translation: one byte in, one byte out. `out` has the size of
 // `text` and does not overlap it.
 #pragma once
+#include <cstdint>
+
 #include "bytes/bytes.h"
 #include "charclass/class_table.h"
 
@@ -13,6 +15,13 @@ constexpr Byte to_upper(Byte c) { return c >= 'a' && c <= 'z' ? static_cast<Byte
 // The bytes that the class table calls upper case, made lower case; and the mirror image.
 inline Byte lowered(Byte c) { return is(c, kUpper) ? to_lower(c) : c; }
 inline Byte raised(Byte c) { return is(c, kLower) ? to_upper(c) : c; }
+
+// Whether lowered() changes all of A to Z; no other byte ever changes.
+inline bool all_letters_have_case() {
+  std::uint32_t classes = kUpper;
+  for (int c = 'A'; c <= 'Z'; ++c) classes &= cclbm[c];
+  return classes != 0;
+}
 
 void lowercase(Bytes text, MutableBytes out);
 void uppercase(Bytes text, MutableBytes out);

@@ -12,7 +12,9 @@
 #include "bytes/byte_scan.h"
 #include "bytes/byte_sums.h"
 #include "bytes/capitalise.h"
+#include "bytes/comb.h"
 #include "bytes/common.h"
+#include "bytes/common_case.h"
 #include "bytes/count_byte.h"
 #include "bytes/cpu.h"
 #include "bytes/edit_column.h"
@@ -25,6 +27,7 @@
 #include "bytes/prefix_filter.h"
 #include "bytes/reverse.h"
 #include "bytes/scan_stream.h"
+#include "bytes/score_cells.h"
 
 namespace vstring_test {
 namespace {
@@ -67,6 +70,13 @@ void at_every_alignment(Check check) {
       if (testing::Test::HasFailure()) return;
     }
   }
+}
+
+// Both.
+template <typename Check>
+void everywhere(Check check) {
+  on_random_texts(check);
+  at_every_alignment(check);
 }
 
 ByteSet random_set(std::mt19937& random, std::size_t members) {
@@ -137,12 +147,10 @@ TEST(Kernels, CapitaliseWords) {
 }
 
 TEST(Kernels, CountByte) {
-  const auto check = [](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     const Byte c = text.empty() ? Byte{0} : text[random() % text.size()];
     EXPECT_EQ(std::count(text.begin(), text.end(), c), count_byte(text, c));
-  };
-  at_every_alignment(check);
-  on_random_texts(check);
+  });
   const std::vector<Byte> many(20000, 200);  // more than one byte of a sum can hold
   EXPECT_EQ(many.size(), count_byte(many, 200));
 }
@@ -191,6 +199,76 @@ TEST(Kernels, CommonPrefix) {
   });
 }
 
+// Letters of either case, and what lies next to them or has their codes but for the top bit.
+TEST(Kernels, CommonPrefixOfLetters) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    const char near_letters[] = "AZaz@[`{\300\332\341\372 mM\0";
+    std::vector<Byte> s(text.begin(), text.end());
+    for (Byte& c : s) c = c % 2 == 0 ? c : static_cast<Byte>(near_letters[c / 2 % 16]);
+    std::vector<Byte> t = s;
+    for (Byte& c : t) c = static_cast<Byte>(random() % 2 == 0 ? std::tolower(c) : std::toupper(c));
+    EXPECT_EQ(s.size(), common_prefix_of_letters(s, t));
+    if (s.empty()) return;
+    const std::size_t i = random() % s.size();
+    t[i] ^= random() % 2 == 0 ? Byte{0x20} : static_cast<Byte>(1U << random() % 8);
+    const std::size_t expected = first_place(0, s.size(), s.size(), [&](std::size_t k) {
+      return std::tolower(s[k]) != std::tolower(t[k]);
+    });
+    EXPECT_EQ(expected, common_prefix_of_letters(s, t));
+    EXPECT_EQ(i, common_prefix_of_letters(s, Bytes(t).first(i)));
+  });
+}
+
+TEST(Kernels, CombCells) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    std::vector<Byte> a(text.begin(), text.end());
+    std::vector<Byte> b = a;
+    for (Byte& c : b) c = random() % 2 == 0 ? c : static_cast<Byte>(random());
+    std::vector<std::uint32_t> across(text.size());
+    std::vector<std::uint32_t> down(text.size());
+    for (std::uint32_t& strand : across) strand = static_cast<std::uint32_t>(random() % 500);
+    for (std::uint32_t& strand : down) strand = static_cast<std::uint32_t>(random() % 500);
+    const std::vector<std::uint32_t> across_before = across;
+    const std::vector<std::uint32_t> down_before = down;
+    comb_cells(a.data(), b.data(), a.size(), across.data(), down.data());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      const bool turn = a[i] == b[i] || across_before[i] > down_before[i];
+      ASSERT_EQ(turn ? down_before[i] : across_before[i], across[i]);
+      ASSERT_EQ(turn ? across_before[i] : down_before[i], down[i]);
+    }
+  });
+}
+
+template <typename Cell>
+void expect_cells_of(Bytes a, std::mt19937& random) {
+  const CellScores<Cell> scores = {2, -1, -2, random() % 2 == 0 ? 0 : -1000};
+  const auto cell = [&] { return static_cast<Cell>(random() % 100) - 50; };
+  std::vector<Byte> b(a.begin(), a.end());
+  for (Byte& c : b) c = random() % 2 == 0 ? c : static_cast<Byte>(random());
+  std::vector<Cell> corner(a.size());
+  std::vector<Cell> before(a.size() + 1);
+  std::vector<Cell> here(a.size());
+  std::generate(corner.begin(), corner.end(), cell);
+  std::generate(before.begin(), before.end(), cell);
+  const Cell best =
+      score_cells(a.data(), b.data(), a.size(), corner.data(), before.data(), here.data(), scores);
+  Cell greatest = scores.floor;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    const Cell met = corner[i] + (a[i] == b[i] ? scores.match : scores.mismatch);
+    const Cell gap = std::max(before[i], before[i + 1]) + scores.gap;
+    ASSERT_EQ(std::max({met, gap, scores.floor}), here[i]);
+    greatest = std::max(greatest, here[i]);
+  }
+  EXPECT_EQ(greatest, best);
+}
+
+TEST(Kernels, ScoreCells) {
+  at_every_alignment([](Bytes text, std::mt19937& random) {
+    expect_cells_of<std::int32_t>(text, random);
+    expect_cells_of<std::int64_t>(text, random);
+  });
+}
+
 // Few letters, of both signs, so that many places agree with the bound in some of them.
 TEST(Kernels, PassGreater) {
   at_every_alignment([](Bytes text, std::mt19937& random) {
@@ -213,7 +291,7 @@ TEST(Kernels, PassGreater) {
 }
 
 TEST(Kernels, ByteScan) {
-  on_random_texts([](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     ByteSet set = random_set(random, random() % 20);
     if (random() % 2 == 0) set.complement();
     const ByteScan scan(set);
@@ -227,7 +305,7 @@ TEST(Kernels, ByteScan) {
 }
 
 TEST(Kernels, ScanStream) {
-  on_random_texts([](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     const ByteScan scan(random_set(random, random() % 20));
     ScanStream stream(scan, text);
     for (std::size_t at = 0; at < text.size(); at += 1 + random() % 9) {
@@ -241,7 +319,7 @@ TEST(Kernels, ScanStream) {
 
 // Block by block, every alignment at which all probes stand.
 TEST(Kernels, FindProbes) {
-  on_random_texts([](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     if (text.empty()) return;
     const std::size_t place = random() % text.size();
     const std::size_t reach = random() % std::min<std::size_t>(text.size() - place, 30);
@@ -331,7 +409,7 @@ TEST(Kernels, EditStripe) {
 
 // The alignments of whole blocks; what is left belongs to the caller, and without vectors all is.
 TEST(Kernels, FindNear) {
-  on_random_texts([](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     const std::size_t m = random() % (text.size() + 1);
     const std::size_t end = text.size() - m + 1;
     Bytes pattern = text.subspan(random() % end, m);
@@ -357,7 +435,7 @@ TEST(Kernels, FindNear) {
 // It may stop too often: never behind a place where a prefix stands, and, with sets that the two
 // halves of a byte decide, at no other.
 TEST(Kernels, PrefixFilter) {
-  on_random_texts([](Bytes text, std::mt19937& random) {
+  everywhere([](Bytes text, std::mt19937& random) {
     const std::size_t length = 2 + random() % (PrefixFilter::kMaxLength - 1);
     const std::size_t prefixes = 1 + random() % PrefixFilter::kPrefixes;
     const bool is_exact = random() % 2 == 0;

@@ -153,22 +153,28 @@ TEST(Predicates, AskTheTableAsItIs) {
   const int one = '1';
   const int b = 'B';
   cclbm[0351] |= 0x87;
-  cclbm[one] |= 0x2;
+  cclbm[one] |= 0x10002;
   cclbm[b] &= ~0x2U;
+  cclbm[int{' '}] &= ~0x10000U;
   CheckInOrder({
       {R"(isalpha("\351"), hasalpha("\351"), isalpha("a\351", 2 .. 2))", "false, false, true"},
       {R"(isupper("1B"), hasupper("B"), isupper("1"))", "false, false, true"},
       {R"(isupper(repeat("1", 2000)), isupper(cap(repeat("1", 2000), "", "B")))", "true, false"},
       {R"(lowercase("AB1\351"), casesplit("aB1"))", R"("aB1\351", "aB", "1")"},
       {R"(compareci("Ab", "aB"), compareci("aB", "Ab"))", "false, true"},
+      {R"(compareci(repeat("aB", 40), repeat("Ab", 40)), compareci(repeat("ab", 40), repeat("aB", 40)))",
+       "true, false"},
+      {R"(wrap("aa1b caa1b c", 5), substr(wrap(repeat("aa1b c", 100), 5), 1 .. 12))",
+       R"("aa1\nb caa1\nb c", "aa1\nb caa1\nb")"},
       {R"(capitalise("\351A b"), substr(capitalise(repeat("\351A b", 200)), 1 .. 4))",
        R"("\351a B", "\351a B")"},
       {"lowercase(repeat(\"AB1\", 20))",
        quoted("aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1aB1")},
   });
   cclbm[0351] = 0;
-  cclbm[one] &= ~0x2U;
+  cclbm[one] &= ~0x10002U;
   cclbm[b] |= 0x2;
+  cclbm[int{' '}] |= 0x10000;
 }
 
 // Named classes list their members in an order of their own; those that list them by code agree
