@@ -16,7 +16,7 @@ namespace {
 constexpr Byte kCaseBit = 'a' ^ 'A';
 
 // A byte in each of eight.
-constexpr std::uint64_t eight(unsigned byte) { return 0x0101010101010101 * byte; }
+constexpr std::uint64_t eight(std::uint64_t byte) { return 0x0101010101010101 * byte; }
 
 // The bits in which eight bytes differ from eight others, but for those that tell the case of a
 // letter. (Sums of the lower seven bits reach the eighth one from some letter on.)
