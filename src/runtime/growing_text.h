@@ -20,6 +20,7 @@ class GrowingText {
 
   std::size_t size() const { return size_; }
   Byte back() const { return text_[size_ - 1]; }
+  bool has_room(std::size_t n) const { return n < room_ - size_; }
   bool is_in(const Byte* buffer) const { return text_ == buffer; }
 
   // False, and nothing changed, when memory fails.
@@ -39,7 +40,7 @@ class GrowingText {
 
   // The same of from[at, at + n), in fewer steps when these are few.
   [[nodiscard]] bool append_part(Bytes from, std::size_t at, std::size_t n) {
-    if (!make_room(n + kCopyBlock)) return false;
+    if (!make_room(n)) return false;
     copy_part({text_ + size_, room_ - size_}, from, at, n);
     size_ += n;
     return true;
@@ -65,7 +66,7 @@ class GrowingText {
  private:
   static constexpr std::size_t kFirstBlock = 8192;
 
-  bool make_room(std::size_t more) { return more < room_ - size_ || grow(more); }
+  bool make_room(std::size_t more) { return has_room(more) || grow(more); }
 
   bool grow(std::size_t more) {
     if (more > SIZE_MAX / 4 - size_) return false;

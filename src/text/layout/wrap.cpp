@@ -30,7 +30,10 @@ class Wrapper {
   // `spaces` finds the next whitespace.
   template <typename Spaces>
   bool run(Spaces spaces) {
-    if (!out_.reserve_more(text_.size() + most_breaks() + kCopyBlock)) return false;
+    if (!out_.has_room(text_.size()) &&
+        !out_.reserve_more(text_.size() + most_breaks() + kCopyBlock)) {
+      return false;
+    }
     bool behind_space = false;
     for (std::size_t i = 0; i < text_.size();) {
       const std::size_t first = i;
