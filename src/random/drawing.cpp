@@ -46,7 +46,9 @@ void draw_bits(Generator& generator, MutableBytes out) {
 
 Members drawable(CharTest test) {
   Members members = {};
-  for (int code = 1; code < 128; ++code) members[code] = test(code) != 0 ? 1 : 0;
+  for (std::size_t code = 1; code < 128; ++code) {
+    members[code] = test(static_cast<int>(code)) != 0 ? 1 : 0;
+  }
   return members;
 }
 
@@ -58,9 +60,12 @@ void draw_members(Generator& generator, const Members& members, MutableBytes out
     i += members[c];
   };
   while (i < n && generator.has_bytes()) offer(generator.next_byte());
-  for (Generator::Run run(generator); i + 4 <= n;) {
-    const std::uint32_t number = run.next();
-    for (int shift = 24; shift >= 0; shift -= 8) offer(static_cast<Byte>(number >> shift));
+  {
+    Generator::Run run(generator);
+    while (i + 4 <= n) {
+      const std::uint32_t number = run.next();
+      for (int shift = 24; shift >= 0; shift -= 8) offer(static_cast<Byte>(number >> shift));
+    }
   }
   while (i < n) offer(generator.next_byte());
 }
