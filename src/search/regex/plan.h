@@ -107,12 +107,12 @@ struct Hints {
   std::size_t window_length = 0;  // the first so many bytes of a match are of `window`; 0: unknown
   ByteSet window;
   int required_count = 0;
-  Required required[kMaxRequired];  // what tells most comes first
-  bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
-  ByteSet lead;
+  bool has_lead = false;    // whether the bytes of a match ahead of required[0] are of `lead`;
   bool has_before = false;  // whether a byte, one of `before`, is always right ahead of it,
-  ByteSet before;
   bool has_follow = false;  // and one of `follow` behind it
+  Required required[kMaxRequired];  // what tells most comes first
+  ByteSet lead;
+  ByteSet before;
   ByteSet follow;
   ByteSet taken;  // all bytes that a match can have, where every match ends with the text
 };
