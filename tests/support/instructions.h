@@ -17,12 +17,15 @@ std::uint64_t call_instructions(const std::string& call);
 // make(n) is the expression for size n.
 template <typename Make>
 double growth(Make make, std::size_t n) {
-  // Beyond the sizes up to which a command may take a simpler way.
-  constexpr std::size_t kSmall = 1024;
-  const auto fixed = static_cast<double>(instructions(make(kSmall)));
-  const auto once = static_cast<double>(instructions(make(n)));
-  const auto twice = static_cast<double>(instructions(make(2 * n)));
-  return (twice - fixed) / (once - fixed);
+  // Beyond the sizes up to which a command may take another way, a tenth of it included.
+  constexpr std::size_t kSmall = 8192;
+  const auto cost = [&](std::size_t size) { return static_cast<double>(instructions(make(size))); };
+  const double once = cost(n);
+  const double small = cost(kSmall);
+  // What a straight line through these two costs at 0.
+  const auto times = static_cast<double>(n) / static_cast<double>(kSmall);
+  const double constant = (times * small - once) / (times - 1);
+  return (cost(2 * n) - constant) / (once - constant);
 }
 
 }  // namespace vstring_test
