@@ -196,25 +196,17 @@ Part Compiler::piece() {
 }
 
 Part Compiler::atom() {
-  switch (*at_) {
+  switch (*at_++) {
     case '^':
-      ++at_;
       return {emit(kBol)};
     case '$':
-      ++at_;
       return {emit(kEol)};
     case '.':
-      ++at_;
       return {emit(kAny), true, true};
     case '[':
-      ++at_;
       return set();
-    case '(': {
-      ++at_;
-      Part group = expression(true);
-      group.is_simple = false;
-      return group;
-    }
+    case '(':
+      return expression(true);
     case '\0':
     case '|':
     case ')':
@@ -224,14 +216,14 @@ Part Compiler::atom() {
     case '*':
       return refuse(errors::kNoOperand);
     case '\\': {
-      if (at_[1] == '\0') return refuse(errors::kTrailingEscape);
+      if (*at_ == '\0') return refuse(errors::kTrailingEscape);
       const Part escaped = {emit(kExactly), true, true};
-      put(at_[1]);
+      put(*at_++);
       put('\0');
-      at_ += 2;
       return escaped;
     }
     default:
+      --at_;
       return literal();
   }
 }
@@ -297,22 +289,17 @@ void find_shortcuts(VstringRegex* regex, bool starts_with_star) {
 
 VstringRegex* vrx_regcomp(const char* pattern) {
   using namespace vstring::regex;
-  if (pattern == nullptr) {
-    vrx_regerror(errors::kNullArgument);
+  const auto refuse = [](const char* message) -> VstringRegex* {
+    vrx_regerror(message);
     return nullptr;
-  }
+  };
+  if (pattern == nullptr) return refuse(errors::kNullArgument);
   Compiler measuring(pattern, nullptr);
   if (measuring.pattern().node == 0) return nullptr;
   const std::size_t size = measuring.size();
-  if (size > kMaxProgram) {
-    vrx_regerror(errors::kTooBig);
-    return nullptr;
-  }
+  if (size > kMaxProgram) return refuse(errors::kTooBig);
   auto* const regex = static_cast<VstringRegex*>(std::calloc(1, sizeof(VstringRegex) + size));
-  if (regex == nullptr) {
-    vrx_regerror(errors::kOutOfSpace);
-    return nullptr;
-  }
+  if (regex == nullptr) return refuse(errors::kOutOfSpace);
   regex->size = static_cast<std::uint16_t>(size);
   const Part whole = Compiler(pattern, regex->program).pattern();
   find_shortcuts(regex, whole.starts_with_star);

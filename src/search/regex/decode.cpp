@@ -1,4 +1,4 @@
-#include "search/regex/decode.h"
+#include "search/regex/prepare.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,9 +8,6 @@
 
 namespace vstring::regex {
 namespace {
-
-// The states that every plan begins with: the one that fails, then those that report a fault each.
-constexpr StateNumber kFirstFree = kFaults;
 
 class Decoder {
  public:
@@ -63,9 +60,10 @@ class Decoder {
 };
 
 bool Decoder::run() {
-  if (!states_.resize(kFirstFree) || !number_.resize_zeroed(limit_)) return false;
+  // Every plan begins with the state that fails, then those that report a fault each.
+  if (!states_.resize(kFaults) || !number_.resize_zeroed(limit_)) return false;
   states_[kFailState] = {};
-  for (StateNumber i = kFailState + 1; i < kFirstFree; ++i) {
+  for (StateNumber i = kFailState + 1; i < kFaults; ++i) {
     states_[i] = {};
     states_[i].op = Op::report;
     states_[i].other = i;
@@ -103,7 +101,7 @@ StateNumber Decoder::state_of(std::size_t node) {
   if (needed == 0) return kBadOpcode;
   const std::size_t first = states_.size();
   // Sound nodes do not overlap, so that they have fewer states than bytes.
-  if (first + needed > limit_ + kFirstFree) return kBrokenChain;
+  if (first + needed > limit_ + kFaults) return kBrokenChain;
   const auto state = static_cast<StateNumber>(first);
   if (!states_.resize(first + needed) || !tasks_.push_back({node, state})) {
     has_memory_ = false;
@@ -213,25 +211,21 @@ void Decoder::set_test(State& state, std::size_t node) {
 }
 
 Plan* Decoder::finish() const {
-  const std::size_t state_bytes = states_.size() * sizeof(State);
-  const std::size_t set_bytes = sets_.size() * sizeof(ByteScan);
-  const std::size_t look_bytes = branch_count_ * sizeof(LookAhead);
-  auto* const block =
-      static_cast<Byte*>(std::malloc(sizeof(Plan) + state_bytes + set_bytes + look_bytes));
-  if (block == nullptr) return nullptr;
   static_assert(sizeof(Plan) % alignof(State) == 0 && sizeof(Plan) % alignof(ByteScan) == 0 &&
                 sizeof(State) % alignof(ByteScan) == 0 &&
                 sizeof(ByteScan) % alignof(LookAhead) == 0);
-  Byte* const states = block + sizeof(Plan);
-  Byte* const sets = states + state_bytes;
-  std::memcpy(states, states_.data(), state_bytes);
-  if (set_bytes != 0) std::memcpy(sets, sets_.data(), set_bytes);
-  auto* const plan = reinterpret_cast<Plan*>(block);
+  const std::size_t bytes = sizeof(Plan) + states_.size() * sizeof(State) +
+                            sets_.size() * sizeof(ByteScan) + branch_count_ * sizeof(LookAhead);
+  auto* const plan = static_cast<Plan*>(std::malloc(bytes));
+  if (plan == nullptr) return nullptr;
   *plan = plan_;
-  plan->states = reinterpret_cast<State*>(states);
-  plan->sets = reinterpret_cast<const ByteScan*>(sets);
-  plan->look_ahead = reinterpret_cast<LookAhead*>(sets + set_bytes);
   plan->state_count = static_cast<std::uint32_t>(states_.size());
+  plan->states = reinterpret_cast<State*>(plan + 1);
+  auto* const sets = reinterpret_cast<ByteScan*>(plan->states + states_.size());
+  plan->sets = sets;
+  plan->look_ahead = reinterpret_cast<LookAhead*>(sets + sets_.size());
+  std::copy(states_.begin(), states_.end(), plan->states);
+  std::copy(sets_.begin(), sets_.end(), sets);
   return plan;
 }
 

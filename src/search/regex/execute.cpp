@@ -27,14 +27,12 @@ bool refused_at_sight(const VstringRegex& regex, Bytes text) {
 
 int vrx_regexec(VstringRegex* regex, const char* text) {
   using namespace vstring::regex;
-  if (regex == nullptr || text == nullptr) {
-    vrx_regerror(errors::kNullParameter);
+  const auto refuse = [](const char* message) {
+    vrx_regerror(message);
     return 0;
-  }
-  if (regex->program[0] != kMagic) {
-    vrx_regerror(errors::kCorruptedProgram);
-    return 0;
-  }
+  };
+  if (regex == nullptr || text == nullptr) return refuse(errors::kNullParameter);
+  if (regex->program[0] != kMagic) return refuse(errors::kCorruptedProgram);
   const vstring::Bytes bytes = vstring::bytes_of(text);
   if (refused_at_sight(*regex, bytes)) return 0;  // the groups stay as they are
   Match match;

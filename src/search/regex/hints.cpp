@@ -1,4 +1,4 @@
-#include "search/regex/hints.h"
+#include "search/regex/prepare.h"
 
 #include <algorithm>
 #include <cmath>

@@ -45,10 +45,8 @@ Matcher::Matcher(const Plan& plan, Bytes text, Method method)
 // For the text that has been passed since credit was earned last.
 void Matcher::earn_up_to(std::size_t at) {
   if (method_ == Method::backtracking) return;
-  const std::size_t bytes = std::min(at - earned_up_to_, kMaxCredit / kCreditPerByte);
-  credit_ = std::min(
-      std::max<std::int64_t>(credit_, 0) + static_cast<std::int64_t>(bytes * kCreditPerByte),
-      static_cast<std::int64_t>(kMaxCredit));
+  const auto earned = static_cast<std::int64_t>((at - earned_up_to_) * kCreditPerByte);
+  credit_ = std::min(std::max<std::int64_t>(credit_, 0) + earned, std::int64_t{kMaxCredit});
   earned_up_to_ = at;
 }
 

@@ -2,9 +2,6 @@
 
 #include <cstdlib>
 
-#include "search/regex/decode.h"
-#include "search/regex/hints.h"
-
 namespace vstring::regex {
 namespace {
 

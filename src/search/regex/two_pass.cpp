@@ -60,7 +60,6 @@ bool TwoPass::prepare(std::size_t base) {
   if (!order_states()) return false;
   if (has_circle_) return true;
   base_ = base;
-  block_ = npos;
   row_words_ = (plan_.state_count + 63) / 64;
   const std::size_t places = text_.size() - base + 1;
   block_length_ = static_cast<std::size_t>(std::sqrt(static_cast<double>(places))) + 1;
@@ -110,9 +109,8 @@ void TwoPass::load(std::size_t block) {
 
 const TwoPass::Word* TwoPass::row(std::size_t at) {
   const std::size_t place = at - base_;
-  const bool at_hand = block_ != npos && place >= block_ * block_length_ &&
-                       place - block_ * block_length_ <= block_length_;
-  if (!at_hand) load(place / block_length_);
+  const std::size_t first = block_ * block_length_;
+  if (place < first || place - first > block_length_) load(place / block_length_);
   return rows_.data() + (place - block_ * block_length_) * row_words_;
 }
 

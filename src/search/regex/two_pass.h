@@ -57,7 +57,7 @@ class TwoPass {
   bool has_circle_ = false;
   std::size_t base_ = 0;
   std::size_t block_length_ = 0;  // places from one kept row to the next
-  std::size_t block_ = npos;      // whose rows are at hand
+  std::size_t block_ = 0;         // whose rows are at hand
   std::size_t row_words_ = 0;
   Buffer<StateNumber> order_;  // states, each after those it leads to without taking a byte
   Buffer<Word> kept_;          // a row for base, base + block_length, ..., and for the end
