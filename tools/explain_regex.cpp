@@ -138,14 +138,14 @@ void print_hints(const Plan& plan) {
   if (hints.window_length > 0)
     say("begins with", std::to_string(hints.window_length) + " of " + shown(hints.window));
   for (int i = 0; i < hints.required_count; ++i) {
-    const Required& required = hints.required[i];
-    if (required.set != nullptr) {
-      say("contains one of", shown(required.set->set()));
+    const State& required = plan.states[hints.required[i]];
+    if (required.test == Test::set) {
+      say("contains one of", shown(plan.sets[required.other].set()));
     } else {
-      say("contains", shown(required.literal));
+      say("contains", shown(plan.literal(required)));
     }
-    if (i == 0 && hints.has_before) say("has before that", shown(hints.before));
-    if (i == 0 && hints.has_follow) say("has behind that", shown(hints.follow));
+    if (i == 0 && hints.around_length > 0)
+      say("shows that by", std::to_string(hints.around_length) + " bytes at a time");
     if (i == 0 && hints.has_lead) say("has ahead of that", shown(hints.lead));
   }
 }

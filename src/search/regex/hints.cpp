@@ -30,6 +30,9 @@ constexpr int kMaxWindow = 32;
 // with.
 constexpr double kMuchMore = 16;
 
+// A literal so short is looked for together with the byte behind it or ahead of it.
+constexpr std::size_t kMaxSurrounded = PrefixFilter::kMaxLength - 1;
+
 class Analysis {
  public:
   explicit Analysis(Plan& plan) : plan_(plan), hints_(plan.hints) {}
@@ -40,12 +43,9 @@ class Analysis {
  private:
   // What a match can come to before it takes its next byte.
   struct Ahead {
-    bool accepts = false;
-    bool reports = false;
-    bool is_at_begin = false;  // some of it at the start of the text only
-    bool is_at_end = false;    // the same with its end
-
-    bool can_end() const { return accepts || is_at_end; }
+    bool can_end = false;      // to its end, or to that of the text
+    bool reports = false;      // to a state that reports
+    bool is_at_begin = false;  // to some of it at the start of the text only
   };
 
   const State& state(StateNumber s) const { return plan_.states[s]; }
@@ -63,7 +63,6 @@ class Analysis {
   bool find_prefix(double most_hits);
   void find_window();
   void find_required();
-  Required required(StateNumber s) const;
   double share_of(const State& state) const;
   void consider(StateNumber s);
   void find_surroundings();
@@ -81,9 +80,8 @@ class Analysis {
   States place_;  // by state: its place on that path, from 1; 0: none
   States first_;  // the states that take the first byte of a match
   States now_;
-  States later_;                     // those that take what look_ahead saw
-  StateNumber found_[kMaxRequired];  // the required states, hints_.required_count of them
-  double starts_ = 1;                // the share of places where a match may start
+  States later_;       // those that take what look_ahead saw
+  double starts_ = 1;  // the share of places where a match may start
 };
 
 // Enters the states that can be reached from one and that this round has not seen, depth first;
@@ -116,11 +114,10 @@ Analysis::Ahead Analysis::look_ahead(std::span<const StateNumber> from, std::siz
     walk(root, [&](StateNumber s) {
       const Op op = state(s).op;
       if (consumes(op)) push(later_, s);
-      if (limit == 0) ahead = {true, true, true, true};
-      ahead.accepts |= op == Op::accept;
+      if (limit == 0) ahead = {true, true, true};
+      ahead.can_end |= op == Op::accept || op == Op::eol;
       ahead.reports |= op == Op::report;
       ahead.is_at_begin |= op == Op::bol;
-      ahead.is_at_end |= op == Op::eol;
       return limit-- > 0 && passes(op, true, false);
     });
   }
@@ -131,7 +128,7 @@ bool Analysis::run(bool all) {
   if (!seen_.resize_zeroed(plan_.state_count) || !parent_.resize(plan_.state_count)) return false;
   const Ahead ahead = look_ahead({&plan_.start, 1});
   for (const StateNumber s : later_) push(first_, s);
-  hints_.has_first = !ahead.can_end() && !ahead.reports;
+  hints_.has_first = !ahead.can_end && !ahead.reports;
   if (hints_.has_first) hints_.first = ByteScan(bytes_of(first_));
   if (!all || !find_path()) return has_memory_;
   find_choices();
@@ -188,12 +185,11 @@ void Analysis::find_choices() {
     State& state = plan_.states[s];
     if (state.op == Op::star || state.op == Op::plus) {
       const Ahead ahead = look_ahead({&state.next, 1}, kMaxLook);
-      state.takes_all = !(ahead.accepts && ahead.is_at_begin) &&
-                        !plan_.first_bytes(state).meets(bytes_of(later_));
+      state.takes_all = !ahead.is_at_begin && !plan_.first_bytes(state).meets(bytes_of(later_));
     } else if (state.op == Op::branch) {
       LookAhead& look = plan_.look_ahead[state.at];
       for (int i = 0; i < 2; ++i) {
-        look.can_end[i] = look_ahead({i == 0 ? &state.next : &state.other, 1}, kMaxLook).can_end();
+        look.can_end[i] = look_ahead({i == 0 ? &state.next : &state.other, 1}, kMaxLook).can_end;
         look.bytes[i] = bytes_of(later_);
       }
       state.looks = !look.can_end[0] || !look.can_end[1];
@@ -217,7 +213,7 @@ bool Analysis::needs_end() {
 // end between the two.
 bool Analysis::advance() {
   for (StateNumber& s : now_) s = plan_.after(s);
-  const bool can_end = look_ahead(now_.view()).can_end();
+  const bool can_end = look_ahead(now_.view()).can_end;
   now_.clear();
   for (const StateNumber s : later_) push(now_, s);
   return can_end;
@@ -317,15 +313,6 @@ void Analysis::find_required() {
       return false;
     });
   }
-  for (int i = 0; i < hints_.required_count; ++i) hints_.required[i] = required(found_[i]);
-}
-
-// What the state takes, as something required.
-Required Analysis::required(StateNumber s) const {
-  const State& state = this->state(s);
-  if (state.op == Op::literal) return {plan_.literal(state), nullptr};
-  if (state.test == Test::byte) return {Bytes(&state.byte, 1), nullptr};
-  return {{}, &plan_.sets[state.other]};
 }
 
 // At what share of a text's places that stands which a state takes, roughly.
@@ -348,36 +335,45 @@ void Analysis::consider(StateNumber s) {
   if (state.op != Op::literal && state.test == Test::any) return;
   int& count = hints_.required_count;
   int place = count;
-  while (place > 0 && share_of(state) < share_of(this->state(found_[place - 1]))) --place;
+  while (place > 0 && share_of(state) < share_of(this->state(hints_.required[place - 1]))) --place;
   if (place == kMaxRequired) return;
   if (count < kMaxRequired) ++count;
-  for (int i = count - 1; i > place; --i) found_[i] = found_[i - 1];
-  found_[place] = s;
+  for (int i = count - 1; i > place; --i) hints_.required[i] = hints_.required[i - 1];
+  hints_.required[place] = s;
 }
 
-// The bytes that a match can take before it first comes to what is required, and on both sides of
-// that.
+// The bytes that a match can take before it first comes to what is required. A short literal is
+// looked for with the byte behind it or, where a match can end there, with the one ahead of it; a
+// single byte, which is found faster alone, only where it is common and another always follows.
 void Analysis::find_surroundings() {
+  const StateNumber required = hints_.required[0];
   ++round_;
   walk(plan_.start, [&](StateNumber s) {
-    if (s == found_[0]) return false;
+    if (s == required) return false;
     unite_taken(hints_.lead, s);
     return true;
   });
-  const State& there = state(found_[0]);
-  hints_.has_lead = hints_.lead.count() < 256 && share_of(there) < kMuchMore * starts_;
+  const State& there = state(required);
+  const double hits = share_of(there);
+  hints_.has_lead = hints_.lead.count() < 256 && hits < kMuchMore * starts_;
   const auto leads_there = [&](StateNumber from) {
     const bool is_far = look_ahead({&from, 1}, kMaxLook).reports;
-    return is_far || std::find(later_.begin(), later_.end(), found_[0]) != later_.end();
+    return is_far || std::find(later_.begin(), later_.end(), required) != later_.end();
   };
-  for (StateNumber s = 0; s < plan_.state_count; ++s) {
+  hints_.min_lead = leads_there(plan_.start) ? 0 : 1;
+  const bool is_rare_byte = there.other == 1 && hits < kFewHits;
+  if (there.op != Op::literal || there.other > kMaxSurrounded || is_rare_byte) return;
+  const bool can_end = look_ahead({&there.next, 1}).can_end;
+  const ByteSet follow = bytes_of(later_);
+  hints_.around_at = can_end && there.other > 1 ? hints_.min_lead : 0;
+  for (StateNumber s = 0; s < plan_.state_count && hints_.around_at > 0; ++s) {
     if (!consumes(state(s).op) || !leads_there(plan_.after(s))) continue;
-    hints_.before.unite(plan_.first_bytes(state(s)));
+    hints_.around.add(0, 0, plan_.first_bytes(state(s)));
   }
-  hints_.has_before = !leads_there(plan_.start);
-  const bool can_end = look_ahead({&there.next, 1}).can_end();
-  hints_.follow = bytes_of(later_);
-  hints_.has_follow = !can_end && there.op != Op::plus && hints_.follow.count() < 256;
+  std::size_t length = hints_.around_at;
+  for (const Byte& c : plan_.literal(there)) hints_.around.add(0, length++, ByteSet({&c, 1}));
+  if (!can_end) hints_.around.add(0, length++, follow);
+  if (length > there.other) hints_.around_length = length;
 }
 
 }  // namespace

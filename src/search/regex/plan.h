@@ -90,12 +90,7 @@ inline Successors successors(const State& state) {
   return {{state.next, state.other}, is_last ? 0 : state.op == Op::branch ? 2 : 1};
 }
 
-// Something that stands in every match: a byte of a set or, when that is null, a literal.
-struct Required {
-  Bytes literal;
-  const ByteScan* set;
-};
-inline constexpr int kMaxRequired = 4;
+inline constexpr int kMaxRequired = 4;  // states of which hints say that every match needs them
 
 // What is known beforehand of every match, so that most of a text need not be tried (hints.cpp).
 struct Hints {
@@ -107,13 +102,13 @@ struct Hints {
   std::size_t window_length = 0;  // the first so many bytes of a match are of `window`; 0: unknown
   ByteSet window;
   int required_count = 0;
-  bool has_lead = false;    // whether the bytes of a match ahead of required[0] are of `lead`;
-  bool has_before = false;  // whether a byte, one of `before`, is always right ahead of it,
-  bool has_follow = false;  // and one of `follow` behind it
-  Required required[kMaxRequired];  // what tells most comes first
+  StateNumber required[kMaxRequired];  // a match has what they take; what tells most comes first
+  bool has_lead = false;  // whether the bytes of a match ahead of required[0] are of `lead`
   ByteSet lead;
-  ByteSet before;
-  ByteSet follow;
+  std::size_t min_lead = 0;       // there are so many at least, 0 or 1
+  std::size_t around_length = 0;  // it stands where `around` does, of so many bytes; 0: unknown
+  std::size_t around_at = 0;      // from this one of them on
+  PrefixFilter around;
   ByteSet taken;  // all bytes that a match can have, where every match ends with the text
 };
 
@@ -165,8 +160,10 @@ struct Plan {
     return state.next;
   }
 
-  // The bytes of a literal.
-  Bytes literal(const State& state) const { return {program + state.at, state.other}; }
+  // The bytes of a literal; of another state that takes but one byte, that one.
+  Bytes literal(const State& state) const {
+    return state.op == Op::literal ? Bytes(program + state.at, state.other) : Bytes(&state.byte, 1);
+  }
 
   // The first place after `at`, where an attempt has failed, that is worth another. A run of bytes
   // that the pattern begins with need not be entered again further in: the places where it can be

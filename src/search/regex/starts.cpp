@@ -9,36 +9,37 @@ namespace {
 // thick to save that much it is not looked for any longer.
 constexpr std::size_t kSearchCost = 16;
 
-// What a place of it that turns out to be none costs, where both could be told at once.
-constexpr std::size_t kStopCost = 256;
+// In a text no longer than this, what is required is looked for without the bytes around it.
+constexpr std::size_t kShort = 512;
 
-std::size_t find(const ByteScan& set, Bytes text, std::size_t at) {
-  const std::size_t found = set.find(text, at);
-  return found == text.size() ? npos : found;
+// The first place, `at` or later, of what a state takes: a byte of a set, or a literal.
+std::size_t find(const Plan& plan, StateNumber s, Bytes text, std::size_t at) {
+  const State& state = plan.states[s];
+  const Bytes rest = text.subspan(at);
+  const std::size_t found = state.test == Test::set ? plan.sets[state.other].find(rest, 0)
+                                                    : search::find(plan.literal(state), rest);
+  return found < rest.size() ? at + found : npos;
 }
 
 }  // namespace
 
-bool Starts::may_match(std::size_t begin) {
+bool Starts::ask(std::size_t begin) {
   const Hints& hints = plan_.hints;
-  if (has_asked_ || hints.required_count == 0) return true;
   has_asked_ = true;
+  if (hints.required_count == 0) return true;
   // One that starts with the text is soon tried.
   if (plan_.anchored && hints.has_first &&
       (begin == text_.size() || !hints.first.has(text_[begin]))) {
     return false;
   }
-  const Bytes rest = text_.subspan(begin);
-  const auto stands = [&](const Required& required) {
-    return (required.set != nullptr ? find(*required.set, rest, 0)
-                                    : search::find(required.literal, rest)) != npos;
-  };
   // The first one is looked for all along if it tells where a match may start.
-  return std::all_of(hints.required + (hints.has_lead ? 1 : 0),
-                     hints.required + hints.required_count, stands);
+  for (int i = hints.has_lead ? 1 : 0; i < hints.required_count; ++i) {
+    if (find(plan_, hints.required[i], text_, begin) == npos) return false;
+  }
+  return true;
 }
 
-std::size_t Starts::by_first_bytes(std::size_t at) {
+inline std::size_t Starts::by_first_bytes(std::size_t at) {
   const Hints& hints = plan_.hints;
   if (hints.prefix.size() > 0) {
     const bool is_new = !prefix_;
@@ -58,79 +59,48 @@ std::size_t Starts::by_first_bytes(std::size_t at) {
 std::size_t Starts::by_window(std::size_t at) {
   const Hints& hints = plan_.hints;
   while (text_.size() - at >= hints.window_length) {
-    const std::size_t end = at + hints.window_length;
     const std::size_t known = std::max(at, window_end_);
-    std::size_t from = std::max(end, known);
+    window_end_ = std::max(at + hints.window_length, known);
+    std::size_t from = window_end_;
     while (from > known && hints.window.has(text_[from - 1])) --from;
-    window_end_ = std::max(end, known);
     if (from == known) return at;
     at = from;
   }
   return npos;
 }
 
-// The first place from `at` on where what is required may stand. Its own bytes are looked for
-// first, and where they often stand in vain, its end together with what follows.
+// The first place where what is required may stand in a match that starts at `at` or later.
 std::size_t Starts::find_required(std::size_t at) {
   const Hints& hints = plan_.hints;
-  const Bytes literal = hints.required[0].literal;
-  if (stops_.is_used_up()) {
-    const Bytes end = literal.last(std::min(literal.size(), PrefixFilter::kMaxLength - 1));
-    if (!tail_) {
-      tail_.emplace();
-      for (std::size_t i = 0; i < end.size(); ++i) tail_->add(0, i, ByteSet(end.subspan(i, 1)));
-      tail_->add(0, end.size(), hints.follow);
-    }
-    const std::size_t ahead = literal.size() - end.size();
-    const std::size_t found = tail_->find(end.size() + 1, text_, at + ahead);
-    return found == npos ? npos : found - ahead;
+  const State& required = plan_.states[hints.required[0]];
+  const std::size_t from = at + hints.min_lead;
+  if (from > text_.size()) return npos;
+  if (hints.around_length > 0 && text_.size() > kShort) {
+    const std::size_t before = hints.around_at;
+    const std::size_t found = hints.around.find(hints.around_length, text_, from - before);
+    return found == npos ? npos : found + before;
   }
-  if (literal.size() == 1 && !required_) {  // a finder is made for more
-    const std::size_t found = search::find(literal, text_.subspan(at));
-    return found == npos ? npos : at + found;
-  }
-  if (!required_) required_.emplace(literal, text_);
-  return required_->next_from(at);
-}
-
-// Whether what is required stands at `at`, between bytes that a match can have there.
-bool Starts::fits(std::size_t at) const {
-  const Hints& hints = plan_.hints;
-  if (hints.has_before && !hints.before.has(text_[at - 1])) return false;
-  const Bytes literal = hints.required[0].literal;
-  const std::size_t end = at + literal.size();
-  if (stops_.is_used_up() && !equal(text_.subspan(at, literal.size()), literal)) return false;
-  return !hints.has_follow || (end < text_.size() && hints.follow.has(text_[end]));
+  const bool is_word = required.op == Op::literal && required.other > 1;
+  if (!is_word) return find(plan_, hints.required[0], text_, from);
+  if (!required_) required_.emplace(plan_.literal(required), text_);
+  return required_->next_from(from);
 }
 
 // Finds the first place of what is required in a match that starts at `at` or later, and where its
 // lead begins.
 void Starts::look_up_required(std::size_t at) {
-  const Hints& hints = plan_.hints;
-  std::size_t from = at + (hints.has_before ? 1 : 0);
-  if (from > text_.size()) {
-    required_at_ = npos;
-  } else if (hints.required[0].set != nullptr) {
-    required_at_ = find(*hints.required[0].set, text_, from);
-  } else {
-    for (;; from = required_at_ + 1) {
-      required_at_ = find_required(from);
-      if (required_at_ == npos || fits(required_at_)) break;
-      stops_.earn(required_at_ - from);
-      if (hints.has_follow) stops_.spend(kStopCost);
-    }
-  }
+  required_at_ = find_required(at);
   has_required_ = true;
   if (required_at_ == npos) return;
   lead_at_ = required_at_;
-  while (lead_at_ > at && hints.lead.has(text_[lead_at_ - 1])) --lead_at_;
+  while (lead_at_ > at && plan_.hints.lead.has(text_[lead_at_ - 1])) --lead_at_;
   budget_.earn(lead_at_ - at);
   budget_.spend(kSearchCost);
 }
 
 std::size_t Starts::next(std::size_t at) {
   const bool uses_required = plan_.hints.has_lead && !budget_.is_used_up();
-  const std::size_t ahead = plan_.hints.has_before ? 1 : 0;  // of what is required, at least
+  const std::size_t ahead = plan_.hints.min_lead;
   for (;;) {
     if (uses_required) {
       if (!has_required_ || required_at_ < at + ahead) look_up_required(at);

@@ -23,7 +23,7 @@ class Starts {
 
   // Whether all that every match contains stands at `begin` or later, as far as it is worth asking:
   // each thing is asked for once.
-  bool may_match(std::size_t begin);
+  bool may_match(std::size_t begin) { return has_asked_ || ask(begin); }
 
   // The first place from `at` on, the end of the text included, where a match may start; npos
   // when there is none. From one call to the next, `at` never decreases.
@@ -32,10 +32,10 @@ class Starts {
   ScanStream& first() { return first_; }
 
  private:
+  bool ask(std::size_t begin);
   std::size_t by_first_bytes(std::size_t at);
   std::size_t by_window(std::size_t at);
   std::size_t find_required(std::size_t at);
-  bool fits(std::size_t at) const;
   void look_up_required(std::size_t at);
 
   const Plan& plan_;
@@ -46,12 +46,10 @@ class Starts {
   std::size_t prefix_at_ = 0;   // the prefix's first occurrence at the place asked for last
   std::size_t required_at_ = 0;  // the same for what every match contains, and
   std::size_t lead_at_ = 0;      // where the run of bytes begins that may come ahead of it
-  Budget stops_{kFreeBudget};    // for looking for it without what follows it
   Budget budget_{kFreeBudget};   // for looking for it, which saves scanning
   ScanStream first_;             // of the bytes that a match begins with
   std::optional<search::Finder> prefix_;
   std::optional<search::Finder> required_;
-  std::optional<PrefixFilter> tail_;  // the end of what is required, and what follows it
 };
 
 }  // namespace vstring::regex
