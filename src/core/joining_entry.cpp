@@ -37,14 +37,13 @@ HostObject vstring_join(const HostTable* host, HostObject argseq) {
   GrowingText joined = scratch_text();
   for (std::size_t i = 0; i < elements.size(); ++i) {
     const HostObject element = elements[i];
-    const bool is_good = is_text(element);
-    if (is_good && (i == 0 || joined.append_words(separator)) &&
+    if (is_text(element) && (i == 0 || joined.append_words(separator)) &&
         joined.append_words(text_of(element))) {
       continue;
     }
     joined.free();
-    if (is_good) args.raise(Status::out_of_memory);
-    args.raise(messages::kStringsExpected[0]);
+    args.strings(1);  // refused, whatever memory there is
+    args.raise(Status::out_of_memory);
   }
   return new_string(args, joined);
 }
