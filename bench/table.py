@@ -10,11 +10,14 @@ were not run stay.
 import collections
 import datetime
 import json
-import math
 import os
 import pathlib
 import platform
 import sys
+
+sys.dont_write_bytecode = True
+import records
+from records import shown
 
 SLACK = 0.95
 WANTED = pathlib.Path(__file__).with_name("wanted.tsv")
@@ -29,13 +32,6 @@ def figure_for(job, figures):
     """That of the longest row that the job's name is, or begins with as whole words."""
     rows = [row for row in figures if job == row or job.startswith((row + " ", row + "/"))]
     return figures[max(rows, key=len)] if rows else None
-
-
-def shown(nanoseconds):
-    for unit, size in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
-        if nanoseconds >= size:
-            return f"{nanoseconds / size:.3g} {unit}"
-    return f"{nanoseconds:.3g} ns"
 
 
 def judged(job, times, figures):
@@ -78,16 +74,13 @@ def run(lines, figures):
 
 
 def summary(jobs, figures):
-    verdicts = [judged(job, times, figures) for job, times in jobs.items()]
-    ratios = sorted(ratio for _, ratio, _, _ in verdicts if ratio)
-    if not ratios:
+    """What the page of the record will say of them, and how many wanted figures are reached."""
+    rows = {job: {"ns": times} for job, times in jobs.items() if isinstance(times.get("ours"), float)}
+    if not any(map(records.ratio, rows.values())):
         return {}
-    reached = [verdict for *_, verdict in verdicts if verdict]
-    return {"jobs with a peer": len(ratios),
-            "geometric mean": round(math.exp(sum(map(math.log, ratios)) / len(ratios)), 3),
-            "median": round(ratios[len(ratios) // 2], 3),
-            "below 1": sum(ratio < 1 for ratio in ratios),
-            "figures reached": f"{reached.count('yes')} of {len(reached)}"}
+    counts = {what: round(count, 3) for what, count in records.summary(rows).items()}
+    reached = [verdict for job, times in jobs.items() if (verdict := judged(job, times, figures)[3])]
+    return counts | {"figures reached": f"{reached.count('yes')} of {len(reached)}"}
 
 
 def processor():
